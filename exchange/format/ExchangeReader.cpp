@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/format/ExchangeReader.h"
+
+#include "exchange/format/ExchangeFormat.h"
+#include "exchange/format/PreparedText.h"
+#include "store/Console.h"
+#include "store/FatalError.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <span>
+
+namespace giggle {
+
+namespace {
+
+using namespace ExchangeFormat;
+
+/// The fields of a joke line in the file's order; further ones are ignored.
+enum Field : std::size_t { CategoryField, RatingField, IdField, FavoriteField, JokeField, FieldCount };
+
+struct Fields {
+    std::array<std::string_view, FieldCount> values;
+    std::size_t count = 0;
+};
+
+Fields split(std::string_view line)
+{
+    Fields fields;
+    while (fields.count < FieldCount) {
+        const std::size_t end = line.find(FieldSeparator);
+        fields.values[fields.count++] = line.substr(0, end);
+        if (end == std::string_view::npos)
+            break;
+        line.remove_prefix(end + 1);
+    }
+    return fields;
+}
+
+std::string withoutDoubleQuotes(std::string_view field)
+{
+    std::string text(field);
+    std::erase(text, '"');
+    return text;
+}
+
+std::string replaced(std::string_view text, std::string_view what, char by)
+{
+    std::string result;
+    result.reserve(text.size());
+    for (;;) {
+        const std::size_t at = text.find(what);
+        result.append(text.substr(0, at));
+        if (at == std::string_view::npos)
+            return result;
+        result += by;
+        text.remove_prefix(at + what.size());
+    }
+}
+
+std::string unescaped(std::string_view joke)
+{
+    return replaced(replaced(joke, EscapedLineFeed, '\n'), EscapedCaret, '\'');
+}
+
+/// An optional sign and ASCII digits within 16 bits, and nothing else.
+std::optional<std::int16_t> parsedId(std::string_view field)
+{
+    if (field.starts_with('+')) {
+        field.remove_prefix(1);
+        if (field.starts_with('-'))
+            return std::nullopt;
+    }
+    std::int16_t id = 0;
+    const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), id);
+    return error == std::errc() && end == field.data() + field.size() ? std::optional(id) : std::nullopt;
+}
+
+/// Sets the attributes for which the line has a field that is not empty.
+void setAttributes(Jokes& joke, const Fields& fields, std::int16_t id)
+{
+    for (std::size_t i = 0; i < fields.count; ++i) {
+        const std::string field = withoutDoubleQuotes(fields.values[i]);
+        if (field.empty())
+            continue;
+        switch (i) {
+        case CategoryField:
+            joke.setCategory(field);
+            break;
+        case RatingField:
+            joke.setRating(field);
+            break;
+        case IdField:
+            joke.setId(id);
+            break;
+        case FavoriteField:
+            joke.setFavorite(field != "F");
+            break;
+        case JokeField:
+            joke.setJoke(unescaped(field));
+            break;
+        }
+    }
+}
+
+/// What differs between the category and the rating step.
+template <class Record>
+struct NameStep;
+
+template <>
+struct NameStep<Category> {
+    static constexpr std::string_view marker = CategoryMarker;
+    static constexpr std::string_view endMarker = RatingMarker;
+    static constexpr auto predicate = "category == %@";
+    static constexpr auto setName = &Category::setCategory;
+
+    static QString saveFailure(const QString& description) { return description; }
+};
+
+template <>
+struct NameStep<Rating> {
+    static constexpr std::string_view marker = RatingMarker;
+    static constexpr std::string_view endMarker = {}; // the section ends with the file
+    static constexpr auto predicate = "rating == %@";
+    static constexpr auto setName = &Rating::setRating;
+
+    static QString saveFailure(const QString& description)
+    {
+        return QStringLiteral("Can't Save %1").arg(description);
+    }
+};
+
+/// The lines between the section's marker and its end. Empty lines and the marker itself never count.
+template <class Record>
+std::vector<std::string_view> sectionLines(const PreparedText& text)
+{
+    using Step = NameStep<Record>;
+    std::vector<std::string_view> section;
+    const auto& lines = text.lines();
+    for (auto line = std::ranges::find(lines, Step::marker, &PreparedLine::text); line != lines.end();
+         ++line) {
+        if (!Step::endMarker.empty() && line->text == Step::endMarker)
+            break;
+        if (!line->text.empty() && line->text != Step::marker)
+            section.push_back(line->text);
+    }
+    return section;
+}
+
+} // namespace
+
+ExchangeReader::ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile)
+    : m_appDelegate(appDelegate), m_sourceName(std::move(sourceName)), m_sourceFile(sourceFile)
+{
+}
+
+ManagedObjectContext& ExchangeReader::context() const
+{
+    return m_appDelegate.persistentContainer().viewContext();
+}
+
+void ExchangeReader::readJokes(std::string_view document)
+{
+    m_appDelegate.loadSecondContainer(m_sourceFile, __LINE__);
+    const PreparedText text(document);
+    m_wrongFile = !text.hasLine(CollectionMarker);
+    if (m_wrongFile)
+        return;
+    BulkSaving bulk(context());
+    for (const PreparedLine& line : text.lines()) {
+        if (line.text == CategoryMarker)
+            break;
+        if (!line.text.empty() && line.text != CollectionMarker)
+            readJokeLine(line, bulk);
+    }
+}
+
+void ExchangeReader::readJokeLine(const PreparedLine& line, BulkSaving& bulk)
+{
+    const Fields fields = split(line.text);
+    const std::int16_t id =
+        fields.count > IdField ? idOf(fields.values[IdField], line, bulk) : std::int16_t(0);
+    try {
+        FetchRequest<Jokes> request = Jokes::fetchRequest();
+        request.predicate = Predicate<Jokes>("id == %i", id);
+        m_results = context().fetch(request);
+        if (m_results.size() > 1)
+            return;
+        setAttributes(m_results.empty() ? context().insert<Jokes>() : *m_results.front(), fields, id);
+        context().save();
+    } catch (const StoreError& error) {
+        printFailure(error.localizedDescription());
+    }
+}
+
+std::int16_t ExchangeReader::idOf(std::string_view field, const PreparedLine& line, BulkSaving& bulk) const
+{
+    if (const auto id = parsedId(field))
+        return *id;
+    try {
+        bulk.finish();
+    } catch (const StoreError& error) {
+        printFailure(error.localizedDescription());
+    }
+    constexpr std::size_t ShownLength = 40;
+    const std::string_view shown = field.substr(0, ShownLength);
+    fatalError(
+        QStringLiteral("\"%1\", line %2: \"%3\" is not an id, a whole number from -32768 to 32767. The jokes "
+                       "above this line have been saved")
+            .arg(m_sourceName)
+            .arg(line.number)
+            .arg(QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()))),
+        m_sourceFile, __LINE__);
+}
+
+void ExchangeReader::readCategories(std::string_view document, NamesFilter filter)
+{
+    readNames<Category>(document, filter);
+}
+
+void ExchangeReader::readRatings(std::string_view document, NamesFilter filter)
+{
+    readNames<Rating>(document, filter);
+}
+
+template <class Record>
+void ExchangeReader::readNames(std::string_view document, NamesFilter filter)
+{
+    m_appDelegate.loadSecondContainer(m_sourceFile, __LINE__);
+    const PreparedText text(document);
+    m_wrongFile = !text.hasLine(NameStep<Record>::marker);
+    if (m_wrongFile || filter == NamesFilter::KeepsNothing)
+        return;
+    BulkSaving bulk(context());
+    for (const std::string_view line : sectionLines<Record>(text))
+        readNameLine<Record>(line);
+}
+
+template <class Record>
+void ExchangeReader::readNameLine(std::string_view line)
+{
+    using Step = NameStep<Record>;
+    const std::string_view name = line.substr(0, line.find(FieldSeparator));
+    try {
+        FetchRequest<Record> request = Record::fetchRequest();
+        request.predicate = Predicate<Record>(Step::predicate, name);
+        if (!context().fetch(request).empty())
+            return;
+        Record& record = context().insert<Record>();
+        (record.*Step::setName)(name);
+        context().save();
+    } catch (const StoreError& error) {
+        printFailure(Step::saveFailure(error.localizedDescription()));
+    }
+}
+
+} // namespace giggle

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/AppDelegate.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace giggle {
+
+struct PreparedLine;
+
+/// Reads the text of an exchange file into the collection, in three steps that may each be run alone. Every
+/// line is saved on its own; a save that fails is logged, and reading goes on. docs/exchange-format.md
+/// describes the format and what the reader changes on the way.
+///
+/// A step runs as one bulk of saves: what it has read is on the disk when it returns, and before it ends the
+/// program.
+class ExchangeReader {
+public:
+    /// Which lines of a text the category and rating steps look at.
+    enum class NamesFilter {
+        KeepsNothing, ///< an import: the sections are looked for, and not one of their lines is taken over
+        KeepsSection, ///< the first launch: the lines between the section's marker and the next one
+    };
+
+    /// @param sourceName what messages call the text, usually a file's name
+    /// @param sourceFile the source file in whose name a collection that cannot be loaded ends the program;
+    /// it
+    ///                   must outlive the reader
+    ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile);
+
+    /// Updates the joke that has the line's id, inserts one when none has it, and skips the line when several
+    /// have it. A line whose id is no number of 16 bits ends the program; the lines above it are saved.
+    void readJokes(std::string_view document);
+
+    void readCategories(std::string_view document, NamesFilter filter);
+
+    void readRatings(std::string_view document, NamesFilter filter);
+
+    /// Whether the last step missed its marker line.
+    [[nodiscard]] bool wrongFile() const { return m_wrongFile; }
+
+private:
+    void readJokeLine(const PreparedLine& line, BulkSaving& bulk);
+    [[nodiscard]] std::int16_t idOf(std::string_view field, const PreparedLine& line, BulkSaving& bulk) const;
+    template <class Record>
+    void readNames(std::string_view document, NamesFilter filter);
+    template <class Record>
+    void readNameLine(std::string_view line);
+    [[nodiscard]] ManagedObjectContext& context() const;
+
+    AppDelegate& m_appDelegate;
+    QString m_sourceName;
+    const char* m_sourceFile;
+    bool m_wrongFile = false;
+    std::vector<Jokes*> m_results; ///< of the last fetch that succeeded
+};
+
+} // namespace giggle

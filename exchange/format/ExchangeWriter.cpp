@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/format/ExchangeWriter.h"
+
+#include "exchange/format/ExchangeFormat.h"
+
+#include <charconv>
+
+namespace giggle {
+
+namespace {
+
+using namespace ExchangeFormat;
+
+void appendNumber(std::string& text, int number)
+{
+    char digits[8];
+    const auto [end, error] = std::to_chars(digits, digits + sizeof digits, number);
+    text.append(digits, end);
+}
+
+void appendEscaped(std::string& text, std::string_view joke)
+{
+    for (;;) {
+        const std::size_t special = joke.find_first_of("\n^");
+        text.append(joke.substr(0, special));
+        if (special == std::string_view::npos)
+            return;
+        text.append(joke[special] == '\n' ? EscapedLineFeed : EscapedCaret);
+        joke.remove_prefix(special + 1);
+    }
+}
+
+void beginSection(std::string& text, std::string_view marker)
+{
+    text.append("\n").append(marker).append("\n");
+}
+
+/// Room for everything at once, so that a large collection is not copied as its text grows.
+std::size_t estimatedSize(const std::vector<Jokes*>& jokes)
+{
+    constexpr std::size_t NumbersAndSeparators = 16;
+    std::size_t size = 1024;
+    for (const Jokes* joke : jokes)
+        size += joke->joke().value_or("").size() + joke->category().value_or("").size() +
+                joke->rating().value_or("").size() + NumbersAndSeparators;
+    return size + size / 16; // escapes, categories and ratings
+}
+
+} // namespace
+
+void ExchangeWriter::writeJokes(const std::vector<Jokes*>& jokes)
+{
+    m_text.clear();
+    m_text.reserve(estimatedSize(jokes));
+    m_text.append(CollectionMarker).append("\n");
+    for (const Jokes* joke : jokes)
+        writeJoke(*joke);
+}
+
+void ExchangeWriter::writeJoke(const Jokes& joke)
+{
+    m_text.append(joke.category().value_or("")) += FieldSeparator;
+    m_text.append(joke.rating().value_or("")) += FieldSeparator;
+    appendNumber(m_text, joke.id().value_or(0));
+    m_text += FieldSeparator;
+    m_text += joke.favorite().value_or(false) ? 'T' : 'F';
+    m_text += FieldSeparator;
+    appendEscaped(m_text, joke.joke().value_or(""));
+    m_text += '\n';
+}
+
+void ExchangeWriter::writeCategories(const std::vector<Category*>& categories)
+{
+    beginSection(m_text, CategoryMarker);
+    for (const Category* category : categories)
+        m_text.append(category->category().value_or("")) += '\n';
+}
+
+void ExchangeWriter::writeRatings(const std::vector<Rating*>& ratings)
+{
+    beginSection(m_text, RatingMarker);
+    for (const Rating* rating : ratings)
+        m_text.append(rating->rating().value_or("")) += '\n';
+}
+
+FetchRequest<Jokes> ExchangeWriter::jokesRequest()
+{
+    FetchRequest<Jokes> request = Jokes::fetchRequest();
+    request.sortDescriptors = {{"category"}, {"joke"}};
+    return request;
+}
+
+FetchRequest<Category> ExchangeWriter::categoriesRequest()
+{
+    FetchRequest<Category> request = Category::fetchRequest();
+    request.sortDescriptors = {{"category"}};
+    return request;
+}
+
+FetchRequest<Rating> ExchangeWriter::ratingsRequest()
+{
+    FetchRequest<Rating> request = Rating::fetchRequest();
+    request.sortDescriptors = {{"rating"}};
+    return request;
+}
+
+std::string writeCollection(ManagedObjectContext& context)
+{
+    ExchangeWriter writer;
+    writer.writeJokes(context.fetch(ExchangeWriter::jokesRequest()));
+    writer.writeCategories(context.fetch(ExchangeWriter::categoriesRequest()));
+    writer.writeRatings(context.fetch(ExchangeWriter::ratingsRequest()));
+    return writer.text();
+}
+
+} // namespace giggle

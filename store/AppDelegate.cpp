@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "store/AppDelegate.h"
+
+#include "store/FatalError.h"
+
+namespace giggle {
+
+namespace {
+
+// The places by which these two stops are known in reports.
+constexpr const char* SourceFile = "AppDelegate";
+constexpr int LoadLine = 45;
+constexpr int SaveLine = 62;
+
+PersistentContainer::CompletionHandler endProgramOnError(const char* sourceFile, int line)
+{
+    return [=](const StoreError* error) {
+        if (error)
+            fatalError(error->unresolvedErrorMessage(), sourceFile, line);
+    };
+}
+
+} // namespace
+
+PersistentContainer& AppDelegate::persistentContainer()
+{
+    if (!m_persistentContainer) {
+        m_persistentContainer.emplace(ContainerName, m_collectionFolder);
+        m_persistentContainer->loadPersistentStores(endProgramOnError(SourceFile, LoadLine));
+    }
+    return *m_persistentContainer;
+}
+
+void AppDelegate::saveContext()
+{
+    ManagedObjectContext& context = persistentContainer().viewContext();
+    if (!context.hasChanges())
+        return;
+    try {
+        context.save();
+    } catch (const StoreError& error) {
+        fatalError(error.unresolvedErrorMessage(), SourceFile, SaveLine);
+    }
+}
+
+void AppDelegate::loadSecondContainer(const char* sourceFile, int line) const
+{
+    PersistentContainer(ContainerName, m_collectionFolder)
+        .loadPersistentStores(endProgramOnError(sourceFile, line));
+}
+
+} // namespace giggle

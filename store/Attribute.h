@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace giggle {
+
+class Category;
+class Jokes;
+class Rating;
+
+/// Every attribute that a record of some entity has.
+enum class Attribute { category, favorite, id, joke, rating };
+
+inline constexpr std::size_t AttributeCount = 5;
+
+enum class AttributeType { Text, Number };
+
+/// A text attribute's value: UTF-8, or nothing when it is unset. A view lasts until the attribute is next
+/// set.
+using OptionalText = std::optional<std::string_view>;
+
+struct AttributeDescription {
+    std::string_view name;
+    Attribute attribute;
+    AttributeType type;
+};
+
+/// The data model: an entity's name and its attributes, in the order of its table's columns.
+template <class Record>
+struct Entity;
+
+template <>
+struct Entity<Jokes> {
+    static constexpr std::string_view name = "Jokes";
+    static constexpr std::array attributes{
+        AttributeDescription{"category", Attribute::category, AttributeType::Text},
+        AttributeDescription{"favorite", Attribute::favorite, AttributeType::Number},
+        AttributeDescription{"id", Attribute::id, AttributeType::Number},
+        AttributeDescription{"joke", Attribute::joke, AttributeType::Text},
+        AttributeDescription{"rating", Attribute::rating, AttributeType::Text},
+    };
+};
+
+template <>
+struct Entity<Category> {
+    static constexpr std::string_view name = "Category";
+    static constexpr std::array attributes{
+        AttributeDescription{"category", Attribute::category, AttributeType::Text}};
+};
+
+template <>
+struct Entity<Rating> {
+    static constexpr std::string_view name = "Rating";
+    static constexpr std::array attributes{
+        AttributeDescription{"rating", Attribute::rating, AttributeType::Text}};
+};
+
+/// The description of the entity's attribute called @p name, or nullptr when it has none.
+template <class Record>
+constexpr const AttributeDescription* attributeNamed(std::string_view name)
+{
+    for (const AttributeDescription& description : Entity<Record>::attributes)
+        if (description.name == name)
+            return &description;
+    return nullptr;
+}
+
+} // namespace giggle

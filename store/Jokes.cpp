@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "store/Jokes.h"
+
+#include "store/ManagedObjectContext.h"
+
+namespace giggle {
+
+template <class Value>
+void Jokes::change(Attribute attribute, Value Values::*member, Value value)
+{
+    if (isDeleted() || m_values.*member == value)
+        return;
+    auto& table = context().table<Jokes>();
+    table.willChange(*this);
+    m_values.*member = std::move(value);
+    table.didChange(*this, attribute);
+}
+
+void Jokes::setCategory(OptionalText category)
+{
+    change(Attribute::category, &Values::category, category ? context().intern(*category) : nullptr);
+}
+
+void Jokes::setFavorite(std::optional<bool> favorite)
+{
+    change(Attribute::favorite, &Values::favorite, favorite);
+}
+
+void Jokes::setId(std::optional<std::int16_t> id)
+{
+    if (isDeleted() || m_values.id == id)
+        return;
+    JokeIdIndex& index = context().m_jokeIds;
+    index.remove(*this);
+    change(Attribute::id, &Values::id, id);
+    index.add(*this);
+}
+
+void Jokes::setJoke(OptionalText joke)
+{
+    change(Attribute::joke, &Values::joke, joke ? std::optional<std::string>(*joke) : std::nullopt);
+    m_folding = Folding::Unknown;
+}
+
+void Jokes::setRating(OptionalText rating)
+{
+    change(Attribute::rating, &Values::rating, rating ? context().intern(*rating) : nullptr);
+}
+
+OptionalText Jokes::text(Attribute attribute) const
+{
+    switch (attribute) {
+    case Attribute::category:
+        return category();
+    case Attribute::joke:
+        return joke();
+    case Attribute::rating:
+        return rating();
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<std::int64_t> Jokes::number(Attribute attribute) const
+{
+    if (attribute == Attribute::favorite)
+        return m_values.favorite.value_or(false);
+    return m_values.id;
+}
+
+} // namespace giggle

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "store/ManagedObjectContext.h"
+
+#include "store/Console.h"
+
+#include <sqlite3.h>
+#include <type_traits>
+
+namespace giggle {
+
+ManagedObjectContext::ManagedObjectContext(std::unique_ptr<PersistentStore> store)
+    : m_store(std::move(store)), m_jokes(*this), m_categories(*this), m_ratings(*this)
+{
+}
+
+template <class Record>
+RecordTable<Record>& ManagedObjectContext::table()
+{
+    if constexpr (std::is_same_v<Record, Jokes>)
+        return m_jokes;
+    else if constexpr (std::is_same_v<Record, Category>)
+        return m_categories;
+    else
+        return m_ratings;
+}
+
+template <class Record>
+RecordTable<Record>& ManagedObjectContext::loadedTable()
+{
+    RecordTable<Record>& records = table<Record>();
+    if (!records.isLoaded()) {
+        records.load(m_store->database());
+        if constexpr (std::is_same_v<Record, Jokes>)
+            for (Jokes* joke : records.liveRecords())
+                m_jokeIds.add(*joke);
+    }
+    return records;
+}
+
+template <class Record>
+Record& ManagedObjectContext::insert()
+{
+    return loadedTable<Record>().insert();
+}
+
+template <class Record>
+std::vector<Record*> ManagedObjectContext::fetch(const FetchRequest<Record>& request)
+{
+    RecordTable<Record>& records = loadedTable<Record>();
+    if constexpr (std::is_same_v<Record, Jokes>)
+        if (request.predicate && request.predicate->attribute() == Attribute::id &&
+            request.sortDescriptors.empty())
+            return m_jokeIds.jokesWithId(request.predicate->number());
+    return records.fetch(request);
+}
+
+template <class Record>
+void ManagedObjectContext::deleteObject(Record& record)
+{
+    if constexpr (std::is_same_v<Record, Jokes>)
+        if (!record.isDeleted())
+            m_jokeIds.remove(record);
+    table<Record>().remove(record);
+}
+
+bool ManagedObjectContext::hasChanges() const
+{
+    return m_jokes.hasChanges() || m_categories.hasChanges() || m_ratings.hasChanges();
+}
+
+void ManagedObjectContext::save()
+{
+    if (!hasChanges())
+        return;
+    sqlite::Transaction transaction(m_store->database());
+    refuseForeignChanges();
+    m_jokes.writeChanges(m_store->database());
+    m_categories.writeChanges(m_store->database());
+    m_ratings.writeChanges(m_store->database());
+    transaction.commit();
+    m_jokes.changesWereSaved();
+    m_categories.changesWereSaved();
+    m_ratings.changesWereSaved();
+}
+
+void ManagedObjectContext::refuseForeignChanges()
+{
+    if (!m_store->mayHaveBeenChangedElsewhere())
+        return;
+    sqlite::Database& database = m_store->database();
+    if (!m_jokes.matches(database) || !m_categories.matches(database) || !m_ratings.matches(database))
+        throw StoreError(
+            SQLITE_BUSY_SNAPSHOT,
+            QStringLiteral(
+                "Another program has changed the collection. Nothing was overwritten; close and open "
+                "Giggle Archives again to see its changes"),
+            {{QStringLiteral("path"), m_store->path()}});
+    m_store->acceptContents();
+}
+
+std::optional<std::int16_t> ManagedObjectContext::highestJokeId()
+{
+    loadedTable<Jokes>();
+    return m_jokeIds.highestId();
+}
+
+const std::string* ManagedObjectContext::intern(std::string_view name)
+{
+    const auto known = m_names.find(name);
+    return known != m_names.end() ? &*known : &*m_names.emplace(name).first;
+}
+
+BulkSaving::BulkSaving(ManagedObjectContext& context) : m_store(context.store())
+{
+    m_store.relaxDurability();
+}
+
+BulkSaving::~BulkSaving()
+{
+    try {
+        finish();
+    } catch (const StoreError& error) {
+        printFailure(error.localizedDescription());
+    }
+}
+
+void BulkSaving::finish()
+{
+    if (m_isFinished)
+        return;
+    m_isFinished = true;
+    m_store.restoreDurability();
+}
+
+template Jokes& ManagedObjectContext::insert();
+template Category& ManagedObjectContext::insert();
+template Rating& ManagedObjectContext::insert();
+template std::vector<Jokes*> ManagedObjectContext::fetch(const FetchRequest<Jokes>&);
+template std::vector<Category*> ManagedObjectContext::fetch(const FetchRequest<Category>&);
+template std::vector<Rating*> ManagedObjectContext::fetch(const FetchRequest<Rating>&);
+template void ManagedObjectContext::deleteObject(Jokes&);
+template void ManagedObjectContext::deleteObject(Category&);
+template void ManagedObjectContext::deleteObject(Rating&);
+template RecordTable<Jokes>& ManagedObjectContext::table();
+template RecordTable<Category>& ManagedObjectContext::table();
+template RecordTable<Rating>& ManagedObjectContext::table();
+
+} // namespace giggle

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/Category.h"
+#include "store/JokeIdIndex.h"
+#include "store/Jokes.h"
+#include "store/PersistentStore.h"
+#include "store/Rating.h"
+#include "store/RecordTable.h"
+
+#include <memory>
+#include <unordered_set>
+
+namespace giggle {
+
+/// The one view of a collection: owns every record, keeps all of them in memory and writes what has changed.
+///
+/// Each entity is read in one scan when it is first needed. Fetches see changes that have not been saved.
+/// A save that fails leaves every change pending, so that the next one writes it. Main thread only.
+class ManagedObjectContext {
+public:
+    explicit ManagedObjectContext(std::unique_ptr<PersistentStore> store);
+
+    ManagedObjectContext(const ManagedObjectContext&) = delete;
+    ManagedObjectContext& operator=(const ManagedObjectContext&) = delete;
+
+    /// Makes a record with all attributes unset. It is stored by the next save that succeeds.
+    template <class Record>
+    Record& insert();
+
+    /// The records that @p request asks for, in its order. They belong to the context. Throws StoreError when
+    /// the entity cannot be read.
+    template <class Record>
+    [[nodiscard]] std::vector<Record*> fetch(const FetchRequest<Record>& request);
+
+    /// Deletes a record; again, nothing. It vanishes from fetches at once, from the store with the next save.
+    template <class Record>
+    void deleteObject(Record& record);
+
+    /// Whether a save would write anything: false again once every change has been taken back.
+    [[nodiscard]] bool hasChanges() const;
+
+    /// Writes what has changed in one transaction, which is on the disk when this returns. Throws StoreError;
+    /// also when another program has changed the collection meanwhile, whose changes are then left alone.
+    void save();
+
+    /// The highest id of a joke, nothing when no joke has one. Costs the same for every collection.
+    [[nodiscard]] std::optional<std::int16_t> highestJokeId();
+
+    /// Every joke in memory, deleted ones included, in the order of insertion.
+    [[nodiscard]] const std::deque<Jokes>& residentJokes() const { return m_jokes.allRecords(); }
+
+    [[nodiscard]] PersistentStore& store() { return *m_store; }
+
+private:
+    friend class Jokes;
+    friend class Category;
+    friend class Rating;
+    template <class Record>
+    friend struct RowCodec;
+
+    template <class Record>
+    RecordTable<Record>& table();
+    template <class Record>
+    RecordTable<Record>& loadedTable();
+    void refuseForeignChanges();
+
+    /// The one copy of a category or rating name that jokes refer to. Kept as long as the context.
+    const std::string* intern(std::string_view name);
+
+    struct NameHash {
+        using is_transparent = void;
+
+        std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
+    };
+
+    std::unique_ptr<PersistentStore> m_store;
+    std::unordered_set<std::string, NameHash, std::equal_to<>> m_names;
+    JokeIdIndex m_jokeIds;
+    RecordTable<Jokes> m_jokes;
+    RecordTable<Category> m_categories;
+    RecordTable<Rating> m_ratings;
+};
+
+/// Makes commits cheap while many small saves follow each other, and durable again at its end. What was saved
+/// counts as safe only when finish() has returned; a crash of the machine before that leaves a whole prefix
+/// of the saves.
+class BulkSaving {
+public:
+    explicit BulkSaving(ManagedObjectContext& context);
+
+    /// Ends it, if finish() was not called, without reporting a failed sync.
+    ~BulkSaving();
+
+    BulkSaving(const BulkSaving&) = delete;
+    BulkSaving& operator=(const BulkSaving&) = delete;
+
+    /// Forces everything saved so far to the disk. Throws StoreError.
+    void finish();
+
+private:
+    PersistentStore& m_store;
+    bool m_isFinished = false;
+};
+
+} // namespace giggle

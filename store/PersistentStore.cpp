@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "store/PersistentStore.h"
+
+#include "store/Console.h"
+#include "store/StoreSchema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <sqlite3.h>
+
+namespace giggle {
+
+namespace {
+
+using sqlite::Database;
+
+QString writeAheadLogOf(const QString& path)
+{
+    return path + QLatin1StringView("-wal");
+}
+
+/// Removes the companion files that only looking at a refused store has made.
+class CompanionFiles {
+public:
+    explicit CompanionFiles(const QString& path)
+    {
+        for (const char* suffix : {"-wal", "-shm"})
+            if (const QString file = path + QLatin1StringView(suffix); !QFile::exists(file))
+                m_absentBefore << file;
+    }
+
+    void removeNewOnes() const
+    {
+        for (const QString& file : m_absentBefore)
+            QFile::remove(file);
+    }
+
+private:
+    QStringList m_absentBefore;
+};
+
+/// Whether @p error says that a database could not even be looked at with a mode of access, so that a mode
+/// that asks less of the file system may still succeed.
+bool isAccessFailure(const StoreError& error)
+{
+    switch (error.extendedCode() & 0xff) {
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+    case SQLITE_READONLY:
+    case SQLITE_FULL:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+PersistentStore::PersistentStore(const QString& path) : m_path(path)
+{
+    if (StoreSchema::isAbsent(path))
+        create();
+    else
+        openChecked();
+    if (!m_database->isReadOnly())
+        m_database->execute("PRAGMA synchronous = FULL");
+    m_dataVersionQuery.emplace(*m_database, "PRAGMA data_version");
+    acceptContents();
+}
+
+PersistentStore::~PersistentStore() = default;
+
+void PersistentStore::create()
+{
+    const QString folder = QFileInfo(m_path).absolutePath();
+    if (!QDir().mkpath(folder))
+        throw StoreError(SQLITE_CANTOPEN,
+                         QStringLiteral("The folder \"%1\" for the collection cannot be made").arg(folder),
+                         {{QStringLiteral("path"), m_path}});
+    m_database = std::make_unique<Database>(m_path, Database::Mode::Shared);
+    // The tables go in through a rollback journal: a crash leaves them whole or an empty file.
+    StoreSchema::migrate(*m_database);
+    m_database->execute("PRAGMA journal_mode = WAL");
+}
+
+void PersistentStore::openChecked()
+{
+    StoreSchema::checkHeader(m_path);
+    const CompanionFiles companions(m_path);
+    try {
+        m_database = openReadable();
+        StoreSchema::checkContents(*m_database, m_path);
+    } catch (const StoreError&) {
+        m_database.reset();
+        companions.removeNewOnes();
+        throw;
+    }
+    m_database->keepWriteAheadLog(false);
+    if (m_database->isReadOnly())
+        return;
+    try {
+        StoreSchema::migrate(*m_database);
+        m_database->execute("PRAGMA journal_mode = WAL");
+    } catch (const StoreError& error) {
+        // A store that cannot be converted now, for want of space, still shows what it holds.
+        printFailure(error.localizedDescription());
+    }
+}
+
+std::unique_ptr<Database> PersistentStore::openReadable()
+{
+    std::optional<StoreError> firstError;
+    for (const auto mode : {Database::Mode::Shared, Database::Mode::Exclusive, Database::Mode::Immutable}) {
+        if (mode == Database::Mode::Immutable && QFileInfo(writeAheadLogOf(m_path)).size() > 0)
+            break; // saved jokes lie in the log, and this mode would not show them
+        try {
+            auto database = std::make_unique<Database>(m_path, mode);
+            database->keepWriteAheadLog(true);
+            database->integer("SELECT count(*) FROM sqlite_schema");
+            return database;
+        } catch (const StoreError& error) {
+            if (!firstError)
+                firstError = error;
+            if (!isAccessFailure(error))
+                break;
+        }
+    }
+    throw *firstError;
+}
+
+bool PersistentStore::mayHaveBeenChangedElsewhere()
+{
+    m_dataVersionQuery->step();
+    const std::int64_t version = m_dataVersionQuery->integer(0);
+    m_dataVersionQuery->reset();
+    return version != m_acceptedDataVersion;
+}
+
+void PersistentStore::acceptContents()
+{
+    m_dataVersionQuery->step();
+    m_acceptedDataVersion = m_dataVersionQuery->integer(0);
+    m_dataVersionQuery->reset();
+}
+
+void PersistentStore::relaxDurability()
+{
+    m_database->execute("PRAGMA synchronous = NORMAL");
+}
+
+void PersistentStore::restoreDurability()
+{
+    m_database->execute("PRAGMA synchronous = FULL");
+    m_database->syncWriteAheadLog();
+}
+
+} // namespace giggle

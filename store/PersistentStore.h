@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/sqlite/Database.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace giggle {
+
+/// A collection's open file: one connection in write-ahead mode, every commit forced to the disk.
+class PersistentStore {
+public:
+    /// Opens the collection at @p path, makes an empty one where there is none (with its folder), and brings
+    /// an older one to the current version. Throws StoreError for a file that is not a collection, that a
+    /// newer version wrote or that is damaged; such a file is not changed in a single byte. A collection that
+    /// cannot be written, or whose disk is full, opens for reading.
+    explicit PersistentStore(const QString& path);
+    ~PersistentStore();
+
+    PersistentStore(const PersistentStore&) = delete;
+    PersistentStore& operator=(const PersistentStore&) = delete;
+
+    [[nodiscard]] sqlite::Database& database() { return *m_database; }
+
+    [[nodiscard]] const QString& path() const { return m_path; }
+
+    /// Whether another connection has written since the store was opened or accepted its contents last, or
+    /// whether a failed write of our own leaves that open. Exact only inside a transaction.
+    [[nodiscard]] bool mayHaveBeenChangedElsewhere();
+
+    /// The contents were found to be what they should be: changes until now no longer count.
+    void acceptContents();
+
+    /// @name Durability of commits
+    /// Relaxed, a crash of the machine may take the last commits back, but never out of order and never half
+    /// of one. Strict again, everything that was committed is on the disk.
+    /// @{
+    void relaxDurability();
+    void restoreDurability();
+    /// @}
+
+private:
+    void create();
+    void openChecked();
+    [[nodiscard]] std::unique_ptr<sqlite::Database> openReadable();
+
+    QString m_path;
+    std::unique_ptr<sqlite::Database> m_database;
+    std::optional<sqlite::Statement> m_dataVersionQuery;
+    std::int64_t m_acceptedDataVersion = 0;
+};
+
+} // namespace giggle

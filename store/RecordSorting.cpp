@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "store/RecordSorting.h"
+
+#include "store/Category.h"
+#include "store/Jokes.h"
+#include "store/Rating.h"
+
+#include <algorithm>
+#include <cstring>
+#include <type_traits>
+
+namespace giggle {
+
+namespace {
+
+constexpr std::size_t ChunkSize = 7;
+
+// The lowest byte of a key: what lies behind the chunk's bytes. It orders a text before every longer one that
+// begins with it, and tells an unset value from an empty text.
+constexpr std::uint64_t Unset = 0;
+constexpr std::uint64_t EndsWithinChunk = 1; // plus the number of bytes
+constexpr std::uint64_t GoesOn = EndsWithinChunk + ChunkSize + 1;
+
+std::uint64_t chunkKey(OptionalText text, std::size_t offset)
+{
+    if (!text)
+        return Unset;
+    const std::string_view rest = text->substr(offset);
+    const std::size_t size = std::min(rest.size(), ChunkSize);
+    std::uint64_t key = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        key |= std::uint64_t(static_cast<unsigned char>(rest[i])) << (56 - 8 * i);
+    return key | (rest.size() > ChunkSize ? GoesOn : EndsWithinChunk + size);
+}
+
+bool textGoesOn(std::uint64_t key)
+{
+    return (key & 0xff) == GoesOn;
+}
+
+std::uint64_t numberKey(std::optional<std::int64_t> number)
+{
+    // All numbers fit 16 bits. They end within the chunk, so that no run asks for more.
+    return number ? (std::uint64_t(*number + 0x8000) << 8 | EndsWithinChunk) : Unset;
+}
+
+} // namespace
+
+template <class Record>
+std::uint64_t RecordSorter<Record>::keyOf(const Record& record, Attribute attribute, std::size_t offset)
+{
+    if (attribute == Attribute::id || attribute == Attribute::favorite)
+        return numberKey(record.number(attribute));
+    return chunkKey(record.text(attribute), offset);
+}
+
+template <class Record>
+void RecordSorter<Record>::sort(std::vector<Record*>& records) const
+{
+    if (m_descriptors.empty())
+        return;
+    std::vector<Entry> entries;
+    entries.reserve(records.size());
+    for (Record* record : records)
+        entries.push_back({0, record});
+    sortRun(entries, 0, 0);
+    std::ranges::transform(entries, records.begin(), &Entry::record);
+}
+
+template <class Record>
+void RecordSorter<Record>::sortRun(std::span<Entry> run, std::size_t descriptor, std::size_t offset) const
+{
+    if (descriptor == m_descriptors.size()) {
+        std::ranges::sort(run, {}, [](const Entry& entry) { return entry.record->oid(); });
+        return;
+    }
+    const auto [key, order] = m_descriptors[descriptor];
+    const std::uint64_t flip = order == SortOrder::Descending ? ~std::uint64_t(0) : 0;
+    for (Entry& entry : run)
+        entry.key = keyOf(*entry.record, key.attribute(), offset) ^ flip;
+    std::ranges::sort(run, {}, &Entry::key);
+    for (auto first = run.begin(); first != run.end();) {
+        const std::uint64_t equal = first->key;
+        const auto last =
+            std::find_if(first, run.end(), [&](const Entry& entry) { return entry.key != equal; });
+        if (last - first > 1) {
+            if (textGoesOn(equal ^ flip))
+                sortRun({first, last}, descriptor, offset + ChunkSize);
+            else
+                sortRun({first, last}, descriptor + 1, 0);
+        }
+        first = last;
+    }
+}
+
+template class RecordSorter<Jokes>;
+template class RecordSorter<Category>;
+template class RecordSorter<Rating>;
+
+} // namespace giggle

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace giggle {
+
+namespace sqlite {
+class Database;
+}
+
+/// What makes a database file a collection: its header, its tables, and the steps that lead from one version
+/// of them to the next.
+namespace StoreSchema {
+
+/// Stands in every collection's header: "GigA" in ASCII.
+inline constexpr std::int64_t ApplicationId = 0x47696741;
+
+/// The version that this program writes.
+inline constexpr std::int64_t CurrentVersion = 1;
+
+/// Whether there is nothing at @p path yet: no file, or an empty one.
+[[nodiscard]] bool isAbsent(const QString& path);
+
+/// Reads the header of the file at @p path without SQLite, so that nothing on disk is touched.
+/// Throws StoreError when the file is no collection, or one of a newer version.
+void checkHeader(const QString& path);
+
+/// Brings the database to the current version, each step in a transaction of its own.
+void migrate(sqlite::Database& database);
+
+/// Throws StoreError when the database is damaged or its tables are not those of the current version.
+void checkContents(sqlite::Database& database, const QString& path);
+
+} // namespace StoreSchema
+
+} // namespace giggle
