@@ -14,7 +14,7 @@ namespace giggle {
 namespace {
 
 // Far above any message, far below what would hurt: the record is a text for one notice.
-constexpr qint64 LargestRecord = 64 * 1024;
+constexpr qint64 LargestRecord = 65536;
 
 struct FatalErrorSettings {
     QString recordPath;

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include <optional>
+
+namespace giggle {
+
+/// Finds fonts by the names that the user's settings hold.
+class Fonts {
+public:
+    Fonts() = default;
+    Fonts(const Fonts&) = delete;
+    Fonts& operator=(const Fonts&) = delete;
+    virtual ~Fonts() = default;
+
+    /// The font of family `name`, or nothing when the system has no such family. One point is one logical
+    /// pixel: the pixel size is `pointSize` rounded, where anything that is not at least 1 counts as 1.
+    /// Cheap enough to be asked for every row.
+    virtual std::optional<QFont> font(const QString& name, double pointSize) = 0;
+};
+
+} // namespace giggle

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusAbstractAdaptor>
+#include <QVariantMap>
+
+#include <functional>
+
+namespace giggle {
+
+/// The application's object on the session bus, as the desktop entry specification describes it.
+class ApplicationAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    using Handler = std::function<void(const QVariantMap& platformData)>;
+
+    /// Becomes a child of `object`, under which the bus sees it. `activate` is called in its thread.
+    ApplicationAdaptor(QObject* object, Handler activate);
+
+public slots:
+    void Activate(const QVariantMap& platformData);
+
+private:
+    Handler m_activate;
+};
+
+} // namespace giggle

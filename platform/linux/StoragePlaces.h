@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace giggle {
+
+/// Where the application keeps its files: one folder of its own in each of the user's XDG base folders. A
+/// base folder that is unset, empty or relative falls back to the one under the home folder.
+class StoragePlaces {
+public:
+    /// The text of an environment variable; empty when it is unset.
+    using Environment = std::function<QString(const char* name)>;
+
+    /// Reads the environment of the process.
+    StoragePlaces();
+
+    /// `accountHome` is the home folder that holds where `HOME` names none.
+    StoragePlaces(const Environment& environment, const QString& accountHome);
+
+    /// Makes the folders that are missing, readable by the user alone. Returns a message for the user when
+    /// the collection's folder cannot be had. The other two are logged: without them the settings and the
+    /// record of a fatal error are lost, not the collection.
+    std::optional<QString> prepare() const;
+
+    /// The paths below are absolute; all are empty when there is no home folder (`prepare` says so).
+    QString collectionFolder() const { return m_dataFolder; }
+
+    QString preferenceFile() const;
+
+    /// Locked by the one instance that works with the collection beside it.
+    QString instanceLock() const;
+
+    /// Holds the message of a fatal error until the next start.
+    QString fatalErrorRecord() const;
+
+private:
+    QString m_dataFolder;
+    QString m_configFolder;
+    QString m_stateFolder;
+};
+
+} // namespace giggle

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxFonts.h"
+
+#include <QFontInfo>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace giggle {
+
+namespace {
+
+TEST(LinuxFontsTest, AliasesResolveToInstalledFamilies)
+{
+    LinuxFonts fonts;
+    const char* const names[][2] = {{"Arial", "Liberation Sans"},
+                                    {"Times New Roman", "Liberation Serif"},
+                                    {"Courier New", "Liberation Mono"},
+                                    {"Liberation Mono", "Liberation Mono"},
+                                    {"arial", "Liberation Sans"}};
+    for (const auto& [name, family] : names) {
+        const auto font = fonts.font(QString::fromUtf8(name), 15.0);
+        ASSERT_TRUE(font) << name;
+        EXPECT_EQ(QFontInfo(*font).family(), QString::fromUtf8(family));
+        EXPECT_EQ(font->pixelSize(), 15);
+    }
+}
+
+TEST(LinuxFontsTest, UnknownNamesDoNotFallBackToAnotherFamily)
+{
+    LinuxFonts fonts;
+    for (const char* name : {"", "No Such Family", "Arial Liberation", "Liberation San"}) {
+        EXPECT_FALSE(fonts.font(QString::fromUtf8(name), 15.0)) << name;
+    }
+}
+
+TEST(LinuxFontsTest, EverySizeCanBeDrawn)
+{
+    LinuxFonts fonts;
+    const std::pair<double, int> sizes[] = {
+        {0.3, 1},   {0.0, 1},      {-5.0, 1},   {1.0, 1},
+        {14.6, 15}, {1e300, 2000}, {-1e300, 1}, {std::numeric_limits<double>::quiet_NaN(), 1}};
+    for (const auto& [points, pixels] : sizes) {
+        EXPECT_EQ(fonts.font(QStringLiteral("Arial"), points).value().pixelSize(), pixels) << points;
+    }
+}
+
+} // namespace
+
+} // namespace giggle

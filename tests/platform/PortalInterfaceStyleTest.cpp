@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PortalInterfaceStyle.h"
+
+#include "tests/platform/PrivateBus.h"
+#include "tests/platform/SpinUntil.h"
+
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+using Style = InterfaceStyle::Style;
+
+constexpr const char* Path = "/org/freedesktop/portal/desktop";
+constexpr const char* Interface = "org.freedesktop.portal.Settings";
+
+} // namespace
+
+/// The settings portal of a desktop with one setting.
+class FakePortal : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    FakePortal(QDBusConnection bus, uint scheme) : m_bus(std::move(bus)), m_scheme(scheme)
+    {
+        m_bus.registerObject(QString::fromUtf8(Path), this, QDBusConnection::ExportAllSlots);
+        m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+    }
+
+    void change(const QString& key, uint scheme)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(
+            QString::fromUtf8(Path), QString::fromUtf8(Interface), QStringLiteral("SettingChanged"));
+        signal.setArguments(
+            {QStringLiteral("org.freedesktop.appearance"), key, QVariant::fromValue(QDBusVariant(scheme))});
+        m_bus.send(signal);
+    }
+
+    bool m_silent = false;
+
+public slots:
+
+    QDBusVariant Read(const QString& group, const QString& key)
+    {
+        if (m_silent) {
+            setDelayedReply(true);
+        } else if (group != QStringLiteral("org.freedesktop.appearance") ||
+                   key != QStringLiteral("color-scheme")) {
+            sendErrorReply(QStringLiteral("org.freedesktop.portal.Error.NotFound"));
+        }
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(m_scheme)));
+    }
+
+private:
+    QDBusConnection m_bus;
+    uint m_scheme;
+};
+
+namespace {
+
+class PortalInterfaceStyleTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_bus.isRunning());
+        setPaletteDark(false);
+    }
+
+    static void setPaletteDark(bool dark)
+    {
+        QGuiApplication::setPalette(QPalette(dark ? Qt::black : Qt::white));
+        QCoreApplication::sendPostedEvents();
+    }
+
+    PrivateBus m_bus;
+};
+
+TEST_F(PortalInterfaceStyleTest, FollowsThePortal)
+{
+    FakePortal portal(m_bus.connect(), 1);
+    PortalInterfaceStyle style(m_bus.connect());
+    int changes = 0;
+    QObject::connect(&style, &InterfaceStyle::changed, [&changes] { ++changes; });
+    EXPECT_EQ(style.current(), Style::Light);
+    EXPECT_TRUE(spinUntil([&] { return style.current() == Style::Dark; }));
+
+    const QString scheme = QStringLiteral("color-scheme");
+    portal.change(QStringLiteral("accent-color"), 2);
+    portal.change(scheme, 1);
+    portal.change(scheme, 2);
+    EXPECT_TRUE(spinUntil([&] { return style.current() == Style::Light; }));
+    EXPECT_EQ(changes, 2);
+
+    // Without a preference the palette decides; with one it does not.
+    setPaletteDark(true);
+    EXPECT_EQ(style.current(), Style::Light);
+    portal.change(scheme, 0);
+    EXPECT_TRUE(spinUntil([&] { return style.current() == Style::Dark; }));
+}
+
+TEST_F(PortalInterfaceStyleTest, WithoutAPortalThePaletteDecides)
+{
+    setPaletteDark(true);
+    PortalInterfaceStyle style(QDBusConnection::sessionBus());
+    int changes = 0;
+    QObject::connect(&style, &InterfaceStyle::changed, [&changes] { ++changes; });
+    EXPECT_EQ(style.current(), Style::Dark);
+    setPaletteDark(false);
+    EXPECT_EQ(style.current(), Style::Light);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalInterfaceStyleTest, SilentPortalDelaysNothing)
+{
+    FakePortal portal(m_bus.connect(), 1);
+    portal.m_silent = true;
+    QElapsedTimer timer;
+    timer.start();
+    PortalInterfaceStyle style(m_bus.connect());
+    EXPECT_EQ(style.current(), Style::Light);
+    EXPECT_LT(timer.elapsed(), 1000);
+}
+
+} // namespace
+
+} // namespace giggle
+
+#include "PortalInterfaceStyleTest.moc"

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "tests/platform/PrivateBus.h"
+
+#include <QFile>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace giggle {
+
+PrivateBus::PrivateBus()
+{
+    const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
+    QFile file(configuration);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return;
+    }
+    file.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir=)" +
+               m_folder.path().toUtf8() + R"(</listen>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+)");
+    file.close();
+    m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+                   {QStringLiteral("--config-file=") + configuration, QStringLiteral("--nofork"),
+                    QStringLiteral("--print-address=1")});
+    while (!m_daemon.canReadLine() && m_daemon.waitForReadyRead(10000)) {
+    }
+    m_address = QString::fromLocal8Bit(m_daemon.readLine()).trimmed();
+}
+
+PrivateBus::~PrivateBus()
+{
+    for (const QString& name : m_connections) {
+        QDBusConnection::disconnectFromBus(name);
+    }
+    m_daemon.kill();
+    m_daemon.waitForFinished();
+}
+
+QDBusConnection PrivateBus::connect()
+{
+    const QString name = m_address + QString::number(m_connections.size());
+    m_connections.append(name);
+    return QDBusConnection::connectToBus(m_address, name);
+}
+
+} // namespace giggle
