@@ -59,14 +59,16 @@ struct Entity<Rating> {
         AttributeDescription{"rating", Attribute::rating, AttributeType::Text}};
 };
 
-/// The description of the entity's attribute called @p name, or nullptr when it has none.
+/// The description of the entity's attribute called @p name, or nothing when it has none.
 template <class Record>
-constexpr const AttributeDescription* attributeNamed(std::string_view name)
+constexpr std::optional<AttributeDescription> attributeNamed(std::string_view name)
 {
+    // No pointer into the array: GCC 12 takes its test against nullptr for no constant expression when it
+    // builds with the undefined-behaviour sanitizer.
     for (const AttributeDescription& description : Entity<Record>::attributes)
         if (description.name == name)
-            return &description;
-    return nullptr;
+            return description;
+    return std::nullopt;
 }
 
 } // namespace giggle

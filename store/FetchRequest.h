@@ -14,7 +14,7 @@ enum class SortOrder { Ascending, Descending };
 template <class Record>
 class AttributeKey {
 public:
-    consteval AttributeKey(const char* name) : m_attribute(attributeNamed<Record>(name)->attribute) {}
+    consteval AttributeKey(const char* name) : m_attribute(attributeNamed<Record>(name).value().attribute) {}
 
     [[nodiscard]] constexpr Attribute attribute() const { return m_attribute; }
 

@@ -4,7 +4,6 @@
 #include "store/FetchRequest.h"
 #include "store/ManagedObject.h"
 
-#include <memory>
 #include <string>
 
 namespace giggle {
@@ -69,7 +68,7 @@ private:
 
     Values m_values;
     Jokes* m_nextWithSameId = nullptr;
-    mutable std::unique_ptr<const std::string> m_loweredJoke;
+    mutable std::string m_loweredJoke;
     mutable Folding m_folding = Folding::Unknown;
 };
 

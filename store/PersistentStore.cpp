@@ -81,7 +81,13 @@ void PersistentStore::create()
                          QStringLiteral("The folder \"%1\" for the collection cannot be made").arg(folder),
                          {{QStringLiteral("path"), m_path}});
     m_database = std::make_unique<Database>(m_path, Database::Mode::Shared);
-    // The tables go in through a rollback journal: a crash leaves them whole or an empty file.
+    makeTables();
+}
+
+void PersistentStore::makeTables()
+{
+    // They go in through a rollback journal: a crash leaves them whole, or a journal that takes them out
+    // again.
     StoreSchema::migrate(*m_database);
     m_database->execute("PRAGMA journal_mode = WAL");
 }
@@ -92,6 +98,9 @@ void PersistentStore::openChecked()
     const CompanionFiles companions(m_path);
     try {
         m_database = openReadable();
+        // Without a page it is what a crash while the tables were made has left.
+        if (!m_database->isReadOnly() && m_database->integer("PRAGMA page_count") == 0)
+            makeTables();
         StoreSchema::checkContents(*m_database, m_path);
     } catch (const StoreError&) {
         m_database.reset();
@@ -122,10 +131,10 @@ std::unique_ptr<Database> PersistentStore::openReadable()
             database->integer("SELECT count(*) FROM sqlite_schema");
             return database;
         } catch (const StoreError& error) {
+            if (!isAccessFailure(error))
+                throw StoreSchema::explained(error, m_path);
             if (!firstError)
                 firstError = error;
-            if (!isAccessFailure(error))
-                break;
         }
     }
     throw *firstError;

@@ -44,6 +44,7 @@ public:
 
 private:
     void create();
+    void makeTables();
     void openChecked();
     [[nodiscard]] std::unique_ptr<sqlite::Database> openReadable();
 

@@ -28,7 +28,8 @@ private:
         const std::size_t nameEnd = format.find(' ');
         if (nameEnd == std::string_view::npos)
             throw "a predicate reads: attribute, ==, placeholder";
-        const AttributeDescription* description = attributeNamed<Record>(format.substr(0, nameEnd));
+        const std::optional<AttributeDescription> description =
+            attributeNamed<Record>(format.substr(0, nameEnd));
         if (!description)
             throw "the entity has no attribute of this name";
         if (description->type != ArgumentType)

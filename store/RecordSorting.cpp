@@ -33,6 +33,11 @@ std::uint64_t chunkKey(OptionalText text, std::size_t offset)
     return key | (rest.size() > ChunkSize ? GoesOn : EndsWithinChunk + size);
 }
 
+bool isNumber(Attribute attribute)
+{
+    return attribute == Attribute::id || attribute == Attribute::favorite;
+}
+
 bool textGoesOn(std::uint64_t key)
 {
     return (key & 0xff) == GoesOn;
@@ -49,7 +54,7 @@ std::uint64_t numberKey(std::optional<std::int64_t> number)
 template <class Record>
 std::uint64_t RecordSorter<Record>::keyOf(const Record& record, Attribute attribute, std::size_t offset)
 {
-    if (attribute == Attribute::id || attribute == Attribute::favorite)
+    if (isNumber(attribute))
         return numberKey(record.number(attribute));
     return chunkKey(record.text(attribute), offset);
 }
@@ -57,40 +62,70 @@ std::uint64_t RecordSorter<Record>::keyOf(const Record& record, Attribute attrib
 template <class Record>
 void RecordSorter<Record>::sort(std::vector<Record*>& records) const
 {
-    if (m_descriptors.empty())
+    if (m_descriptors.empty() || records.size() < 2)
         return;
     std::vector<Entry> entries;
     entries.reserve(records.size());
     for (Record* record : records)
         entries.push_back({0, record});
-    sortRun(entries, 0, 0);
+    sortRun(entries, {0, 0});
     std::ranges::transform(entries, records.begin(), &Entry::record);
 }
 
 template <class Record>
-void RecordSorter<Record>::sortRun(std::span<Entry> run, std::size_t descriptor, std::size_t offset) const
+bool RecordSorter<Record>::isBefore(const Record* left, const Record* right) const
 {
-    if (descriptor == m_descriptors.size()) {
-        std::ranges::sort(run, {}, [](const Entry& entry) { return entry.record->oid(); });
-        return;
+    for (const auto& [key, order] : m_descriptors) {
+        const Attribute attribute = key.attribute();
+        const auto comparison = isNumber(attribute) ? left->number(attribute) <=> right->number(attribute)
+                                                    : left->text(attribute) <=> right->text(attribute);
+        if (comparison != 0)
+            return order == SortOrder::Ascending ? comparison < 0 : comparison > 0;
     }
-    const auto [key, order] = m_descriptors[descriptor];
-    const std::uint64_t flip = order == SortOrder::Descending ? ~std::uint64_t(0) : 0;
-    for (Entry& entry : run)
-        entry.key = keyOf(*entry.record, key.attribute(), offset) ^ flip;
-    std::ranges::sort(run, {}, &Entry::key);
+    return left->oid() < right->oid();
+}
+
+template <class Record>
+typename RecordSorter<Record>::Place RecordSorter<Record>::next(Place place, std::uint64_t key) const
+{
+    const bool isFlipped = m_descriptors[place.descriptor].order == SortOrder::Descending;
+    return textGoesOn(isFlipped ? ~key : key) ? Place{place.descriptor, place.offset + ChunkSize}
+                                              : Place{place.descriptor + 1, 0};
+}
+
+template <class Record>
+void RecordSorter<Record>::sortRun(std::span<Entry> run, Place place) const
+{
+    sortAt(run, place);
+    // Long texts that are equal for thousands of chunks must not cost a stack frame for each.
+    while (run.front().key == run.back().key && place.descriptor < m_descriptors.size()) {
+        place = next(place, run.front().key);
+        sortAt(run, place);
+    }
+    if (place.descriptor == m_descriptors.size())
+        return;
     for (auto first = run.begin(); first != run.end();) {
         const std::uint64_t equal = first->key;
         const auto last =
             std::find_if(first, run.end(), [&](const Entry& entry) { return entry.key != equal; });
-        if (last - first > 1) {
-            if (textGoesOn(equal ^ flip))
-                sortRun({first, last}, descriptor, offset + ChunkSize);
-            else
-                sortRun({first, last}, descriptor + 1, 0);
-        }
+        if (last - first > 1)
+            sortRun({first, last}, next(place, equal));
         first = last;
     }
+}
+
+template <class Record>
+void RecordSorter<Record>::sortAt(std::span<Entry> run, Place place) const
+{
+    if (place.descriptor == m_descriptors.size()) {
+        std::ranges::sort(run, {}, [](const Entry& entry) { return entry.record->oid(); });
+        return;
+    }
+    const auto [key, order] = m_descriptors[place.descriptor];
+    const std::uint64_t flip = order == SortOrder::Descending ? ~std::uint64_t(0) : 0;
+    for (Entry& entry : run)
+        entry.key = keyOf(*entry.record, key.attribute(), place.offset) ^ flip;
+    std::ranges::sort(run, {}, &Entry::key);
 }
 
 template class RecordSorter<Jokes>;

@@ -21,13 +21,28 @@ public:
 
     void sort(std::vector<Record*>& records) const;
 
+    /// Whether the order has @p left before @p right.
+    [[nodiscard]] bool isBefore(const Record* left, const Record* right) const;
+
 private:
     struct Entry {
         std::uint64_t key;
         Record* record;
     };
 
-    void sortRun(std::span<Entry> run, std::size_t descriptor, std::size_t offset) const;
+    /// Which bytes are compared: those of one descriptor's text from an offset on. Past the last descriptor
+    /// it is the order of insertion.
+    struct Place {
+        std::size_t descriptor;
+        std::size_t offset;
+    };
+
+    /// Sorts entries that are equal in everything before @p place; @p run must not be empty.
+    void sortRun(std::span<Entry> run, Place place) const;
+    void sortAt(std::span<Entry> run, Place place) const;
+
+    /// What decides between entries whose keys at @p place are @p key.
+    [[nodiscard]] Place next(Place place, std::uint64_t key) const;
     static std::uint64_t keyOf(const Record& record, Attribute attribute, std::size_t offset);
 
     std::span<const SortDescriptor<Record>> m_descriptors;

@@ -4,6 +4,7 @@
 #include "store/RecordSorting.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace giggle {
 
@@ -41,7 +42,7 @@ Record& RecordTable<Record>::insert()
         m_live.push_back(&record);
     m_pending.emplace(&record, PendingChange{});
     record.m_isPending = true;
-    m_membershipStamp = ++m_clock;
+    noteChange(record, m_membershipStamp);
     return record;
 }
 
@@ -58,7 +59,7 @@ void RecordTable<Record>::remove(Record& record)
         record.m_isPending = false;
     }
     m_liveIsCurrent = false;
-    m_membershipStamp = ++m_clock;
+    noteChange(record, m_membershipStamp);
 }
 
 template <class Record>
@@ -86,7 +87,7 @@ void RecordTable<Record>::willChange(Record& record)
 template <class Record>
 void RecordTable<Record>::didChange(Record& record, Attribute attribute)
 {
-    m_attributeStamps[static_cast<std::size_t>(attribute)] = ++m_clock;
+    noteChange(record, m_attributeStamps[static_cast<std::size_t>(attribute)]);
     const auto change = m_pending.find(&record);
     if (change->second.saved == record.m_values && !change->second.wasAttempted) {
         m_pending.erase(change);
@@ -166,6 +167,13 @@ bool RecordTable<Record>::mayBeAbsent(Record& record) const
 }
 
 template <class Record>
+void RecordTable<Record>::noteChange(Record& record, std::uint64_t& stamp)
+{
+    stamp = ++m_clock;
+    m_changedLast[m_clock % RememberedChanges] = &record;
+}
+
+template <class Record>
 std::uint64_t RecordTable<Record>::stampOf(const FetchRequest<Record>& request) const
 {
     const auto stamp = [this](Attribute attribute) {
@@ -193,14 +201,47 @@ typename RecordTable<Record>::Records RecordTable<Record>::run(const FetchReques
 }
 
 template <class Record>
+void RecordTable<Record>::update(CachedFetch& cached) const
+{
+    Records changed;
+    for (std::uint64_t change = cached.clock + 1; change <= m_clock; ++change)
+        changed.push_back(m_changedLast[change % RememberedChanges]);
+    std::ranges::sort(changed);
+    changed.erase(std::ranges::unique(changed).begin(), changed.end());
+    std::erase_if(cached.records,
+                  [&](Record* record) { return std::ranges::binary_search(changed, record); });
+
+    const auto& [predicate, descriptors] = cached.request;
+    std::erase_if(changed, [&](const Record* record) {
+        return record->m_isDeleted || (predicate && !predicate->matches(*record));
+    });
+    const RecordSorter<Record> sorter(descriptors);
+    const auto isBefore = [&](const Record* a, const Record* b) { return sorter.isBefore(a, b); };
+    std::ranges::sort(changed, isBefore);
+    Records merged;
+    merged.reserve(cached.records.size() + changed.size());
+    auto rest = cached.records.begin();
+    for (Record* record : changed) {
+        const auto place = std::lower_bound(rest, cached.records.end(), record, isBefore);
+        merged.insert(merged.end(), std::exchange(rest, place), place);
+        merged.push_back(record);
+    }
+    merged.insert(merged.end(), rest, cached.records.end());
+    cached.records = std::move(merged);
+}
+
+template <class Record>
 const typename RecordTable<Record>::Records& RecordTable<Record>::fetch(const FetchRequest<Record>& request)
 {
     CachedFetch& cached = slotFor(request);
-    const std::uint64_t stamp = stampOf(request);
-    if (cached.lastUse == 0 || cached.stamp != stamp) {
-        cached.records = run(request);
-        cached.stamp = stamp;
+    const bool isNew = cached.lastUse == 0;
+    if (isNew || cached.clock < stampOf(request)) {
+        if (isNew || m_clock - cached.clock > RememberedChanges)
+            cached.records = run(request);
+        else
+            update(cached);
     }
+    cached.clock = m_clock;
     cached.lastUse = ++m_uses;
     return cached.records;
 }

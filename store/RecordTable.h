@@ -71,19 +71,28 @@ private:
         bool wasAttempted = false;
     };
 
-    /// What a fetch result depends on: who is there, and the attributes of its predicate and sort keys.
+    /// A fetch result as it was when m_clock stood at `clock`.
     struct CachedFetch {
         FetchRequest<Record> request;
-        std::uint64_t stamp = 0;
+        std::uint64_t clock = 0;
         std::uint64_t lastUse = 0;
         Records records;
     };
 
     static constexpr std::size_t MaximumCachedFetches = 8;
 
+    /// After more changes than these a fetch is made from scratch, which then is hardly slower.
+    static constexpr std::size_t RememberedChanges = 64;
+
     Record& append(std::int64_t oid);
+    /// Notes a change in the stamp of what it concerns.
+    void noteChange(Record& record, std::uint64_t& stamp);
+    /// When something changed last that the result of @p request depends on: who is there, and the attributes
+    /// of its predicate and its sort keys.
     [[nodiscard]] std::uint64_t stampOf(const FetchRequest<Record>& request) const;
     [[nodiscard]] Records run(const FetchRequest<Record>& request);
+    /// Puts the records that have changed since where they belong now, and leaves the order of all others.
+    void update(CachedFetch& cached) const;
     CachedFetch& slotFor(const FetchRequest<Record>& request);
     [[nodiscard]] bool rowIsExpected(Record& record, const Values& row) const;
     [[nodiscard]] bool mayBeAbsent(Record& record) const;
@@ -96,8 +105,9 @@ private:
     std::int64_t m_lastOid = 0;
     std::unordered_map<Record*, PendingChange> m_pending;
 
-    std::uint64_t m_clock = 0; // counts changes
-    std::uint64_t m_uses = 0;  // counts fetches
+    std::uint64_t m_clock = 0;                              // counts changes
+    std::array<Record*, RememberedChanges> m_changedLast{}; // the change n at n modulo its size
+    std::uint64_t m_uses = 0;                               // counts fetches
     std::uint64_t m_membershipStamp = 0;
     std::array<std::uint64_t, AttributeCount> m_attributeStamps{};
     std::vector<CachedFetch> m_cachedFetches;

@@ -41,6 +41,7 @@ constexpr std::array Columns{
 
 // Places in the first page of a database file, as its published format fixes them.
 constexpr int HeaderSize = 100;
+constexpr int PageSizeOffset = 16;
 constexpr int UserVersionOffset = 60;
 constexpr int ApplicationIdOffset = 68;
 constexpr QByteArrayView Magic("SQLite format 3\0", 16);
@@ -49,6 +50,60 @@ StoreError refusal(int code, const QString& path, const QString& reason)
 {
     return StoreError(code, QStringLiteral("\"%1\" was left untouched: %2").arg(path, reason),
                       {{QStringLiteral("path"), path}});
+}
+
+StoreError damage(int code, const QString& path, const QString& finding)
+{
+    return refusal(code, path, QStringLiteral("it is damaged (%1)").arg(finding));
+}
+
+void checkIdentity(std::int64_t applicationId, std::int64_t version, const QString& path)
+{
+    if (applicationId != ApplicationId)
+        throw refusal(SQLITE_NOTADB, path, QStringLiteral("it belongs to another application"));
+    if (version > CurrentVersion)
+        throw refusal(
+            SQLITE_MISMATCH, path,
+            QStringLiteral("a newer version of Giggle Archives wrote it (format %1, this program knows %2)")
+                .arg(version)
+                .arg(CurrentVersion));
+    if (version < 1)
+        throw refusal(SQLITE_MISMATCH, path, QStringLiteral("its format %1 is unknown").arg(version));
+}
+
+bool tellsOfDamage(const StoreError& error)
+{
+    const int code = error.extendedCode() & 0xff;
+    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+}
+
+/// SQLite takes the missing rest of a last page for zeros. Only a write that was interrupted may leave one,
+/// and the log or journal beside the file then makes it good.
+bool lacksPartOfAPage(const QByteArray& header, const QString& path)
+{
+    const int stored = qFromBigEndian<quint16>(header.constData() + PageSizeOffset);
+    const int pageSize = stored == 1 ? 65536 : stored;
+    return pageSize > 0 && QFileInfo(path).size() % pageSize != 0 &&
+           QFileInfo(path + QLatin1StringView("-wal")).size() == 0 &&
+           QFileInfo(path + QLatin1StringView("-journal")).size() == 0;
+}
+
+/// What is wrong with the file, empty when nothing is.
+QString damageOf(sqlite::Database& database)
+{
+    try {
+        // Finds rows that lists would miss or hold twice; at the largest collection it takes some 25 ms.
+        sqlite::Statement check(database, "PRAGMA quick_check(1)");
+        if (!check.step())
+            return QStringLiteral("no finding");
+        const std::string_view finding = check.text(0).value_or("no finding");
+        return finding == "ok" ? QString()
+                               : QString::fromUtf8(finding.data(), static_cast<qsizetype>(finding.size()));
+    } catch (const StoreError& error) {
+        if (!tellsOfDamage(error))
+            throw;
+        return error.localizedDescription();
+    }
 }
 
 void checkColumns(sqlite::Database& database, const QString& path)
@@ -85,17 +140,10 @@ void checkHeader(const QString& path)
     const QByteArray header = file.read(HeaderSize);
     if (!QByteArrayView(header).startsWith(Magic) || header.size() < HeaderSize)
         throw refusal(SQLITE_NOTADB, path, QStringLiteral("it is not a joke collection"));
-    if (qFromBigEndian<qint32>(header.constData() + ApplicationIdOffset) != ApplicationId)
-        throw refusal(SQLITE_NOTADB, path, QStringLiteral("it belongs to another application"));
-    const auto version = qFromBigEndian<qint32>(header.constData() + UserVersionOffset);
-    if (version > CurrentVersion)
-        throw refusal(
-            SQLITE_MISMATCH, path,
-            QStringLiteral("a newer version of Giggle Archives wrote it (format %1, this program knows %2)")
-                .arg(version)
-                .arg(CurrentVersion));
-    if (version < 1)
-        throw refusal(SQLITE_MISMATCH, path, QStringLiteral("its format %1 is unknown").arg(version));
+    checkIdentity(qFromBigEndian<qint32>(header.constData() + ApplicationIdOffset),
+                  qFromBigEndian<qint32>(header.constData() + UserVersionOffset), path);
+    if (lacksPartOfAPage(header, path))
+        throw damage(SQLITE_CORRUPT, path, QStringLiteral("its end is cut off"));
 }
 
 void migrate(sqlite::Database& database)
@@ -109,23 +157,16 @@ void migrate(sqlite::Database& database)
 
 void checkContents(sqlite::Database& database, const QString& path)
 {
-    QString finding;
-    try {
-        // Finds rows that lists would miss or hold twice; at the largest collection it takes some 25 ms.
-        sqlite::Statement check(database, "PRAGMA quick_check(1)");
-        if (check.step()) {
-            const OptionalText text = check.text(0);
-            if (text && *text == "ok")
-                return checkColumns(database, path);
-            finding = QString::fromUtf8(text.value_or("no finding"));
-        }
-    } catch (const StoreError& error) {
-        const int code = error.extendedCode() & 0xff;
-        if (code != SQLITE_CORRUPT && code != SQLITE_NOTADB)
-            throw;
-        finding = error.localizedDescription();
-    }
-    throw refusal(SQLITE_CORRUPT, path, QStringLiteral("it is damaged (%1)").arg(finding));
+    // Once more: what counts may stand in the write-ahead log.
+    checkIdentity(database.integer("PRAGMA application_id"), database.integer("PRAGMA user_version"), path);
+    if (const QString finding = damageOf(database); !finding.isEmpty())
+        throw damage(SQLITE_CORRUPT, path, finding);
+    checkColumns(database, path);
+}
+
+StoreError explained(const StoreError& error, const QString& path)
+{
+    return tellsOfDamage(error) ? damage(error.extendedCode(), path, error.localizedDescription()) : error;
 }
 
 } // namespace giggle::StoreSchema

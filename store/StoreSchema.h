@@ -11,6 +11,8 @@ namespace sqlite {
 class Database;
 }
 
+class StoreError;
+
 /// What makes a database file a collection: its header, its tables, and the steps that lead from one version
 /// of them to the next.
 namespace StoreSchema {
@@ -31,8 +33,12 @@ void checkHeader(const QString& path);
 /// Brings the database to the current version, each step in a transaction of its own.
 void migrate(sqlite::Database& database);
 
-/// Throws StoreError when the database is damaged or its tables are not those of the current version.
+/// Throws StoreError when the database is damaged, is no collection, is one of a newer version, or has other
+/// tables than those of the current one.
 void checkContents(sqlite::Database& database, const QString& path);
+
+/// @p error as it is, or in words for people when it tells that the file is damaged.
+[[nodiscard]] StoreError explained(const StoreError& error, const QString& path);
 
 } // namespace StoreSchema
 

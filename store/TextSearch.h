@@ -2,6 +2,7 @@
 #pragma once
 
 #include "store/Attribute.h"
+#include "store/ByteScan.h"
 
 #include <QString>
 
@@ -17,7 +18,7 @@ class ManagedObjectContext;
 class TextSearch {
 public:
     /// @param searchText must not be empty
-    explicit TextSearch(const QString& searchText) : m_needle(searchText.toLower().toUtf8().toStdString()) {}
+    explicit TextSearch(const QString& searchText) : m_scan(searchText.toLower().toUtf8().toStdString()) {}
 
     [[nodiscard]] bool isContainedIn(std::string_view text) const;
 
@@ -33,11 +34,10 @@ private:
     [[nodiscard]] std::vector<Jokes*> filterByName(const std::vector<Jokes*>& source,
                                                    Attribute attribute) const;
     [[nodiscard]] std::vector<Jokes*> filterByJoke(const std::vector<Jokes*>& source) const;
-    [[nodiscard]] bool isContainedInJoke(const Jokes& joke) const;
-    [[nodiscard]] bool findsFolded(std::string_view text) const;
+    [[nodiscard]] static std::string_view foldedJoke(const Jokes& joke);
     static void fold(const Jokes& joke);
 
-    std::string m_needle; // lower-case UTF-8
+    ByteScan m_scan;
 };
 
 } // namespace giggle

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "app/Storyboard.h"
+
+#include "jokes/NewMainListTableViewController.h"
+#include "shell/ViewController.h"
+
+#include <algorithm>
+#include <array>
+
+namespace giggle {
+
+namespace {
+
+template <class ScreenClass>
+std::unique_ptr<Screen> makeScreen(ScreenEnvironment& environment)
+{
+    return std::make_unique<ScreenClass>(environment);
+}
+
+struct SceneDescription {
+    SegueId segue;
+    std::unique_ptr<Screen> (*makeScreen)(ScreenEnvironment&);
+    QLatin1StringView page;
+};
+
+constexpr std::array Scenes{
+    SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,
+                     QLatin1StringView("JokeListView")},
+};
+
+const SceneDescription* sceneBehind(SegueId segue)
+{
+    const auto found = std::ranges::find(Scenes, segue, &SceneDescription::segue);
+    return found == Scenes.end() ? nullptr : &*found;
+}
+
+QUrl pageUrl(QLatin1StringView page)
+{
+    return QUrl(QStringLiteral("qrc:/qt/qml/GiggleArchives/%1.qml").arg(page));
+}
+
+} // namespace
+
+bool Storyboard::hasScene(SegueId segue) const
+{
+    return sceneBehind(segue) != nullptr;
+}
+
+Scene Storyboard::makeRoot()
+{
+    return {makeScreen<ViewController>(*m_environment), pageUrl(QLatin1StringView("MainMenuView"))};
+}
+
+Scene Storyboard::makeScene(SegueId segue)
+{
+    const SceneDescription* scene = sceneBehind(segue);
+    if (!scene)
+        return {};
+    return {scene->makeScreen(*m_environment), pageUrl(scene->page)};
+}
+
+} // namespace giggle

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "app/UserInterface.h"
+
+#include "platform/WindowActivation.h"
+#include "store/FatalError.h"
+
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QtQml/QQmlExtensionPlugin>
+
+Q_IMPORT_QML_PLUGIN(GiggleArchivesPlugin)
+
+namespace giggle {
+
+namespace {
+
+const QUrl MainPage(QStringLiteral("qrc:/qt/qml/GiggleArchives/Main.qml"));
+
+void bringToFront(QWindow& window)
+{
+    if (window.windowStates().testFlag(Qt::WindowMinimized))
+        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.requestActivate();
+}
+
+} // namespace
+
+UserInterface::UserInterface(AppDelegate& appDelegate, Preferences& userDefaults, Platform platform)
+    : m_platform(platform), m_navigation(m_storyboard), m_environment{appDelegate,  userDefaults, m_selection,
+                                                                      m_navigation, m_mainQueue,  m_platform},
+      m_appearance(platform.interfaceStyle)
+{
+    m_storyboard.setEnvironment(m_environment);
+}
+
+QQuickWindow& UserInterface::load()
+{
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
+                                   {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)}});
+    m_engine.load(MainPage);
+    auto* window = m_engine.rootObjects().isEmpty()
+                       ? nullptr
+                       : qobject_cast<QQuickWindow*>(m_engine.rootObjects().first());
+    if (!window)
+        fatalError(QStringLiteral("The main window cannot be loaded."), __FILE__, __LINE__);
+    QObject::connect(&m_platform.windowActivation, &WindowActivation::activationRequested, window,
+                     [window] { bringToFront(*window); });
+    return *window;
+}
+
+} // namespace giggle

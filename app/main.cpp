@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "app/UserInterface.h"
+#include "platform/linux/ApplicationIdentity.h"
+#include "platform/linux/BundleResources.h"
+#include "platform/linux/DesktopNotification.h"
+#include "platform/linux/LinuxFonts.h"
+#include "platform/linux/PortalInterfaceStyle.h"
+#include "platform/linux/SingleInstance.h"
+#include "platform/linux/StoragePlaces.h"
+#include "store/AppDelegate.h"
+#include "store/Console.h"
+#include "store/FatalError.h"
+#include "store/FileSizeSignal.h"
+#include "store/Preferences.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQuickWindow>
+
+#include <cstdlib>
+
+namespace giggle {
+
+namespace {
+
+constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
+
+// Qt would end a program that finds no display before it could say a word.
+void choosePlatformPlugin()
+{
+    QByteArray plugins;
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        plugins += "wayland;";
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        plugins += "xcb;";
+    qputenv(PlatformVariable, plugins + "offscreen");
+}
+
+bool isWithoutDisplay()
+{
+    return QGuiApplication::platformName() == QLatin1StringView("offscreen");
+}
+
+void introduceApplication()
+{
+    QGuiApplication::setApplicationName(QStringLiteral("giggle-archives"));
+    QGuiApplication::setApplicationDisplayName(ApplicationIdentity::displayName());
+    QGuiApplication::setDesktopFileName(ApplicationIdentity::applicationId());
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(
+        ApplicationIdentity::applicationId(),
+        QIcon(QStringLiteral(":/resources/icons/%1.svg").arg(ApplicationIdentity::applicationId()))));
+}
+
+void notify(const QString& message)
+{
+    DesktopNotification().show(ApplicationIdentity::displayName(), message);
+}
+
+void sayWhenReady(QQuickWindow& window)
+{
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, &window,
+        [] { printToConsole(ApplicationIdentity::displayName() + QStringLiteral(" is ready.")); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
+int run(const StoragePlaces& places, WindowActivation& windowActivation)
+{
+    const std::optional<QString> lastFatalError = takeFatalErrorRecord(places.fatalErrorRecord());
+    setFatalErrorRecord(places.fatalErrorRecord());
+    setFatalErrorNotifier(notify);
+
+    Preferences userDefaults(places.preferenceFile());
+    AppDelegate appDelegate(places.collectionFolder());
+    appDelegate.applicationDidFinishLaunching();
+
+    PortalInterfaceStyle interfaceStyle;
+    LinuxFonts fonts;
+    BundleResources resources;
+    UserInterface interface(appDelegate, userDefaults, {interfaceStyle, fonts, resources, windowActivation});
+    if (lastFatalError)
+        interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
+                                             .arg(ApplicationIdentity::displayName(), *lastFatalError));
+    sayWhenReady(interface.load());
+    return QGuiApplication::exec();
+}
+
+int start()
+{
+    const StoragePlaces places;
+    if (const std::optional<QString> problem = places.prepare()) {
+        printFailure(*problem);
+        notify(*problem);
+        return EXIT_FAILURE;
+    }
+    SingleInstance instance(places.instanceLock());
+    switch (instance.start()) {
+    case SingleInstance::Outcome::First:
+        return run(places, instance);
+    case SingleInstance::Outcome::OtherShown:
+        return EXIT_SUCCESS;
+    case SingleInstance::Outcome::OtherRunning:
+        break;
+    }
+    return EXIT_FAILURE;
+}
+
+} // namespace
+
+} // namespace giggle
+
+int main(int argc, char* argv[])
+{
+    giggle::ignoreFileSizeSignal();
+    const bool isPlatformGiven = qEnvironmentVariableIsSet(giggle::PlatformVariable);
+    if (!isPlatformGiven)
+        giggle::choosePlatformPlugin();
+    const QGuiApplication application(argc, argv);
+    if (giggle::isWithoutDisplay()) {
+        if (!isPlatformGiven)
+            giggle::printFailure(QStringLiteral("There is no display that a window could be shown on."));
+        // There is no graphics card to draw with either.
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    }
+    giggle::introduceApplication();
+    return giggle::start();
+}

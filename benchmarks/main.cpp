@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "benchmarks/Collections.h"
+#include "benchmarks/ResultTable.h"
+#include "store/TextSearch.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+
+#include <unistd.h>
+
+namespace {
+
+using namespace giggle;
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// Runs both sides in turn, so that whatever slows the machine down for a while slows down both.
+void compare(benchmark::State& state, Collections& collections, const Figure& figure)
+{
+    const Sides sides = figure.prepare(collections, static_cast<std::size_t>(state.range(0)));
+    std::vector<double> ours;
+    std::vector<double> baseline;
+    for (auto round : state) {
+        (void)round;
+        ours.push_back(sides.ours());
+        baseline.push_back(sides.baseline());
+        state.SetIterationTime(ours.back());
+    }
+    state.counters["ours"] = median(ours);
+    state.counters["baseline"] = median(baseline);
+}
+
+std::size_t residentBytes()
+{
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
+/// Prints by how many bytes opening the collection in @p folder, ready for searches, makes this process grow.
+int printResidentBytes(const QString& folder)
+{
+    const std::size_t before = residentBytes();
+    const PersistentContainer container = Collections::open(folder);
+    Collections::materialise(container);
+    (void)TextSearch::prepare(container.viewContext(), 0, LargestSize);
+    std::printf("%zu\n", residentBytes() - before);
+    return 0;
+}
+
+std::vector<Figure> allFigures()
+{
+    std::vector<Figure> figures = storeFigures();
+    std::ranges::move(searchFigures(), std::back_inserter(figures));
+    std::ranges::move(exchangeFigures(), std::back_inserter(figures));
+    return figures;
+}
+
+} // namespace
+
+/// Arguments: --quick for a third of the rounds, and those of Google Benchmark, such as --benchmark_filter.
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3 && arguments[1] == QLatin1StringView("--resident"))
+        return printResidentBytes(arguments[2]);
+    const bool isQuick = arguments.contains(QLatin1StringView("--quick"));
+    argc = static_cast<int>(std::remove(argv, argv + argc, std::string_view("--quick")) - argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+
+    Collections collections;
+    const std::vector<Figure> figures = allFigures();
+    for (const Figure& figure : figures)
+        benchmark::RegisterBenchmark(figure.name.c_str(), compare, std::ref(collections), figure)
+            ->Arg(1000)
+            ->Arg(8000)
+            ->Arg(LargestSize)
+            ->Iterations(isQuick ? (figure.rounds + 2) / 3 : figure.rounds)
+            ->UseManualTime();
+    ResultTable table(figures);
+    benchmark::RunSpecifiedBenchmarks(&table);
+    return 0;
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// The joke list: segments in the navigation bar, tools and search above the rows. In a wide window tools and search
+// share a line, so that a low one has room for rows.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import GiggleArchives
+
+AppPage {
+    id: page
+
+    required property NewMainListTableViewController screen
+    readonly property bool isWide: width >= 560
+    readonly property bool isSearching: screen.searchText.length > 0
+    readonly property bool showsFavorites: screen.selectedSegment === 3
+
+    title: screen.title
+    titleView: SegmentedControl {
+        titles: page.screen.segmentTitles
+        currentIndex: page.screen.selectedSegment
+        onActivated: index => page.screen.selectedSegment = index
+    }
+
+    Shortcut {
+        sequence: "Ctrl+N"
+        enabled: page.isActive && addButton.enabled
+        onActivated: addButton.clicked()
+    }
+    Shortcut {
+        sequence: "Ctrl+P"
+        enabled: page.isActive && printButton.enabled
+        onActivated: printButton.clicked()
+    }
+    Shortcut {
+        sequence: "Ctrl+F"
+        enabled: page.isActive
+        onActivated: {
+            searchBar.forceActiveFocus(Qt.ShortcutFocusReason);
+            searchBar.selectAll();
+        }
+    }
+
+    component ToolButton: IconButton {
+        Layout.fillWidth: !page.isWide
+        Layout.preferredWidth: 1.5 * Theme.touchTarget
+        fill: Theme.yellow
+        borderWidth: 1
+    }
+
+    GridLayout {
+        id: tools
+
+        y: Theme.unit / 2
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth)
+        columns: page.isWide ? 2 : 1
+        columnSpacing: Theme.unit
+        rowSpacing: Theme.unit
+
+        RowLayout {
+            Layout.fillWidth: !page.isWide
+            spacing: Theme.unit
+
+            ToolButton {
+                id: addButton
+
+                objectName: "AddButton"
+                text: qsTr("Add")
+                iconSource: Theme.icon("add", false)
+                enabled: page.screen.canPerform(Segues.AddJoke)
+                onClicked: page.screen.AddTapped()
+            }
+            ToolButton {
+                objectName: "SortButton"
+                text: qsTr("Sort")
+                iconSource: Theme.icon("sort", false)
+                onClicked: page.screen.SortJokesTapped()
+            }
+            ToolButton {
+                objectName: "ShareButton"
+                text: qsTr("Share")
+                iconSource: Theme.icon("share", false)
+                enabled: false
+            }
+            ToolButton {
+                id: printButton
+
+                objectName: "PrintButton"
+                text: qsTr("Print")
+                iconSource: Theme.icon("print", false)
+                enabled: false
+            }
+        }
+        SearchField {
+            id: searchBar
+
+            Layout.fillWidth: true
+            placeholderText: page.screen.searchPlaceholder
+            text: page.screen.searchText
+            onTextChanged: page.screen.searchText = text
+            Keys.onDownPressed: table.forceActiveFocus(Qt.TabFocusReason)
+        }
+    }
+
+    TableHeader {
+        id: header
+
+        anchors.top: tools.bottom
+        anchors.topMargin: Theme.unit
+        width: parent.width
+        text: page.screen.JokeTableView.headerText
+    }
+
+    TableList {
+        id: table
+
+        objectName: "JokeTableView"
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        focus: true
+        name: page.title
+        model: page.screen.JokeTableView
+        delegate: NewMainListRow {
+            onClicked: page.screen.selectRow(index)
+            onActionTriggered: page.screen.deleteRow(index)
+            onFavoriteTicked: checked => page.screen.checkBoxClicked(index, checked)
+        }
+        emptyTitle: page.isSearching ? qsTr("Nothing found") : page.showsFavorites ? qsTr("No favorites yet") : qsTr("No jokes yet")
+        emptyHint: page.isSearching ? qsTr("Try fewer letters, or search in another segment.") : page.showsFavorites ? qsTr("Mark a joke as a favorite while you edit it, and it is listed here.") : qsTr("Add a joke, or import some from a file: see the menu.")
+    }
+}

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// One joke in the joke list: category and check box, the joke, its rating. Thousands of rows fly past, so it has few
+// items and computes its own layout. The check box follows the cell until it is ticked, which `favoriteTicked` tells.
+import QtQuick
+import GiggleArchives
+
+SwipeRow {
+    id: row
+
+    required property newMainListTableViewCell cell
+    readonly property real margin: 1.5 * Theme.unit
+
+    signal favoriteTicked(bool checked)
+
+    name: cell.accessibleName || qsTr("Empty row")
+    actionText: qsTr("delete")
+    height: cell.hasContent ? rating.y + rating.height + Theme.unit : Theme.touchTarget
+    onSpacePressed: if (cell.hasContent)
+        favoriteBox.toggle()
+    onCellChanged: showFavorite()
+    Component.onCompleted: showFavorite()
+
+    Text {
+        id: category
+
+        x: row.margin
+        y: Theme.unit / 2
+        width: favoriteBox.x - x
+        height: Math.max(implicitHeight + Theme.unit, favoriteBox.height)
+        verticalAlignment: Text.AlignVCenter
+        text: row.cell.CategoryLabel
+        textFormat: Text.PlainText
+        color: Theme.brightInk
+        font.pixelSize: Theme.smallSize
+        wrapMode: Text.Wrap
+    }
+    VaneCheckbox {
+        id: favoriteBox
+
+        x: row.width - width - Theme.unit / 2
+        y: Theme.unit / 2
+        visible: row.cell.hasContent
+        activeFocusOnTab: row.ListView.isCurrentItem
+        name: qsTr("Favorite")
+        onClicked: row.favoriteTicked(checked)
+    }
+    Text {
+        id: joke
+
+        x: row.margin
+        y: category.y + category.height
+        width: row.width - 2 * row.margin
+        // The line feed behind the text is no empty line to look at.
+        text: row.cell.JokeLabel.replace(/\n$/, "")
+        textFormat: Text.PlainText
+        color: row.cell.hasTextColor ? row.cell.textColor : Theme.brightInk
+        font.family: row.cell.fontFamily
+        font.pixelSize: Math.max(1, row.cell.fontPixelSize * Theme.textScale)
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+    }
+    Text {
+        id: rating
+
+        x: row.margin
+        y: joke.y + joke.height + Theme.unit
+        width: joke.width
+        text: row.cell.RatingLabel
+        textFormat: Text.PlainText
+        color: Theme.brightInk
+        font.pixelSize: Theme.smallSize
+        wrapMode: Text.Wrap
+    }
+
+    function showFavorite() {
+        favoriteBox.checkState = cell.favorite ? Qt.Checked : Qt.Unchecked;
+    }
+}

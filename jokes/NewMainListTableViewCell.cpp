@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "jokes/NewMainListTableViewCell.h"
+
+#include "jokes/CheckBoxSelectionDelegate.h"
+#include "ui/SharedSelection.h"
+
+#include <QStringList>
+
+namespace giggle {
+
+QString NewMainListTableViewCell::accessibleName() const
+{
+    QStringList parts;
+    for (const QString& label : {JokeLabel, CategoryLabel, RatingLabel})
+        if (const QString part = label.trimmed(); !part.isEmpty())
+            parts.append(part);
+    return parts.join(QStringLiteral(", "));
+}
+
+void NewMainListTableViewCell::CheckBoxClicked(bool isChecked, SharedSelection& selection) const
+{
+    selection.SelectedFavorite = isChecked ? QStringLiteral("T") : QStringLiteral("F");
+    if (checkBoxDelegate)
+        checkBoxDelegate->checkBoxSelectionChanged(isChecked, cellIndexPath);
+}
+
+} // namespace giggle

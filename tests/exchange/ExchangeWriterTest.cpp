@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/format/ExchangeWriter.h"
+
+#include "tests/support/CollectionFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+using std::string_literals::operator""s;
+
+TEST(ExchangeWriterTest, EmptyCollectionHasTheThreeMarkers)
+{
+    CollectionFolder folder;
+    PersistentContainer container = folder.open();
+    EXPECT_EQ(writeCollection(container.viewContext()), "[GIGGLEARCHIVES]\n\n[CATEGORY]\n\n[RATING]\n");
+}
+
+TEST(ExchangeWriterTest, CollectionIsWrittenByteForByte)
+{
+    CollectionFolder folder;
+    PersistentContainer container = folder.open();
+    ManagedObjectContext& context = container.viewContext();
+    insertJoke(
+        context,
+        {.category = "\xC3\x89tude", .rating = "Mild", .id = 7, .joke = "Code points decide the order"});
+    insertJoke(context, {.category = "Puns",
+                         .id = 32767,
+                         .favorite = true,
+                         .joke = "Tab\there, caf\xC3\xA9 \xF0\x9F\x98\x80, return\rin the middle"});
+    insertJoke(context, {.category = "Dad",
+                         .rating = "\"Teens\", it's",
+                         .id = 1,
+                         .favorite = false,
+                         .joke = "Caret ^, quote \", apostrophe ', escape @#@ and ~#~ of its own"});
+    insertJoke(
+        context,
+        {.category = "Dad", .rating = "All Ages", .id = 2, .favorite = true, .joke = "- One\n- Two\n"});
+    insertJoke(context, {.category = "", .rating = "Mild", .id = 5, .joke = ""});
+    insertJoke(context, {.id = -32768, .joke = "Nothing but a text"});
+    insertJoke(context, {});
+    for (const OptionalText name :
+         {OptionalText("dad"), OptionalText("Puns"), OptionalText(""), OptionalText(), OptionalText("Dad")})
+        insertCategory(context, name);
+    insertRating(context, "Mild");
+    insertRating(context, std::nullopt);
+    EXPECT_EQ(
+        writeCollection(context),
+        readBytes(QStringLiteral(GIGGLE_SOURCE_DIR "/tests/exchange/fixtures/exported.csv")).toStdString());
+}
+
+TEST(ExchangeWriterTest, NothingIsCutShortOrCleanedUp)
+{
+    CollectionFolder folder;
+    PersistentContainer container = folder.open();
+    ManagedObjectContext& context = container.viewContext();
+    const std::string large(3'000'000, '^');
+    insertJoke(context, {.category = "a\0^\nb"s, .joke = "\0\n\x01"s});
+    insertJoke(context, {.category = "b", .joke = large});
+    const std::string text = writeCollection(context);
+    const std::string start = "[GIGGLEARCHIVES]\na\0^\nb^^0^F^\0@#@\x01\nb^^0^F^"s;
+    EXPECT_EQ(text.substr(0, start.size()), start);
+    EXPECT_EQ(text.size(),
+              start.size() + 3 * large.size() + std::string("\n\n[CATEGORY]\n\n[RATING]\n").size());
+}
+
+} // namespace
+
+} // namespace giggle

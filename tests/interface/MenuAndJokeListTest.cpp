@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/InterfaceFixture.h"
+
+#include <QTest>
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class MenuAndJokeList : public InterfaceFixture {
+protected:
+    void fill()
+    {
+        skipSeeding();
+        insertJoke(context(), {.category = "Animal", .rating = "Mild", .id = 1, .favorite = true, .joke = "Moo"});
+        insertJoke(context(), {.category = "Corny", .rating = "Adult", .id = 2, .joke = "Pop"});
+        insertJoke(context(), {.category = "Dad", .id = 3, .joke = "Hi Hungry"});
+        context().save();
+    }
+
+    void openList()
+    {
+        openArea(u"Joke List"_qs);
+        waitFor(QAccessible::Heading, u"# Jokes = 3"_qs);
+    }
+
+    QStringList rows() { return names(QAccessible::ListItem); }
+
+    std::size_t storedJokes() { return context().fetch(Jokes::fetchRequest()).size(); }
+};
+
+const QString Moo = u"Moo, Category: Animal, Rating: Mild"_qs;
+const QString Pop = u"Pop, Category: Corny, Rating: Adult"_qs;
+const QString HiHungry = u"Hi Hungry, Category: Dad, Rating: N/A"_qs;
+
+TEST_F(MenuAndJokeList, FirstLaunchSeedsAndRecommendsOnce)
+{
+    openWindow();
+    waitFor(QAccessible::Dialog, u"Initial Setup Recomendations?"_qs);
+    press(QAccessible::Button, u"Ok"_qs);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Button, u"Ok"_qs); }));
+    openArea(u"Joke List"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 188"_qs);
+
+    restart();
+    EXPECT_FALSE(find(QAccessible::Button, u"Ok"_qs));
+    openArea(u"Joke List"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 188"_qs);
+}
+
+TEST_F(MenuAndJokeList, MenuFoldsOutAndIsFoldedAgainOnReturn)
+{
+    fill();
+    openWindow();
+    EXPECT_FALSE(find(QAccessible::Button, u"Joke List"_qs));
+    press(QAccessible::Button, u"Menu"_qs);
+    const QStringList areas{u"Joke List"_qs, u"Add Joke"_qs, u"Jokes by Category"_qs, u"Joke of the Day"_qs,
+                            u"Print"_qs, u"Reference Lists"_qs, u"Default Settings"_qs, u"Import / Export"_qs,
+                            u"Rate / Share"_qs, u"Overview"_qs};
+    for (const QString& area : areas)
+        waitFor(QAccessible::Button, area);
+    press(QAccessible::Button, u"Overview"_qs); // its screen is still to come
+    press(QAccessible::Button, u"Joke List"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 3"_qs);
+    press(QAccessible::Button, u"Back"_qs);
+    waitFor(QAccessible::Button, u"Menu"_qs);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Button, u"Joke List"_qs); }));
+}
+
+TEST_F(MenuAndJokeList, SegmentsAndSortReorderTheRows)
+{
+    fill();
+    openWindow();
+    openList();
+    EXPECT_EQ(rows(), QStringList({Moo, Pop, HiHungry}));
+    press(QAccessible::Button, u"Sort"_qs);
+    ASSERT_TRUE(waitUntil([&] { return rows() == QStringList({HiHungry, Pop, Moo}); }));
+    press(QAccessible::RadioButton, u"Favorites"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 1"_qs);
+    EXPECT_TRUE(find(QAccessible::EditableText, u"Search by Favorite"_qs));
+}
+
+TEST_F(MenuAndJokeList, TypingNarrowsTheListAndLeavingItClearsTheSearch)
+{
+    fill();
+    openWindow();
+    openList();
+    key(Qt::Key_F, Qt::ControlModifier);
+    type(u"CORN"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 1 of 3"_qs);
+    EXPECT_EQ(rows(), QStringList({Pop}));
+    press(QAccessible::Button, u"Back"_qs);
+    waitFor(QAccessible::Button, u"Menu"_qs);
+    openList();
+}
+
+TEST_F(MenuAndJokeList, DeleteKeyDeletesTheRowForGood)
+{
+    fill();
+    openWindow();
+    openList();
+    waitFor(QAccessible::ListItem, Moo)->actionInterface()->doAction(
+        QAccessibleActionInterface::setFocusAction());
+    key(Qt::Key_Delete);
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    restart();
+    openArea(u"Joke List"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    EXPECT_FALSE(find(QAccessible::ListItem, Moo));
+}
+
+TEST_F(MenuAndJokeList, SwipingARowUncoversDelete)
+{
+    fill();
+    openWindow();
+    openList();
+    const QPoint from = centerOf(waitFor(QAccessible::ListItem, Pop));
+    QTest::mousePress(&window(), Qt::LeftButton, {}, from);
+    for (int moved = 0; moved <= 200; moved += 20)
+        QTest::mouseMove(&window(), from - QPoint(moved, 0), 10);
+    QTest::mouseRelease(&window(), Qt::LeftButton, {}, from - QPoint(200, 0));
+    press(QAccessible::Button, u"delete"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    EXPECT_EQ(storedJokes(), 2u);
+    EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::ListItem, Pop); })) << "the row is still shown";
+}
+
+TEST_F(MenuAndJokeList, TickingARowStoresNothing)
+{
+    fill();
+    openWindow();
+    openList();
+    press(QAccessible::CheckBox, u"Favorite"_qs);
+    EXPECT_FALSE(context().hasChanges());
+}
+
+TEST_F(MenuAndJokeList, EveryControlHasANameAtEverySize)
+{
+    fill();
+    for (const QSize size : {QSize(360, 640), QSize(720, 360), QSize(1280, 800)}) {
+        openWindow(size);
+        openList();
+        for (const auto role : {QAccessible::Button, QAccessible::CheckBox, QAccessible::EditableText,
+                                QAccessible::List, QAccessible::ListItem, QAccessible::RadioButton})
+            EXPECT_FALSE(names(role).contains(QString())) << "role " << role << " at width " << size.width();
+        EXPECT_FALSE(names(QAccessible::ListItem).isEmpty()) << size.width();
+    }
+}
+
+} // namespace
+
+} // namespace giggle

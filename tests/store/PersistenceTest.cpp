@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/CollectionFolder.h"
+#include "tests/support/FaultyVfs.h"
+
+#include <gmock/gmock.h>
+
+namespace giggle {
+
+namespace {
+
+using std::string_literals::operator""s;
+using testing::ElementsAre;
+
+/// The tables of version 1 and its header, word for word.
+constexpr const char* PinnedSchema =
+    "CREATE TABLE jokes(oid INTEGER PRIMARY KEY, category TEXT, favorite INTEGER CHECK (favorite IN (0, 1)), "
+    "id INTEGER CHECK (id BETWEEN -32768 AND 32767), joke TEXT, rating TEXT) STRICT;"
+    "CREATE TABLE category(oid INTEGER PRIMARY KEY, category TEXT) STRICT;"
+    "CREATE TABLE rating(oid INTEGER PRIMARY KEY, rating TEXT) STRICT;"
+    "PRAGMA application_id = 0x47696741; PRAGMA user_version = 1;";
+
+TEST(PersistenceTest, WhatIsSavedIsThereAgain)
+{
+    CollectionFolder folder;
+    std::vector<std::string> rows;
+    {
+        PersistentContainer container = folder.open();
+        ManagedObjectContext& context = container.viewContext();
+        const std::string everyByteOfAscii = [] {
+            std::string text;
+            for (int byte = 0; byte < 128; ++byte)
+                text += char(byte);
+            return text;
+        }();
+        const std::string large = std::string(1'000'000, 'x') + "\xF0\x9F\x98\x80";
+        insertJoke(context, {.category = everyByteOfAscii, .rating = "", .joke = std::string_view("\0", 1)});
+        insertJoke(context, {.id = -32768, .favorite = false, .joke = large});
+        insertJoke(context, {.category = "", .id = 32767, .favorite = true, .joke = ""});
+        Jokes& last = insertJoke(context, {});
+        insertCategory(context, std::nullopt);
+        insertCategory(context, std::string_view("a\0b", 3));
+        insertRating(context, "");
+        context.save();
+        rows = liveRows(context);
+        EXPECT_EQ(storedRows(folder.file()), rows);
+        context.deleteObject(last);
+        insertRating(context, "not saved");
+    }
+    PersistentContainer container = folder.open();
+    EXPECT_EQ(liveRows(container.viewContext()), rows);
+    EXPECT_FALSE(container.viewContext().hasChanges());
+    closeContainer(container);
+    EXPECT_THAT(folder.contents(), ElementsAre(testing::Key(QStringLiteral("Giggle_Archives.sqlite"))));
+}
+
+TEST(PersistenceTest, FileHasThePinnedForm)
+{
+    CollectionFolder folder;
+    static_cast<void>(folder.open());
+    CollectionFolder pinnedFolder;
+    RawDatabase pinned(pinnedFolder.file());
+    pinned.execute(PinnedSchema);
+    RawDatabase made(folder.file());
+    for (const char* question : {"SELECT type, name, tbl_name, sql FROM sqlite_schema", "PRAGMA user_version",
+                                 "PRAGMA application_id", "PRAGMA encoding"})
+        EXPECT_EQ(made.rows(question), pinned.rows(question));
+    EXPECT_EQ(made.value("PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(readBytes(folder.file()).mid(68, 4), "GigA");
+}
+
+TEST(PersistenceTest, CollectionMadeByAnotherProgramOpens)
+{
+    CollectionFolder folder;
+    RawDatabase(folder.file())
+        .execute(std::string(PinnedSchema) +
+                 "INSERT INTO jokes VALUES (-3, 'Puns', 1, 5, 'a' || char(0) || 'b', NULL), "
+                 "(40, NULL, NULL, NULL, NULL, ''); INSERT INTO rating VALUES (7, 'Mild')");
+    PersistentContainer container = folder.open();
+    EXPECT_EQ(liveRows(container.viewContext()), storedRows(folder.file()));
+    EXPECT_THAT(liveRows(container.viewContext()),
+                ElementsAre("-3|Puns|1|5|a\0b|NULL"s, "40|NULL|NULL|NULL|NULL|", "7|Mild"));
+    EXPECT_EQ(insertJoke(container.viewContext(), {}).oid(), 41);
+    container.viewContext().save();
+    EXPECT_EQ(storedRows(folder.file()), liveRows(container.viewContext()));
+}
+
+TEST(PersistenceTest, EmptyFileAndMissingFolderCountAsNone)
+{
+    CollectionFolder folder;
+    writeBytes(folder.file(), "");
+    PersistentContainer empty = folder.open();
+    PersistentContainer missing(QStringLiteral("Giggle_Archives"),
+                                folder.filePath(QStringLiteral("a/b c/ü")));
+    missing.loadPersistentStores([](const StoreError* error) { EXPECT_EQ(error, nullptr); });
+    for (PersistentContainer* container : {&empty, &missing}) {
+        insertJoke(container->viewContext(), {.id = 1});
+        container->viewContext().save();
+        EXPECT_EQ(storedRows(container->path()), liveRows(container->viewContext()));
+    }
+}
+
+TEST(PersistenceTest, FurtherContainersShareWhatIsOpen)
+{
+    CollectionFolder folder;
+    PersistentContainer first = folder.open();
+    Jokes& joke = insertJoke(first.viewContext(), {.id = 1});
+    {
+        PersistentContainer second = folder.open();
+        EXPECT_EQ(&second.viewContext(), &first.viewContext());
+        EXPECT_THAT(second.viewContext().fetch(Jokes::fetchRequest()), ElementsAre(&joke));
+    }
+    EXPECT_TRUE(first.viewContext().hasChanges());
+    first.viewContext().save();
+
+    PersistentContainer second = folder.open();
+    closeContainer(first);
+    EXPECT_THAT(second.viewContext().fetch(Jokes::fetchRequest()), ElementsAre(&joke));
+    closeContainer(second);
+    RawDatabase(folder.file()).execute("UPDATE jokes SET id = 2");
+    EXPECT_EQ(folder.open().viewContext().highestJokeId(), 2) << "the last one has not closed the file";
+}
+
+TEST(PersistenceTest, EverySaveIsForcedToTheDiskAndABulkOfThemAtItsEnd)
+{
+    CollectionFolder folder;
+    FaultyVfs vfs;
+    PersistentContainer container = folder.open();
+    ManagedObjectContext& context = container.viewContext();
+    const auto saveOne = [&] {
+        insertJoke(context, {.joke = "text"});
+        context.save();
+    };
+    for (int i = 0; i < 3; ++i) {
+        saveOne();
+        EXPECT_FALSE(vfs.hasUnsyncedLog());
+    }
+    {
+        BulkSaving bulk(context);
+        const int syncs = vfs.logSyncs();
+        for (int i = 0; i < 20; ++i)
+            saveOne();
+        EXPECT_EQ(vfs.logSyncs(), syncs);
+        EXPECT_TRUE(vfs.hasUnsyncedLog());
+        bulk.finish();
+        EXPECT_FALSE(vfs.hasUnsyncedLog());
+        bulk.finish();
+    }
+    saveOne();
+    EXPECT_FALSE(vfs.hasUnsyncedLog()) << "the bulk's end did not restore the forcing";
+    {
+        const BulkSaving leftByAnException(context);
+        saveOne();
+    }
+    EXPECT_FALSE(vfs.hasUnsyncedLog());
+
+    BulkSaving bulk(context);
+    saveOne();
+    vfs.failAt(1, FaultyVfs::Failing::FromThenOn);
+    EXPECT_THROW(bulk.finish(), StoreError);
+    vfs.disarm();
+    saveOne();
+    EXPECT_FALSE(vfs.hasUnsyncedLog());
+}
+
+} // namespace
+
+} // namespace giggle

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Navigator.h"
+
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace giggle {
+
+/// Writes down what screens ask of it and shows nothing.
+class FakeNavigator : public Navigator {
+public:
+    bool canPerform(SegueId segue) const override { return scenes.contains(segue); }
+
+    void performSegue(SegueId segue) override { performed.push_back(segue); }
+
+    void unwind(UnwindRoute route) override { unwound.push_back(route); }
+
+    void present(Alert alert) override { alerts.push_back(std::move(alert)); }
+
+    void setNavigationBarHidden(bool hidden) override { navigationBarHidden = hidden; }
+
+    std::set<SegueId> scenes;
+    std::vector<SegueId> performed;
+    std::vector<UnwindRoute> unwound;
+    std::vector<Alert> alerts;
+    std::optional<bool> navigationBarHidden; ///< nothing until a screen has said
+};
+
+} // namespace giggle

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+
+namespace giggle {
+
+/// A plain SQLite connection, as another program has one: what it reads does not depend on the store's code.
+/// Failures are thrown as std::runtime_error.
+class RawDatabase {
+public:
+    /// Opens the file, and makes it when it is not there.
+    explicit RawDatabase(const QString& path);
+
+    void execute(const std::string& sql);
+
+    /// Each row as its columns joined by "|", unset ones as "NULL".
+    [[nodiscard]] std::vector<std::string> rows(const std::string& sql);
+
+    /// The only column of the only row.
+    [[nodiscard]] std::string value(const std::string& sql) { return rows(sql).at(0); }
+
+private:
+    struct Closer {
+        void operator()(sqlite3* handle) const;
+    };
+
+    std::unique_ptr<sqlite3, Closer> m_handle;
+};
+
+} // namespace giggle

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "ui/NavigationController.h"
+
+#include "tests/support/ScreenFixture.h"
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+#include <string>
+
+namespace giggle {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Journal = std::vector<std::string>;
+
+/// Writes its life down in a journal that it shares with the others.
+class RecordingScreen : public Screen {
+public:
+    RecordingScreen(ScreenEnvironment& environment, Journal& journal, std::string name,
+                    std::optional<UnwindRoute> route)
+        : Screen(environment), m_journal(journal), m_name(std::move(name)), m_route(route)
+    {
+    }
+
+    ~RecordingScreen() override { note("deleted"); }
+
+    QString title() const override { return QString::fromStdString(m_name); }
+
+    bool isTargetOf(UnwindRoute route) const override { return route == m_route; }
+
+    void viewDidLoad() override { note("load"); }
+
+    void viewWillAppear() override { note("will appear"); }
+
+    void viewDidAppear() override { note("did appear"); }
+
+    void viewDidDisappear() override { note("did disappear"); }
+
+    void prepareForSegue(SegueId) override { note("prepare"); }
+
+    void unwound(UnwindRoute) override { note("unwound"); }
+
+private:
+    void note(const std::string& event) { m_journal.push_back(m_name + " " + event); }
+
+    Journal& m_journal;
+    std::string m_name;
+    std::optional<UnwindRoute> m_route;
+};
+
+/// The menu, the list above it and the editor above that. Every other way leads nowhere.
+class RecordingScenes : public SceneFactory {
+public:
+    RecordingScenes(ScreenEnvironment& environment, Journal& journal)
+        : m_environment(environment), m_journal(journal)
+    {
+    }
+
+    bool hasScene(SegueId segue) const override
+    {
+        return segue == SegueId::JokeList || segue == SegueId::EditJoke;
+    }
+
+    Scene makeRoot() override { return make("menu", UnwindRoute::ToMenu); }
+
+    Scene makeScene(SegueId segue) override
+    {
+        return segue == SegueId::JokeList ? make("list", UnwindRoute::ToList) : make("editor", std::nullopt);
+    }
+
+private:
+    Scene make(const std::string& name, std::optional<UnwindRoute> route)
+    {
+        return {std::make_unique<RecordingScreen>(m_environment, m_journal, name, route),
+                QUrl(QString::fromStdString(name + ".qml"))};
+    }
+
+    ScreenEnvironment& m_environment;
+    Journal& m_journal;
+};
+
+class NavigationControllerTest : public ScreenFixture {
+protected:
+    NavigationControllerTest()
+    {
+        QObject::connect(&navigation, &NavigationController::pushed, &navigation,
+                         [this](Screen* screen) { pages.push_back(screen); });
+        QObject::connect(&navigation, &NavigationController::popped, &navigation, [this](int count) {
+            popCounts.push_back(count);
+            pages.resize(pages.size() - static_cast<std::size_t>(count));
+        });
+    }
+
+    /// The pages' transition has ended.
+    void settle() { navigation.pageDidAppear(pages.back()); }
+
+    void open(SegueId segue)
+    {
+        navigation.performSegue(segue);
+        settle();
+    }
+
+    /// Opens the menu, the list and the editor, and clears the journal.
+    void openAll()
+    {
+        navigation.start();
+        settle();
+        open(SegueId::JokeList);
+        open(SegueId::EditJoke);
+        journal.clear();
+    }
+
+    static Alert alertNamed(const QString& title, std::function<void()> handler = {})
+    {
+        return {title, {}, {{QStringLiteral("OK"), std::move(handler)}}};
+    }
+
+    Journal journal;
+    RecordingScenes scenes{environment, journal};
+    NavigationController navigation{scenes};
+    std::vector<Screen*> pages;
+    std::vector<int> popCounts;
+};
+
+} // namespace
+
+TEST_F(NavigationControllerTest, RunsTheLifeCycleOfAPush)
+{
+    navigation.start();
+    EXPECT_THAT(journal, ElementsAre("menu load", "menu will appear"));
+    settle();
+    journal.clear();
+
+    navigation.performSegue(SegueId::JokeList);
+    EXPECT_THAT(journal, ElementsAre("menu prepare", "list load", "list will appear"));
+    journal.clear();
+    settle();
+    settle();
+    EXPECT_THAT(journal, ElementsAre("menu did disappear", "list did appear"));
+    EXPECT_EQ(navigation.depth(), 2);
+}
+
+TEST_F(NavigationControllerTest, RunsTheLifeCycleOfAWayBack)
+{
+    openAll();
+    Screen* editor = pages.back();
+    navigation.back();
+    EXPECT_THAT(journal, ElementsAre("list will appear"));
+    settle();
+    EXPECT_THAT(journal, ElementsAre("list will appear", "editor did disappear", "list did appear"));
+    journal.clear();
+
+    navigation.pageRemoved(editor);
+    EXPECT_THAT(journal, IsEmpty()) << "deleted while the page may still look at it";
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_THAT(journal, ElementsAre("editor deleted"));
+}
+
+TEST_F(NavigationControllerTest, NeverTakesTheRootAway)
+{
+    navigation.start();
+    navigation.start();
+    settle();
+    navigation.back();
+    EXPECT_EQ(navigation.depth(), 1);
+    EXPECT_THAT(popCounts, IsEmpty());
+}
+
+TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTarget)
+{
+    openAll();
+    navigation.unwind(UnwindRoute::ToMenu);
+    settle();
+    EXPECT_THAT(journal,
+                ElementsAre("menu unwound", "menu will appear", "editor did disappear", "menu did appear"))
+        << "the list was covered all the time";
+    EXPECT_THAT(popCounts, ElementsAre(2));
+}
+
+TEST_F(NavigationControllerTest, LeavesEverythingAsItIsWithoutATarget)
+{
+    openAll();
+    navigation.unwind(UnwindRoute::ToRatingList);
+    EXPECT_THAT(journal, IsEmpty());
+    EXPECT_EQ(navigation.depth(), 3);
+
+    // The screen on top is no way back to itself.
+    navigation.back();
+    settle();
+    journal.clear();
+    navigation.unwind(UnwindRoute::ToList);
+    EXPECT_THAT(journal, IsEmpty());
+}
+
+TEST_F(NavigationControllerTest, DropsTheSecondOfTwoQuickPresses)
+{
+    navigation.start();
+    settle();
+    navigation.performSegue(SegueId::JokeList);
+    navigation.performSegue(SegueId::JokeList);
+    EXPECT_EQ(navigation.depth(), 2);
+
+    settle();
+    navigation.performSegue(SegueId::JokeList);
+    EXPECT_EQ(navigation.depth(), 3) << "once the page is there, a press is meant";
+}
+
+TEST_F(NavigationControllerTest, GoesBackBeforeThePageHasComeToRest)
+{
+    navigation.start();
+    settle();
+    navigation.performSegue(SegueId::JokeList);
+    journal.clear();
+    navigation.back();
+    settle();
+    EXPECT_THAT(journal, ElementsAre("menu will appear", "list did disappear", "menu did appear"));
+}
+
+TEST_F(NavigationControllerTest, OpensNothingBehindAWayWithoutAScene)
+{
+    navigation.start();
+    journal.clear();
+    EXPECT_FALSE(navigation.canPerform(SegueId::Print));
+    navigation.performSegue(SegueId::Print);
+    EXPECT_THAT(journal, IsEmpty());
+    EXPECT_EQ(navigation.depth(), 1);
+}
+
+TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
+{
+    EXPECT_FALSE(navigation.alert().shown);
+    bool wasAlertAway = false;
+    navigation.present(alertNamed(QStringLiteral("first"), [&] {
+        wasAlertAway = !navigation.alert().shown;
+        navigation.present(alertNamed(QStringLiteral("third")));
+    }));
+    navigation.present(alertNamed(QStringLiteral("second")));
+
+    EXPECT_EQ(navigation.alert().title, QStringLiteral("first"));
+    EXPECT_EQ(navigation.alert().actions, QStringList({"OK"}));
+    navigation.alertAnswered(1);
+    EXPECT_EQ(navigation.alert().title, QStringLiteral("first")) << "there is no second button";
+    navigation.alertAnswered(0);
+    EXPECT_TRUE(wasAlertAway);
+    EXPECT_EQ(navigation.alert().title, QStringLiteral("second"));
+    navigation.alertAnswered(0);
+    EXPECT_EQ(navigation.alert().title, QStringLiteral("third"));
+    navigation.alertAnswered(0);
+    EXPECT_FALSE(navigation.alert().shown);
+    navigation.alertAnswered(0);
+}
+
+TEST_F(NavigationControllerTest, KeepsANoticeUntilItIsDismissed)
+{
+    navigation.setNotice(QStringLiteral("why"));
+    QSignalSpy changes(&navigation, &NavigationController::noticeChanged);
+    navigation.present(alertNamed(QStringLiteral("alert")));
+    navigation.alertAnswered(0);
+    EXPECT_EQ(navigation.notice(), QStringLiteral("why"));
+    navigation.dismissNotice();
+    EXPECT_EQ(navigation.notice(), QString());
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(NavigationControllerTest, APageThatCannotBeLoadedEndsTheProgram)
+{
+    EXPECT_DEATH(
+        navigation.pageFailed(QUrl(QStringLiteral("qrc:/a/Page.qml")), QStringLiteral("no such type")),
+        "Page.qml cannot be shown: no such type");
+}
+
+} // namespace giggle

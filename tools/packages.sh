@@ -1,0 +1,70 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2034
+# The Debian packages that each purpose takes, as lists for install-packages.sh. Qt's own libraries are not named:
+# the -dev packages bring them.
+
+build=(
+    ccache
+    cmake
+    g++
+    libsqlite3-dev
+    ninja-build
+    pkg-config
+    qt6-base-dev
+    qt6-declarative-dev
+    qt6-pdf-dev
+    qt6-svg-dev
+)
+
+# Some are loaded by other modules alone: without qtqml-workerscript no control loads, and without
+# qt-labs-folderlistmodel the file dialog crashes.
+application=(
+    fonts-liberation2
+    qml6-module-qt-labs-folderlistmodel
+    qml6-module-qtqml
+    qml6-module-qtqml-workerscript
+    qml6-module-qtquick
+    qml6-module-qtquick-controls
+    qml6-module-qtquick-dialogs
+    qml6-module-qtquick-layouts
+    qml6-module-qtquick-pdf
+    qml6-module-qtquick-shapes
+    qml6-module-qtquick-templates
+    qml6-module-qtquick-window
+)
+
+# For a session that has Wayland and nothing else.
+wayland=(
+    qt6-wayland
+)
+
+# For a machine without a display: see virtual-display.sh.
+display=(
+    at-spi2-core
+    dbus-bin
+    dbus-daemon
+    matchbox-window-manager
+    novnc
+    tigervnc-standalone-server
+    tigervnc-tools
+    websockify
+    xauth
+)
+
+tests=(
+    at-spi2-core
+    dbus
+    gir1.2-atspi-2.0
+    libgmock-dev
+    libgtest-dev
+    python3
+    python3-gi
+    qml6-module-qttest
+    qt6-declarative-dev-tools
+    xauth
+    xvfb
+)
+
+benchmarks=(
+    libbenchmark-dev
+)

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace giggle {
+
+/// One button of an alert. The handler may be empty; it runs after the alert has been taken away.
+struct AlertAction {
+    QString title;
+    std::function<void()> handler;
+};
+
+/// A dialog with a title, a message and one or more buttons, shown over the current screen.
+struct Alert {
+    QString title;
+    QString message;
+    std::vector<AlertAction> actions;
+};
+
+} // namespace giggle

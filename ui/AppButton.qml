@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// A push button in the application's look. Space, Enter, a tap and a screen reader's press send `clicked`; while it
+// is disabled nothing does. Its text is its accessible name.
+import QtQuick
+import QtQuick.Controls.Basic
+import GiggleArchives
+
+Button {
+    id: control
+
+    property color fill: Theme.surface
+    property color ink: Theme.text
+    property int borderWidth: Theme.borderWidth
+
+    padding: Theme.unit
+    leftPadding: 2 * Theme.unit
+    rightPadding: 2 * Theme.unit
+    implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + 2 * padding)
+    font.pixelSize: Theme.bodySize
+
+    Accessible.name: text
+    Accessible.description: enabled ? "" : qsTr("unavailable")
+    Accessible.onPressAction: if (enabled) clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    contentItem: Text {
+        text: control.text
+        font: control.font
+        color: control.ink
+        opacity: control.enabled ? 1 : 0.5
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        wrapMode: Text.Wrap
+    }
+    background: Item {
+        implicitWidth: Theme.touchTarget
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.radius
+            color: control.down ? Qt.tint(control.fill, "#30808080") : control.fill
+            border.width: control.borderWidth
+            border.color: Theme.buttonBorder
+            opacity: control.enabled ? 1 : 0.5
+        }
+        FocusRing {
+            visible: control.visualFocus
+        }
+    }
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "ui/Appearance.h"
+
+#include "platform/InterfaceStyle.h"
+
+#include <QEvent>
+#include <QFont>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace giggle {
+
+namespace {
+
+// The largest font that a desktop has unless its user enlarges it, and the resolution to which it relates.
+constexpr double UsualPointSize = 11;
+constexpr double UsualDotsPerInch = 96;
+constexpr double PointsPerInch = 72;
+
+constexpr double LargestScale = 3;
+
+// Scaling a whole screen does not show here; scaling its texts alone raises the resolution or the font.
+double systemTextScale()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double resolution = screen ? screen->logicalDotsPerInch() / UsualDotsPerInch : 1;
+    const QFont font = QGuiApplication::font();
+    const double pointSize =
+        font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * PointsPerInch / UsualDotsPerInch;
+    return std::clamp(resolution * std::max(1.0, pointSize / UsualPointSize), 1.0, LargestScale);
+}
+
+} // namespace
+
+Appearance::Appearance(InterfaceStyle& interfaceStyle)
+    : m_interfaceStyle(interfaceStyle), m_textScale(systemTextScale())
+{
+    connect(&interfaceStyle, &InterfaceStyle::changed, this, &Appearance::darkChanged);
+    qGuiApp->installEventFilter(this);
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        connect(screen, &QScreen::logicalDotsPerInchChanged, this, &Appearance::updateTextScale);
+}
+
+bool Appearance::dark() const
+{
+    return m_interfaceStyle.current() == InterfaceStyle::Style::Dark;
+}
+
+void Appearance::setReduceMotion(bool reduceMotion)
+{
+    if (reduceMotion == m_reduceMotion)
+        return;
+    m_reduceMotion = reduceMotion;
+    emit reduceMotionChanged();
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange && watched == qGuiApp)
+        updateTextScale();
+    return QObject::eventFilter(watched, event);
+}
+
+void Appearance::updateTextScale()
+{
+    const double scale = systemTextScale();
+    if (qFuzzyCompare(scale, m_textScale))
+        return;
+    m_textScale = scale;
+    emit textScaleChanged();
+}
+
+} // namespace giggle

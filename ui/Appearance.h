@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace giggle {
+
+class InterfaceStyle;
+
+/// What the pages follow of the system's settings, live.
+class Appearance : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes the only one.")
+    Q_PROPERTY(bool dark READ dark NOTIFY darkChanged)
+    Q_PROPERTY(double textScale READ textScale NOTIFY textScaleChanged)
+    Q_PROPERTY(bool reduceMotion READ reduceMotion NOTIFY reduceMotionChanged)
+
+public:
+    /// @p interfaceStyle must outlive this object. Needs a QGuiApplication.
+    explicit Appearance(InterfaceStyle& interfaceStyle);
+
+    [[nodiscard]] bool dark() const;
+
+    /// How large texts are drawn: 1 at the usual size of the system's font, at most 3. Smaller fonts do not
+    /// shrink the texts.
+    [[nodiscard]] double textScale() const { return m_textScale; }
+
+    /// Whether the user wants no animations.
+    [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
+
+    void setReduceMotion(bool reduceMotion);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    void darkChanged();
+    void textScaleChanged();
+    void reduceMotionChanged();
+
+private:
+    void updateTextScale();
+
+    InterfaceStyle& m_interfaceStyle;
+    double m_textScale = 1;
+    bool m_reduceMotion = false;
+};
+
+} // namespace giggle

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace giggle {
+
+inline constexpr std::array<std::string_view, 18> DefaultCategoryNames{
+    "Animal",    "Blonde", "Observational", "Anecdotal",   "Situational",      "Character",
+    "One-liner", "Ironic", "Deadpan",       "Farcical",    "Self-deprecating", "Slapstick",
+    "Chicken",   "Corny",  "Dad",           "Knock Knock", "Wordplay",         "Parody",
+};
+
+inline constexpr std::array<std::string_view, 8> DefaultRatingNames{
+    "All Ages", "Children", "Teenagers", "Mild", "Mild+", "Moderate", "Adult", "Adult+",
+};
+
+} // namespace giggle

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ListDisplaySettings.h"
+
+#include "platform/Fonts.h"
+#include "store/FatalError.h"
+#include "store/PreferenceKeys.h"
+#include "store/Preferences.h"
+#include "ui/DisplayText.h"
+
+#include <array>
+
+namespace giggle {
+
+namespace {
+
+struct NamedColor {
+    QStringView name;
+    Qt::GlobalColor color;
+};
+
+constexpr std::array NamedColors{
+    NamedColor{u"black", Qt::black}, NamedColor{u"blue", Qt::blue},       NamedColor{u"red", Qt::red},
+    NamedColor{u"green", Qt::green}, NamedColor{u"magenta", Qt::magenta}, NamedColor{u"white", Qt::white},
+};
+
+} // namespace
+
+std::optional<QColor> colorNamed(const QString& name)
+{
+    for (const NamedColor& candidate : NamedColors)
+        if (name == candidate.name)
+            return candidate.color;
+    return std::nullopt;
+}
+
+ListDisplaySettings ListDisplaySettings::read(const Preferences& userDefaults)
+{
+    ListDisplaySettings settings{PreferenceDefaults::ListFontName.toString(),
+                                 PreferenceDefaults::ListFontSize,
+                                 PreferenceDefaults::ListFontColor.toString()};
+    if (userDefaults.isPresent(PreferenceKeys::ListFontName))
+        settings.ListFontName = userDefaults.text(PreferenceKeys::ListFontName);
+    if (userDefaults.isPresent(PreferenceKeys::ListFontSize))
+        settings.ListFontSize = userDefaults.real(PreferenceKeys::ListFontSize);
+    if (userDefaults.isPresent(PreferenceKeys::ListFontColor))
+        settings.ListFontColor = userDefaults.text(PreferenceKeys::ListFontColor);
+    return settings;
+}
+
+QFont ListDisplaySettings::requiredFont(Fonts& fonts) const
+{
+    std::optional<QFont> font = fonts.font(ListFontName, ListFontSize);
+    if (!font)
+        fatalError(QStringLiteral("The list font \"%1\" is not installed.").arg(ListFontName), __FILE__,
+                   __LINE__);
+    return *font;
+}
+
+AttributedText ListDisplaySettings::rowText(OptionalText joke, const QFont& font) const
+{
+    AttributedText text;
+    text.append(filteredForDisplay(joke.value_or("")) + u'\n',
+                {colorNamed(ListFontColor), font, Qt::AlignHCenter});
+    return text;
+}
+
+} // namespace giggle

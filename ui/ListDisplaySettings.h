@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/Attribute.h"
+#include "ui/AttributedText.h"
+
+#include <QColor>
+#include <QString>
+
+#include <optional>
+
+namespace giggle {
+
+class Fonts;
+class Preferences;
+
+/// The colour behind a stored colour name; nothing for a name that is not known (case counts).
+[[nodiscard]] std::optional<QColor> colorNamed(const QString& name);
+
+/// How the user wants jokes listed.
+struct ListDisplaySettings {
+    QString ListFontName;
+    double ListFontSize = 0;
+    QString ListFontColor;
+
+    /// What is stored, where something is, otherwise the defaults. A value of a wrong type ends the program.
+    [[nodiscard]] static ListDisplaySettings read(const Preferences& userDefaults);
+
+    /// The font of the rows. A name that the system has no font for ends the program.
+    [[nodiscard]] QFont requiredFont(Fonts& fonts) const;
+
+    /// A joke as its row shows it: filtered, followed by a line feed, centred, in @p font and the chosen
+    /// colour.
+    [[nodiscard]] AttributedText rowText(OptionalText joke, const QFont& font) const;
+};
+
+} // namespace giggle

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// The window: mirrors the navigation controller's stack of screens with their pages, and shows what it has to say.
+import QtQuick
+import QtQuick.Controls.Basic
+import GiggleArchives
+
+ApplicationWindow {
+    id: window
+
+    required property NavigationController navigation
+    required property Appearance appearance
+
+    title: qsTr("Giggle Archives")
+    width: Math.min(420, Screen.desktopAvailableWidth)
+    height: Math.min(800, Screen.desktopAvailableHeight)
+    minimumWidth: 320
+    minimumHeight: 320
+    visible: true
+    color: Theme.background
+    font.pixelSize: Theme.bodySize
+    palette {
+        window: Theme.background
+        windowText: Theme.text
+        base: Theme.surface
+        text: Theme.text
+        button: Theme.surface
+        buttonText: Theme.text
+        mid: Theme.mutedText
+        dark: Theme.text
+        highlight: Theme.tint
+        highlightedText: Theme.tintInk
+        placeholderText: Theme.mutedText
+        toolTipBase: Theme.surface
+        toolTipText: Theme.text
+    }
+
+    Component.onCompleted: navigation.start()
+
+    Binding {
+        target: Theme
+        property: "dark"
+        value: window.appearance.dark
+    }
+    Binding {
+        target: Theme
+        property: "textScale"
+        value: window.appearance.textScale
+    }
+    Binding {
+        target: Theme
+        property: "reduceMotion"
+        value: window.appearance.reduceMotion
+    }
+
+    component Slide: Transition {
+        id: slide
+
+        property real from: 0
+        property real to: 0
+
+        NumberAnimation {
+            property: "x"
+            from: slide.from
+            to: slide.to
+            duration: Theme.animationTime
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    StackView {
+        id: stack
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.bottom: notice.visible ? notice.top : parent.bottom
+        focus: true
+        Keys.onEscapePressed: window.navigation.back()
+        Keys.onBackPressed: window.navigation.back()
+        onBusyChanged: window.reportRest()
+
+        // The page below moves a third of the way, as if it lay deeper.
+        pushEnter: Slide {
+            from: stack.width
+        }
+        pushExit: Slide {
+            to: -stack.width / 3
+        }
+        popEnter: Slide {
+            from: -stack.width / 3
+        }
+        popExit: Slide {
+            to: stack.width
+        }
+    }
+
+    NoticeBar {
+        id: notice
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        maximumHeight: window.height / 3
+        text: window.navigation.notice
+        onDismissed: {
+            window.navigation.dismissNotice();
+            window.focusPage();
+        }
+    }
+
+    AlertDialog {
+        id: alertDialog
+
+        alert: window.navigation.alert
+        onAnswered: index => window.navigation.alertAnswered(index)
+        onClosed: window.focusPage()
+    }
+
+    Connections {
+        target: window.navigation
+
+        function onPushed(screen, page, animated) {
+            window.push(screen, page, animated ? StackView.PushTransition : StackView.Immediate);
+        }
+        function onPopped(count, animated) {
+            const target = stack.get(stack.depth - 1 - count, StackView.ForceLoad) as AppPage;
+            target.barHidden = window.navigation.navigationBarHidden;
+            stack.pop(target, animated ? StackView.PopTransition : StackView.Immediate);
+            window.reportRest();
+        }
+    }
+
+    /// The navigation bar is shown or hidden with the page that comes in, so that the other keeps its looks.
+    function push(screen: QtObject, url: url, operation: int) {
+        const component = Qt.createComponent(url);
+        if (component.status !== Component.Ready) {
+            navigation.pageFailed(url, component.errorString());
+            return;
+        }
+        const page = stack.push(component, {
+            screen: screen,
+            barHidden: navigation.navigationBarHidden,
+            isRoot: stack.depth === 0
+        }, operation) as AppPage;
+        page.backRequested.connect(navigation.back);
+        page.appeared.connect(() => navigation.pageDidAppear(screen));
+        page.released.connect(() => navigation.pageRemoved(screen));
+        reportRest();
+    }
+
+    /// Lets it be known which page is at rest on top, once one is.
+    function reportRest() {
+        const page = stack.currentItem as AppPage;
+        if (stack.busy || !page)
+            return;
+        focusPage();
+        page.appeared();
+    }
+
+    /// Gives the page on top the keyboard, unless an alert needs it.
+    function focusPage() {
+        if (stack.currentItem && !alertDialog.visible)
+            stack.currentItem.forceActiveFocus(Qt.OtherFocusReason);
+    }
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Navigator.h"
+#include "ui/ScreenEnvironment.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+
+namespace giggle {
+
+/// What every screen is to the navigation stack: a title and the life-cycle callbacks. A screen owns what it
+/// fetches, shows, validates and saves, and never touches an item of its page.
+class Screen : public QObject {
+    Q_OBJECT
+    QML_ANONYMOUS
+    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+
+public:
+    explicit Screen(ScreenEnvironment& environment) : m_environment(environment) {}
+
+    [[nodiscard]] virtual QString title() const = 0;
+
+    /// The way back that ends at this screen, if there is one.
+    [[nodiscard]] virtual bool isTargetOf(UnwindRoute) const { return false; }
+
+    /// @name Life cycle, called by the navigation controller in this order
+    /// @{
+    virtual void viewDidLoad() {}
+
+    virtual void viewWillAppear() {}
+
+    virtual void viewDidAppear() {}
+
+    virtual void viewDidDisappear() {}
+
+    /// @}
+
+    /// A screen above is about to be opened.
+    virtual void prepareForSegue(SegueId) {}
+
+    /// A route that ends here was taken; called before viewWillAppear.
+    virtual void unwound(UnwindRoute) {}
+
+signals:
+    void titleChanged();
+
+protected:
+    [[nodiscard]] ScreenEnvironment& environment() const { return m_environment; }
+
+private:
+    ScreenEnvironment& m_environment;
+};
+
+} // namespace giggle

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace giggle {
+
+/// What one screen leaves behind for the next: the joke chosen in a list and the screen that opened an editor.
+/// One object for the process, handed to every screen by ScreenEnvironment; every value starts empty.
+struct SharedSelection {
+    /// The screen to which an editor returns after a save: "MainMenu", "MainList", "CategoryGroup",
+    /// "RatingGroup", "CategoryBreakdown" or "RatingBreakdown".
+    QString CallingScreen;
+
+    QString SelectedCategory;
+    QString SelectedJokeText;
+    QString SelectedFavorite; ///< "T" or "F"
+    QString SelectedRating;
+};
+
+} // namespace giggle

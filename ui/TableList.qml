@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// A table of rows that scrolls. Its delegate is a SwipeRow. Arrows, Home, End and the Page keys move the current
+// row; Enter, Space and Delete act on it. Rows that are replaced show from the top, a row that is deleted fades out
+// where it is. Without rows it shows the two texts instead.
+import QtQuick
+import QtQuick.Controls.Basic
+import GiggleArchives
+
+ListView {
+    id: list
+
+    /// What the list is called for a screen reader.
+    required property string name
+    property string emptyTitle
+    property string emptyHint
+
+    readonly property SwipeRow currentRow: currentItem as SwipeRow
+    /// Whether the user works with keys, and has to see where they act.
+    property bool showsFocus: false
+
+    clip: true
+    spacing: Theme.unit / 2
+    topMargin: Theme.unit
+    bottomMargin: Theme.unit
+    reuseItems: true
+    cacheBuffer: 0 // rows that are made ahead of time outlive a change of the model, to the view's surprise
+    activeFocusOnTab: true
+    highlightRangeMode: ListView.ApplyRange
+    preferredHighlightBegin: Theme.unit
+    preferredHighlightEnd: height - Theme.unit
+    highlightMoveDuration: 0
+    highlightResizeDuration: 0
+    boundsBehavior: Flickable.DragAndOvershootBounds
+    remove: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.animationTime
+        }
+    }
+    removeDisplaced: Transition {
+        NumberAnimation {
+            property: "y"
+            duration: Theme.animationTime
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    Accessible.role: Accessible.List
+    Accessible.name: name
+    ScrollBar.vertical: ScrollBar {
+        Accessible.ignored: true
+    }
+
+    onMovementStarted: if (currentRow)
+        currentRow.close()
+    onActiveFocusChanged: if (!activeFocus)
+        showsFocus = false
+
+    Keys.onReleased: showsFocus = true // of the Tab that led here, too
+    Keys.onPressed: event => {
+        showsFocus = true;
+        event.accepted = act(event.key) || go(event.key);
+    }
+
+    Connections {
+        target: list.model as QtObject
+
+        function onModelReset() {
+            list.startAtTop();
+        }
+    }
+
+    FocusRing {
+        parent: list.contentItem
+        z: 1
+        anchors.fill: list.currentItem
+        visible: list.showsFocus && list.activeFocus && list.currentItem !== null
+    }
+    EmptyState {
+        parent: list
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 4 * Theme.unit, 400)
+        visible: list.count === 0
+        title: list.emptyTitle
+        hint: list.emptyHint
+    }
+
+    function startAtTop() {
+        currentIndex = count > 0 ? 0 : -1;
+        positionViewAtBeginning();
+    }
+
+    /// Lets a key act on the current row; false for a key that does not.
+    function act(key: int): bool {
+        if (!currentRow)
+            return false;
+        switch (key) {
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+            currentRow.clicked();
+            return true;
+        case Qt.Key_Space:
+            currentRow.spacePressed();
+            return true;
+        case Qt.Key_Delete:
+            currentRow.actionTriggered();
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    /// Moves the current row by a key other than an arrow; false for a key that does not.
+    function go(key: int): bool {
+        const page = currentItem ? Math.max(1, Math.floor(height / (currentItem.height + spacing))) : 1;
+        const targets = {
+            [Qt.Key_Home]: 0,
+            [Qt.Key_End]: count - 1,
+            [Qt.Key_PageUp]: currentIndex - page,
+            [Qt.Key_PageDown]: currentIndex + page
+        };
+        if (count === 0 || !(key in targets))
+            return false;
+        currentIndex = Math.max(0, Math.min(count - 1, targets[key]));
+        positionViewAtIndex(currentIndex, ListView.Contain);
+        return true;
+    }
+}

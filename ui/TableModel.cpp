@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "ui/TableModel.h"
+
+namespace giggle {
+
+TableModel::TableModel(const TableDataSource& source) : m_source(source) {}
+
+int TableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_count;
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const
+{
+    const bool isCell = role == CellRole && index.isValid() && index.row() < m_count;
+    return isCell ? m_source.cellForRow(index.row()) : QVariant();
+}
+
+QHash<int, QByteArray> TableModel::roleNames() const
+{
+    return {{CellRole, QByteArrayLiteral("cell")}};
+}
+
+void TableModel::reload()
+{
+    beginResetModel();
+    m_count = m_source.numberOfRows();
+    endResetModel();
+    emit countChanged();
+    emit headerTextChanged();
+}
+
+void TableModel::redraw()
+{
+    if (m_source.numberOfRows() != m_count) {
+        reload();
+        return;
+    }
+    if (m_count > 0)
+        emit dataChanged(index(0), index(m_count - 1));
+    emit headerTextChanged();
+}
+
+void TableModel::removeRow(int row, const std::function<void()>& removeFromSource)
+{
+    beginRemoveRows({}, row, row);
+    removeFromSource();
+    --m_count;
+    endRemoveRows();
+    emit countChanged();
+    emit headerTextChanged();
+}
+
+void TableModel::rowChanged(int row)
+{
+    emit dataChanged(index(row), index(row));
+}
+
+} // namespace giggle

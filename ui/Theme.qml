@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// Colours, sizes and times that every page uses; sizes in logical pixels, times in milliseconds. The first three
+// properties are the system's wishes: Main.qml keeps them in step, and nothing else writes here.
+pragma Singleton
+
+import QtQuick
+
+QtObject {
+    property bool dark: false
+    /// The size of texts, 1 for the system's usual one.
+    property real textScale: 1
+    property bool reduceMotion: false
+
+    readonly property color background: dark ? "#15181b" : "#f5f5f1"
+    readonly property color surface: dark ? "#2b3035" : "#ffffff"
+    readonly property color text: dark ? "#f2f4f5" : "#16181a"
+    readonly property color mutedText: dark ? "#aab3b9" : "#565e64"
+    /// Borders of fields and dialogs.
+    readonly property color line: dark ? "#ffffff" : "#000000"
+    readonly property color focus: dark ? "#9cc2ff" : "#0a52c4"
+
+    // The same in both styles.
+    readonly property color buttonBorder: "#000000"
+    readonly property color yellow: "#ffd60a"
+    readonly property color teal: "#30b0c7"
+    /// Text and icons on yellow and teal.
+    readonly property color brightInk: "#000000"
+    readonly property color tint: "#0026a6"
+    readonly property color tintInk: "#ffffff"
+    readonly property color destructive: "#c62828"
+    readonly property color destructiveInk: "#ffffff"
+    // A pure red would not reach a contrast of 4.5:1 on light grey.
+    readonly property color headerBackground: "#d3d3d3"
+    readonly property color headerText: "#b00000"
+
+    readonly property int unit: 8
+    readonly property int radius: 10
+    readonly property int fieldRadius: 5
+    readonly property int borderWidth: 2
+    readonly property int touchTarget: 44
+    readonly property int readableWidth: 720
+    readonly property int animationTime: reduceMotion ? 0 : 200
+
+    readonly property int smallSize: Math.round(14 * textScale)
+    readonly property int headerSize: Math.round(15 * textScale)
+    readonly property int bodySize: Math.round(16 * textScale)
+    // Titles are large to begin with, and their long words must not break.
+    readonly property int titleSize: Math.round(18 * Math.min(textScale, 1.75))
+    readonly property int heroSize: Math.round(26 * Math.min(textScale, 1.75))
+    /// Icons grow with the text, but not so far that four of them fill a line.
+    readonly property int iconSize: Math.round(24 * Math.min(textScale, 1.5))
+
+    /// The icon of that name, drawn in black, or in white for a dark ground.
+    function icon(name: string, onDark: bool): url {
+        return "qrc:/resources/icons/" + name + (onDark ? "-light.svg" : ".svg");
+    }
+}
