@@ -3,6 +3,11 @@
 # For the scripts in the root of the tree, whose folder is in `root`: brings the release preset up to date. What the
 # tools print is shown only when they fail.
 
+# A stream that the caller closed would be replaced by the next file that is opened.
+[[ -e /dev/fd/0 ]] || exec </dev/null
+[[ -e /dev/fd/1 ]] || exec >/dev/null
+[[ -e /dev/fd/2 ]] || exec 2>/dev/null
+
 buildFolder=$root/build/release
 cache=$buildFolder/CMakeCache.txt
 stamp=$buildFolder/.configured
