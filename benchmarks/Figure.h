@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <functional>
@@ -42,6 +44,16 @@ struct Figure {
 [[nodiscard]] std::vector<Figure> storeFigures();
 [[nodiscard]] std::vector<Figure> searchFigures();
 [[nodiscard]] std::vector<Figure> exchangeFigures();
+[[nodiscard]] std::vector<Figure> screenFigures();
+
+enum class ScreenMeasurement { MenuFrame, JokeListFrame, ScrolledFrame, Memory };
+
+/// Shows the screens over the collection in @p folder, in this process, and measures one thing about them:
+/// seconds, or bytes of memory. Once in a process; needs a QGuiApplication.
+[[nodiscard]] double measureScreens(ScreenMeasurement measurement, const QString& folder);
+
+/// How much memory this process has at the moment.
+[[nodiscard]] std::size_t residentBytes();
 
 /// How long it takes until @p work has returned; what becomes of its result takes no part.
 template <class Work>

@@ -3,7 +3,8 @@
 #include "benchmarks/ResultTable.h"
 #include "store/TextSearch.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QQuickWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -38,14 +39,6 @@ void compare(benchmark::State& state, Collections& collections, const Figure& fi
     state.counters["baseline"] = median(baseline);
 }
 
-std::size_t residentBytes()
-{
-    std::size_t total = 0;
-    std::size_t resident = 0;
-    std::ifstream("/proc/self/statm") >> total >> resident;
-    return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-}
-
 /// Prints by how many bytes opening the collection in @p folder, ready for searches, makes this process grow.
 int printResidentBytes(const QString& folder)
 {
@@ -62,18 +55,32 @@ std::vector<Figure> allFigures()
     std::vector<Figure> figures = storeFigures();
     std::ranges::move(searchFigures(), std::back_inserter(figures));
     std::ranges::move(exchangeFigures(), std::back_inserter(figures));
+    std::ranges::move(screenFigures(), std::back_inserter(figures));
     return figures;
 }
 
 } // namespace
 
+std::size_t giggle::residentBytes()
+{
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
 /// Arguments: --quick for a third of the rounds, and those of Google Benchmark, such as --benchmark_filter.
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    const QGuiApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && arguments[1] == QLatin1StringView("--resident"))
         return printResidentBytes(arguments[2]);
+    if (arguments.size() == 4 && arguments[1] == QLatin1StringView("--screens")) {
+        std::printf("%g\n", measureScreens(static_cast<ScreenMeasurement>(arguments[3].toInt()), arguments[2]));
+        return 0;
+    }
     const bool isQuick = arguments.contains(QLatin1StringView("--quick"));
     argc = static_cast<int>(std::remove(argv, argv + argc, std::string_view("--quick")) - argv);
     benchmark::Initialize(&argc, argv);

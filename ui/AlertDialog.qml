@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Follows `alert`: shows its title, message and buttons while it is shown. A press on a button sends `answered` with
-// its position; Escape does so where there is only one. What was shown stays readable while the dialog fades out.
+// Follows `alert`: shows its title, message and buttons while it is shown. A press on a button sends
+// `answered` with its position; Escape does so where there is only one. What was shown stays readable while
+// the dialog fades out.
 pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Layouts
 import GiggleArchives
 
 Dialog {
@@ -20,13 +20,12 @@ Dialog {
     onAlertChanged: follow()
 
     anchors.centerIn: parent
-    width: parent ? Math.min(parent.width - 4 * Theme.unit, 400) : 0
+    width: parent ? Math.min(parent.width - 2 * Theme.unit, 400) : 0
     height: parent ? Math.min(implicitHeight, parent.height - 2 * Theme.unit) : 0
     modal: true
     focus: true
     closePolicy: Popup.NoAutoClose
     padding: 2 * Theme.unit
-    spacing: 0
 
     Component.onCompleted: {
         contentItem.parent.Accessible.name = Qt.binding(() => title);
@@ -55,48 +54,45 @@ Dialog {
         border.width: Theme.borderWidth
         border.color: Theme.line
     }
-    header: Label {
-        text: dialog.title
-        padding: 2 * Theme.unit
-        bottomPadding: 0
-        color: Theme.text
-        font.pixelSize: Theme.titleSize
-        font.bold: true
-        horizontalAlignment: Text.AlignHCenter
-        wrapMode: Text.Wrap
-    }
-    contentItem: Flickable {
-        implicitHeight: contentHeight
-        contentHeight: contentItem.childrenRect.height
+    // Title and buttons lie in the content: a header and a footer of their own would take part in the dialog's
+    // height while they are still being laid out.
+    header: null
+    contentHeight: column.implicitHeight
+
+    Flickable {
+        anchors.fill: parent
+        contentHeight: column.implicitHeight
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         ScrollBar.vertical: ScrollBar {
             Accessible.ignored: true
         }
 
-        Label {
-            width: parent.width
-            text: dialog.message
-            textFormat: Text.PlainText
-            color: Theme.text
-            font.pixelSize: Theme.bodySize
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-        }
-    }
-    footer: FocusScope {
-        implicitHeight: buttons.implicitHeight + 2 * Theme.unit
-        focus: true
-        Keys.onEscapePressed: if (dialog.actions.length === 1)
-            dialog.answered(0)
+        Column {
+            id: column
 
-        ColumnLayout {
-            id: buttons
+            width: dialog.availableWidth
+            spacing: 2 * Theme.unit
 
-            x: 2 * Theme.unit
-            width: parent.width - 4 * Theme.unit
-            spacing: Theme.unit
-
+            Label {
+                width: column.width
+                text: dialog.title
+                textFormat: Text.PlainText
+                color: Theme.text
+                font.pixelSize: Theme.titleSize
+                font.bold: true
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            Label {
+                width: column.width
+                text: dialog.message
+                textFormat: Text.PlainText
+                color: Theme.text
+                font.pixelSize: Theme.bodySize
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
             Repeater {
                 model: dialog.actions
 
@@ -104,12 +100,14 @@ Dialog {
                     required property int index
                     required property string modelData
 
-                    Layout.fillWidth: true
+                    width: column.width
                     text: modelData
                     fill: Theme.yellow
                     ink: Theme.brightInk
                     focus: index === 0
                     onClicked: dialog.answered(index)
+                    Keys.onEscapePressed: if (dialog.actions.length === 1)
+                        dialog.answered(0)
                 }
             }
         }

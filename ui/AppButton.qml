@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A push button in the application's look. Space, Enter, a tap and a screen reader's press send `clicked`; while it
-// is disabled nothing does. Its text is its accessible name.
+// A push button in the application's look. Space, Enter, a tap and a screen reader's press send `clicked`;
+// while it is disabled nothing does. Its text is its accessible name.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives

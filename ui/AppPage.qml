@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A screen's page. Its header is the navigation bar: the way back, and the title or what the page puts in its place.
-// The first page of all has no bar. Pages declare a required property `screen`, which Main.qml sets.
+// A screen's page. Its header is the navigation bar: the way back, and the title or what the page puts in its
+// place. The first page of all has no bar. Pages declare a required property `screen`, which Main.qml sets.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -50,10 +50,11 @@ Page {
             id: middle
 
             readonly property real room: bar.width - bar.sideWidth - Theme.unit
+            readonly property real wanted: Math.max(page.titleView?.implicitWidth ?? 0, Theme.readableWidth / 2)
 
             x: Math.max(bar.sideWidth, (bar.width - width) / 2)
             anchors.verticalCenter: parent.verticalCenter
-            width: page.titleView ? Math.min(room, Math.max(page.titleView.implicitWidth, Theme.readableWidth / 2)) : room - bar.sideWidth
+            width: page.titleView ? Math.min(room, wanted) : room - bar.sideWidth
             height: page.titleView ? page.titleView.height : heading.height
         }
         Text {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window: mirrors the navigation controller's stack of screens with their pages, and shows what it has to say.
+// The window: mirrors the navigation controller's stack of screens with their pages, and shows what it has to
+// say.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -11,8 +12,8 @@ ApplicationWindow {
     required property Appearance appearance
 
     title: qsTr("Giggle Archives")
-    width: Math.min(420, Screen.desktopAvailableWidth)
-    height: Math.min(800, Screen.desktopAvailableHeight)
+    width: 420
+    height: 800
     minimumWidth: 320
     minimumHeight: 320
     visible: true

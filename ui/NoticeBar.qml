@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A message at the bottom of the window that stays until it is dismissed and keeps nobody from working on. It is
-// there while its text is not empty.
+// A message at the bottom of the window that stays until it is dismissed and keeps nobody from working on. It
+// is there while its text is not empty.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -18,7 +18,7 @@ Rectangle {
     signal dismissed
 
     visible: text.length > 0
-    implicitHeight: (isNarrow ? dismiss.y + dismiss.height : Math.max(scroller.height, dismiss.height) + Theme.unit) + Theme.unit
+    implicitHeight: Math.max(scroller.y + scroller.height, dismiss.y + dismiss.height) + Theme.unit
     color: Theme.surface
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
@@ -32,7 +32,7 @@ Rectangle {
         id: scroller
 
         x: 2 * Theme.unit
-        y: bar.isNarrow ? Theme.unit : (parent.height - height) / 2
+        y: Theme.unit
         width: (bar.isNarrow ? parent.width - Theme.unit : dismiss.x) - x - Theme.unit
         height: Math.min(label.implicitHeight, bar.maximumHeight)
         contentHeight: label.implicitHeight
@@ -58,7 +58,7 @@ Rectangle {
         id: dismiss
 
         x: parent.width - width - Theme.unit
-        y: bar.isNarrow ? scroller.y + scroller.height + Theme.unit : (parent.height - height) / 2
+        y: bar.isNarrow ? scroller.y + scroller.height + Theme.unit : Theme.unit
         text: qsTr("Dismiss")
         onClicked: bar.dismissed()
     }

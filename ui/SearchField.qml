@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A live search field, named by its placeholder; `textChanged` tells of every new text. Escape clears it; on an
-// empty field Escape goes on to the page.
+// A live search field, named by its placeholder; `textChanged` tells of every new text. Escape clears it; on
+// an empty field Escape goes on to the page.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -46,7 +46,7 @@ TextField {
 
     Text {
         x: control.leftPadding
-        width: control.availableWidth
+        width: control.width - control.leftPadding - control.rightPadding
         height: control.height
         visible: control.length === 0 && control.preeditText.length === 0
         text: control.placeholderText

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A choice of one among a few titles next to each other; in two columns where one line is too narrow. The arrow keys
-// move the choice. A choice by the user sends `activated`, and the owner then sets `currentIndex`.
+// A choice of one among a few titles next to each other; in two columns where one line is too narrow. The
+// arrow keys move the choice. A choice by the user sends `activated`, and the owner then sets `currentIndex`.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -80,7 +80,7 @@ FocusScope {
                     minimumPixelSize: 8
                 }
                 background: Rectangle {
-                    color: segment.checked ? Theme.tint : segment.down ? Qt.tint(Theme.surface, "#30808080") : Theme.surface
+                    color: segment.checked ? Theme.tint : Qt.tint(Theme.surface, segment.down ? "#30808080" : "transparent")
                     border.width: 1
                     border.color: Theme.mutedText
 

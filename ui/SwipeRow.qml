@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A row of a TableList: a rounded card that is pressed as a whole, and that uncovers one destructive action when it
-// is dragged to the left. What is put into it is drawn on the card; whoever uses it sets the height.
+// A row of a TableList: a rounded card that is pressed as a whole, and that uncovers one destructive action
+// when it is dragged to the left. What is put into it is drawn on the card; whoever uses it sets the height.
 //
 // clicked: the row was tapped, or Enter was pressed on it. spacePressed: Space was pressed on it.
 // actionTriggered: the uncovered action was pressed, or Delete on the row.

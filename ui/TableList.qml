@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A table of rows that scrolls. Its delegate is a SwipeRow. Arrows, Home, End and the Page keys move the current
-// row; Enter, Space and Delete act on it. Rows that are replaced show from the top, a row that is deleted fades out
-// where it is. Without rows it shows the two texts instead.
+// A table of rows that scrolls. Its delegate is a SwipeRow. Arrows, Home, End and the Page keys move the
+// current row; Enter, Space and Delete act on it. Rows that are replaced show from the top, a row that is
+// deleted fades out where it is. Without rows it shows the two texts instead.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -76,6 +76,17 @@ ListView {
         z: 1
         anchors.fill: list.currentItem
         visible: list.showsFocus && list.activeFocus && list.currentItem !== null
+    }
+    // Above the rows it sees every press, and leaves it to them.
+    Item {
+        parent: list
+        z: 1
+        anchors.fill: parent
+
+        PointHandler {
+            onActiveChanged: if (active)
+                list.showsFocus = false
+        }
     }
     EmptyState {
         parent: list

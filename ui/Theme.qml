@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Colours, sizes and times that every page uses; sizes in logical pixels, times in milliseconds. The first three
-// properties are the system's wishes: Main.qml keeps them in step, and nothing else writes here.
+// Colours, sizes and times that every page uses; sizes in logical pixels, times in milliseconds. The first
+// three properties are the system's wishes: Main.qml keeps them in step, and nothing else writes here.
 pragma Singleton
 
 import QtQuick

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "benchmarks/Collections.h"
+#include "benchmarks/Figure.h"
+#include "benchmarks/RawDatabase.h"
+#include "benchmarks/ScreenSession.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace giggle {
+
+namespace {
+
+constexpr int ScrolledFrames = 600;
+
+/// What a process of its own prints about the screens over a collection: see printScreenFigures().
+double measured(ScreenMeasurement measurement, const QString& folder)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--screens"), folder, QString::number(static_cast<int>(measurement))});
+    process.waitForFinished(120'000);
+    bool isNumber = false;
+    const double value = process.readAllStandardOutput().trimmed().split('\n').back().toDouble(&isNumber);
+    if (!isNumber)
+        throw std::runtime_error("the process that measures the screens failed");
+    return value;
+}
+
+/// Against the same screens over an empty collection: what grows with the collection stands out.
+Sides screenSides(ScreenMeasurement measurement, Collections& collections, std::size_t size)
+{
+    const QString folder = collections.folder(size);
+    const QString empty = collections.emptyFolder();
+    return {[=] { return measured(measurement, folder); }, [=] { return measured(measurement, empty); }};
+}
+
+Sides firstFrameSides(Collections& collections, std::size_t size)
+{
+    const QString folder = collections.folder(size);
+    return {[folder] { return measured(ScreenMeasurement::JokeListFrame, folder); },
+            [folder] {
+                return secondsFor([&] {
+                    return RawDatabase(Collections::fileIn(folder), RawDatabase::Sync::Full)
+                        .jokes("ORDER BY category, joke");
+                });
+            }};
+}
+
+double percentile99(std::vector<double> values)
+{
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(values.size() * 99 / 100);
+    std::ranges::nth_element(values, place);
+    return *place;
+}
+
+} // namespace
+
+double measureScreens(ScreenMeasurement measurement, const QString& folder)
+{
+    ScreenSession session(folder);
+    const double menuFrame = session.openMenu();
+    if (measurement == ScreenMeasurement::MenuFrame)
+        return menuFrame;
+    const double listFrame = session.openJokeList();
+    if (measurement == ScreenMeasurement::JokeListFrame)
+        return listFrame;
+    const std::vector<double> frames = session.scroll(ScrolledFrames);
+    return measurement == ScreenMeasurement::ScrolledFrame ? percentile99(frames) : double(residentBytes());
+}
+
+std::vector<Figure> screenFigures()
+{
+    const auto against = [](ScreenMeasurement measurement) {
+        return [measurement](Collections& collections, std::size_t size) {
+            return screenSides(measurement, collections, size);
+        };
+    };
+    return {
+        {"start to the menu's first frame", "empty collection", {.largestRatio = 1.15},
+         against(ScreenMeasurement::MenuFrame), 5},
+        {"joke list, tap to first frame", "raw ORDER BY", {.largestValue = 0.3}, firstFrameSides, 5},
+        {"scrolling, 99 % of frames", "empty collection", {.largestValue = 16e-3},
+         against(ScreenMeasurement::ScrolledFrame), 3},
+        {"resident memory, list scrolled", "empty collection", {.largestValue = 150e6},
+         against(ScreenMeasurement::Memory), 3, Unit::Bytes},
+    };
+}
+
+} // namespace giggle

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "benchmarks/ScreenSession.h"
+
+#include "benchmarks/Figure.h"
+#include "store/PreferenceKeys.h"
+
+#include <QEventLoop>
+#include <QQuickItem>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace giggle {
+
+namespace {
+
+constexpr QSize PhoneSize{360, 640};
+constexpr int StepPixels = 90; // between two frames of a quick flick
+
+} // namespace
+
+ScreenSession::ScreenSession(const QString& folder)
+    : m_userDefaults(m_settings.filePath(QStringLiteral("preferences.json"))), m_appDelegate(folder),
+      m_windowActivation(m_settings.filePath(QStringLiteral("lock"))),
+      m_interface(m_appDelegate, m_userDefaults, {m_interfaceStyle, m_fonts, m_resources, m_windowActivation})
+{
+    m_userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
+}
+
+double ScreenSession::openMenu()
+{
+    return secondsFor([this] {
+        m_window = &m_interface.load();
+        m_window->resize(PhoneSize);
+        awaitFrame();
+        return 0;
+    });
+}
+
+double ScreenSession::openJokeList()
+{
+    const double seconds = secondsFor([this] {
+        m_interface.navigation().performSegue(SegueId::JokeList);
+        awaitFrame();
+        return 0;
+    });
+    QEventLoop loop;
+    QTimer::singleShot(1000, &loop, &QEventLoop::quit);
+    loop.exec();
+    return seconds;
+}
+
+std::vector<double> ScreenSession::scroll(int frames)
+{
+    auto* list = m_window->findChild<QQuickItem*>(QStringLiteral("JokeTableView"));
+    if (!list)
+        throw std::runtime_error("the joke list is not on show");
+    std::chrono::steady_clock::time_point frameStart;
+    const auto started = QObject::connect(m_window, &QQuickWindow::afterAnimating, m_window,
+                                          [&] { frameStart = std::chrono::steady_clock::now(); });
+    std::vector<double> seconds;
+    for (int i = 0; i < frames; ++i) {
+        const double moving = secondsFor(
+            [&] { return list->setProperty("contentY", list->property("contentY").toReal() + StepPixels); });
+        m_window->update();
+        awaitFrame();
+        const std::chrono::duration<double> drawing = std::chrono::steady_clock::now() - frameStart;
+        seconds.push_back(moving + drawing.count());
+    }
+    QObject::disconnect(started);
+    return seconds;
+}
+
+void ScreenSession::awaitFrame()
+{
+    QEventLoop loop;
+    QObject::connect(m_window, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+} // namespace giggle

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/UserInterface.h"
+#include "platform/linux/BundleResources.h"
+#include "platform/linux/LinuxFonts.h"
+#include "platform/linux/PortalInterfaceStyle.h"
+#include "platform/linux/SingleInstance.h"
+#include "store/AppDelegate.h"
+#include "store/Preferences.h"
+
+#include <QQuickWindow>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+namespace giggle {
+
+/// The real window over a collection, drawn in software without a display, as a phone would show it.
+class ScreenSession {
+public:
+    explicit ScreenSession(const QString& folder);
+
+    /// Opens the window; returns the seconds until the menu's first frame.
+    double openMenu();
+
+    /// Taps Joke List; returns the seconds until the list's first frame, and waits until it has come to rest.
+    double openJokeList();
+
+    /// Scrolls the joke list by @p frames steps as a quick flick does; returns the seconds that each frame took.
+    std::vector<double> scroll(int frames);
+
+private:
+    void awaitFrame();
+
+    QTemporaryDir m_settings;
+    Preferences m_userDefaults;
+    AppDelegate m_appDelegate;
+    PortalInterfaceStyle m_interfaceStyle;
+    LinuxFonts m_fonts;
+    BundleResources m_resources;
+    SingleInstance m_windowActivation;
+    UserInterface m_interface;
+    QQuickWindow* m_window = nullptr;
+};
+
+} // namespace giggle
