@@ -10,8 +10,8 @@
 #include "store/AppDelegate.h"
 #include "store/Console.h"
 #include "store/FatalError.h"
-#include "store/FileSizeSignal.h"
 #include "store/Preferences.h"
+#include "store/WriteSignals.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -111,7 +111,7 @@ int start()
 
 int main(int argc, char* argv[])
 {
-    giggle::ignoreFileSizeSignal();
+    giggle::ignoreWriteSignals();
     const bool isPlatformGiven = qEnvironmentVariableIsSet(giggle::PlatformVariable);
     if (!isPlatformGiven)
         giggle::choosePlatformPlugin();

@@ -37,7 +37,7 @@ Sides readerSides(Collections& collections, std::size_t size)
     const auto ours = [&collections, text] {
         AppDelegate appDelegate(collections.emptyFolder());
         (void)appDelegate.persistentContainer().viewContext().fetch(Jokes::fetchRequest());
-        ExchangeReader reader(appDelegate, QStringLiteral("jokes.txt"), __FILE__);
+        ExchangeReader reader(appDelegate, QStringLiteral("jokes.txt"), __FILE__, __LINE__);
         return secondsFor([&] {
             reader.readJokes(text);
             return 0;

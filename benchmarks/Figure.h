@@ -3,12 +3,13 @@
 
 #include <QString>
 
-#include <benchmark/benchmark.h>
 #include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <benchmark/benchmark.h>
 
 namespace giggle {
 

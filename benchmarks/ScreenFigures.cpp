@@ -80,13 +80,23 @@ std::vector<Figure> screenFigures()
         };
     };
     return {
-        {"start to the menu's first frame", "empty collection", {.largestRatio = 1.15},
-         against(ScreenMeasurement::MenuFrame), 5},
+        {"start to the menu's first frame",
+         "empty collection",
+         {.largestRatio = 1.15},
+         against(ScreenMeasurement::MenuFrame),
+         5},
         {"joke list, tap to first frame", "raw ORDER BY", {.largestValue = 0.3}, firstFrameSides, 5},
-        {"scrolling, 99 % of frames", "empty collection", {.largestValue = 16e-3},
-         against(ScreenMeasurement::ScrolledFrame), 3},
-        {"resident memory, list scrolled", "empty collection", {.largestValue = 150e6},
-         against(ScreenMeasurement::Memory), 3, Unit::Bytes},
+        {"scrolling, 99 % of frames",
+         "empty collection",
+         {.largestValue = 16e-3},
+         against(ScreenMeasurement::ScrolledFrame),
+         3},
+        {"resident memory, list scrolled",
+         "empty collection",
+         {.largestValue = 150e6},
+         against(ScreenMeasurement::Memory),
+         3,
+         Unit::Bytes},
     };
 }
 

@@ -28,7 +28,8 @@ public:
     /// Taps Joke List; returns the seconds until the list's first frame, and waits until it has come to rest.
     double openJokeList();
 
-    /// Scrolls the joke list by @p frames steps as a quick flick does; returns the seconds that each frame took.
+    /// Scrolls the joke list by @p frames steps as a quick flick does; returns the seconds that each frame
+    /// took.
     std::vector<double> scroll(int frames);
 
 private:

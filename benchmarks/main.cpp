@@ -78,7 +78,8 @@ int main(int argc, char** argv)
     if (arguments.size() == 3 && arguments[1] == QLatin1StringView("--resident"))
         return printResidentBytes(arguments[2]);
     if (arguments.size() == 4 && arguments[1] == QLatin1StringView("--screens")) {
-        std::printf("%g\n", measureScreens(static_cast<ScreenMeasurement>(arguments[3].toInt()), arguments[2]));
+        std::printf("%g\n",
+                    measureScreens(static_cast<ScreenMeasurement>(arguments[3].toInt()), arguments[2]));
         return 0;
     }
     const bool isQuick = arguments.contains(QLatin1StringView("--quick"));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A box that is unchecked, checked or mixed. A tap, Space or a screen reader's press toggles it (mixed becomes
-// checked) and sends `clicked`; setting `checkState` sends nothing.
+// A box that is unchecked, checked or mixed. A tap, Space or a screen reader's press toggles it (mixed
+// becomes checked) and sends `clicked`; setting `checkState` sends nothing.
 import QtQuick
 import GiggleArchives
 

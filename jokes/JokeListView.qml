@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The joke list: segments in the navigation bar, tools and search above the rows. In a wide window tools and search
-// share a line, so that a low one has room for rows.
+// The joke list: segments in the navigation bar, tools and search above the rows. In a wide window tools and
+// search share a line, so that a low one has room for rows.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -13,8 +13,14 @@ AppPage {
 
     required property NewMainListTableViewController screen
     readonly property bool isWide: width >= 560
-    readonly property bool isSearching: screen.searchText.length > 0
-    readonly property bool showsFavorites: screen.selectedSegment === 3
+    /// What an empty list says: title and hint.
+    readonly property list<string> emptyTexts: {
+        if (screen.searchText.length > 0)
+            return [qsTr("Nothing found"), qsTr("Try fewer letters, or search in another segment.")];
+        if (screen.selectedSegment === NewMainListTableViewController.FavoritesMode)
+            return [qsTr("No favorites yet"), qsTr("Mark a joke as a favorite while you edit it, and it is listed here.")];
+        return [qsTr("No jokes yet"), qsTr("Add a joke, or import some from a file: see the menu.")];
+    }
 
     title: screen.title
     titleView: SegmentedControl {
@@ -128,7 +134,7 @@ AppPage {
             onActionTriggered: page.screen.deleteRow(index)
             onFavoriteTicked: checked => page.screen.checkBoxClicked(index, checked)
         }
-        emptyTitle: page.isSearching ? qsTr("Nothing found") : page.showsFavorites ? qsTr("No favorites yet") : qsTr("No jokes yet")
-        emptyHint: page.isSearching ? qsTr("Try fewer letters, or search in another segment.") : page.showsFavorites ? qsTr("Mark a joke as a favorite while you edit it, and it is listed here.") : qsTr("Add a joke, or import some from a file: see the menu.")
+        emptyTitle: page.emptyTexts[0]
+        emptyHint: page.emptyTexts[1]
     }
 }

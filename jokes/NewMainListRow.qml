@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One joke in the joke list: category and check box, the joke, its rating. Thousands of rows fly past, so it has few
-// items and computes its own layout. The check box follows the cell until it is ticked, which `favoriteTicked` tells.
+// One joke in the joke list: category and check box, the joke, its rating. Thousands of rows fly past, so it
+// has few items and computes its own layout. The check box follows the cell until it is ticked, which
+// `favoriteTicked` tells.
 import QtQuick
 import GiggleArchives
 

@@ -39,7 +39,7 @@ constexpr std::size_t JokesPreparedAtOnce = 1000;
 
 QString text(OptionalText utf8)
 {
-    return utf8 ? QString::fromUtf8(utf8->data(), static_cast<qsizetype>(utf8->size())) : QString();
+    return utf8 ? QString::fromUtf8(*utf8) : QString();
 }
 
 } // namespace

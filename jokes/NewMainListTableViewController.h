@@ -38,6 +38,10 @@ class NewMainListTableViewController : public giggle::Screen, public TableDataSo
     Q_PROPERTY(bool SortAsc READ sortAsc NOTIFY sortAscChanged)
 
 public:
+    /// What gives the list its order and what a search looks at, by the number of its segment.
+    enum Mode { CategoryMode, RatingMode, JokeMode, FavoritesMode };
+    Q_ENUM(Mode)
+
     explicit NewMainListTableViewController(ScreenEnvironment& environment);
 
     [[nodiscard]] QString title() const override { return QStringLiteral("Joke List"); }
@@ -62,7 +66,7 @@ public:
 
     [[nodiscard]] QString searchPlaceholder() const;
 
-    /// The mode: 0 Category, 1 Rating, 2 Joke, 3 Favorites.
+    /// The mode. Any other number lists every joke in the order of insertion, and a search filters nothing.
     [[nodiscard]] int selectedSegment() const { return m_selectedSegment; }
 
     void setSelectedSegment(int segment);
@@ -99,8 +103,6 @@ signals:
 
 private:
     using JokeArray = std::vector<Jokes*>;
-
-    enum Mode { CategoryMode, RatingMode, JokeMode, FavoritesMode };
 
     void fetch();
     [[nodiscard]] FetchRequest<Jokes> fetchRequest() const;

@@ -16,8 +16,8 @@ public:
     Fonts& operator=(const Fonts&) = delete;
     virtual ~Fonts() = default;
 
-    /// The font of family `name`, or nothing when the system has no such family. One point is one logical
-    /// pixel: the pixel size is `pointSize` rounded, where anything that is not at least 1 counts as 1.
+    /// The font of family @p name, or nothing when the system has no such family. One point is one logical
+    /// pixel: the pixel size is @p pointSize rounded, where anything that is not at least 1 counts as 1.
     /// Cheap enough to be asked for every row.
     virtual std::optional<QFont> font(const QString& name, double pointSize) = 0;
 };

@@ -38,23 +38,26 @@ void FirstLaunchSeeding::seedDefaultCategories()
 {
     ManagedObjectContext& context = m_appDelegate.persistentContainer().viewContext();
     // The names themselves come with the starter collection, which would otherwise find them taken.
-    for ([[maybe_unused]] const std::string_view name : DefaultCategoryNames)
-        context.insert<Category>();
+    loggingFailure([&] {
+        for ([[maybe_unused]] const std::string_view name : DefaultCategoryNames)
+            context.insert<Category>();
+    });
 }
 
 void FirstLaunchSeeding::seedDefaultRatings()
 {
     ManagedObjectContext& context = m_appDelegate.persistentContainer().viewContext();
-    for (const std::string_view name : DefaultRatingNames) {
-        context.insert<Rating>().setRating(name);
-        loggingFailure([&] { context.save(); });
-    }
+    for (const std::string_view name : DefaultRatingNames)
+        loggingFailure([&] {
+            context.insert<Rating>().setRating(name);
+            context.save();
+        });
 }
 
 void FirstLaunchSeeding::importStarterCollection()
 {
     using NamesFilter = ExchangeReader::NamesFilter;
-    ExchangeReader reader(m_appDelegate, StarterName + u'.' + StarterType, SourceFile);
+    ExchangeReader reader(m_appDelegate, StarterName + u'.' + StarterType, SourceFile, __LINE__);
     reader.readJokes(contents(readUtf8File(starterFile())));
     reader.readCategories(contents(readAsciiFile(starterFile())), NamesFilter::KeepsSection);
     // Handed the name instead of the contents, and so finding no ratings: the store keeps exactly the

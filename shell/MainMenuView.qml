@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The main menu: one button that folds out the ten areas of the application below it. What stands above them keeps
-// its place: it lies where the whole column, folded out, is in the middle of the window.
+// The main menu: one button that folds out the ten areas of the application below it. What stands above them
+// keeps its place: it lies where the whole column, folded out, is in the middle of the window.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -32,7 +32,8 @@ AppPage {
         Column {
             id: column
 
-            readonly property real fullHeight: menuButton.y + menuButton.height + areas.count * (menuButton.height + spacing)
+            readonly property real buttonHeight: menuButton.height + spacing
+            readonly property real fullHeight: menuButton.y + (areas.count + 1) * buttonHeight
 
             y: scroller.marginAbove
             anchors.horizontalCenter: parent.horizontalCenter
@@ -106,7 +107,10 @@ AppPage {
                     onActiveFocusChanged: if (activeFocus)
                         page.reveal(areaButton)
 
+                    // At once where nobody sees it: on the way back to the menu.
                     Behavior on unfolded {
+                        enabled: page.isActive
+
                         NumberAnimation {
                             duration: Theme.animationTime
                             easing.type: Easing.OutCubic

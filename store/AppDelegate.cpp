@@ -7,7 +7,7 @@ namespace giggle {
 
 namespace {
 
-// The places by which these two stops are known in reports.
+// By these two stops are known in reports. They are fixed names, not lines of this file.
 constexpr const char* SourceFile = "AppDelegate";
 constexpr int LoadLine = 45;
 constexpr int SaveLine = 62;

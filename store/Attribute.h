@@ -29,13 +29,12 @@ struct AttributeDescription {
     AttributeType type;
 };
 
-/// The data model: an entity's name and its attributes, in the order of its table's columns.
+/// The data model: an entity's attributes, in the order of its table's columns.
 template <class Record>
 struct Entity;
 
 template <>
 struct Entity<Jokes> {
-    static constexpr std::string_view name = "Jokes";
     static constexpr std::array attributes{
         AttributeDescription{"category", Attribute::category, AttributeType::Text},
         AttributeDescription{"favorite", Attribute::favorite, AttributeType::Number},
@@ -47,14 +46,12 @@ struct Entity<Jokes> {
 
 template <>
 struct Entity<Category> {
-    static constexpr std::string_view name = "Category";
     static constexpr std::array attributes{
         AttributeDescription{"category", Attribute::category, AttributeType::Text}};
 };
 
 template <>
 struct Entity<Rating> {
-    static constexpr std::string_view name = "Rating";
     static constexpr std::array attributes{
         AttributeDescription{"rating", Attribute::rating, AttributeType::Text}};
 };

@@ -5,7 +5,7 @@ class QString;
 
 namespace giggle {
 
-/// Writes `line` and a line break to standard output in UTF-8 and flushes it, so that a reader at the other
+/// Writes @p line and a line break to standard output in UTF-8 and flushes it, so that a reader at the other
 /// end of a pipe sees the line at once and a later abort cannot swallow it. Failures to write are ignored.
 void printToConsole(const QString& line);
 

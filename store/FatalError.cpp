@@ -31,9 +31,8 @@ FatalErrorSettings& settings()
 void writeRecord(const QString& message)
 {
     const QString& path = settings().recordPath;
-    if (path.isEmpty()) {
+    if (path.isEmpty())
         return;
-    }
     QFile file(path);
     const auto mode = QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
     if (!file.open(mode, QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
@@ -41,9 +40,8 @@ void writeRecord(const QString& message)
         return;
     }
     const QByteArray bytes = message.toUtf8().left(LargestRecord);
-    if (file.write(bytes) != bytes.size()) {
+    if (file.write(bytes) != bytes.size())
         printFailure(QStringLiteral("Cannot write %1: %2").arg(path, file.errorString()));
-    }
 }
 
 } // namespace
@@ -56,9 +54,8 @@ void fatalError(const QString& message, const char* sourceFile, int line)
                          .arg(message, QString::fromUtf8(sourceFile), QString::number(line)));
         if (!entered.test_and_set()) {
             writeRecord(message);
-            if (settings().notifier) {
+            if (settings().notifier)
                 settings().notifier(message);
-            }
         }
     } catch (...) {
         // Whatever went wrong on the way, the program ends in the same way.
@@ -79,17 +76,14 @@ void setFatalErrorNotifier(std::function<void(const QString&)> notifier)
 std::optional<QString> takeFatalErrorRecord(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    }
     const QString message = QString::fromUtf8(file.read(LargestRecord)).trimmed();
     file.close();
-    if (!file.remove()) {
+    if (!file.remove())
         printFailure(QStringLiteral("Cannot remove %1: %2").arg(path, file.errorString()));
-    }
-    if (message.isEmpty()) {
+    if (message.isEmpty())
         return std::nullopt;
-    }
     return message;
 }
 

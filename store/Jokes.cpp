@@ -38,8 +38,8 @@ void Jokes::setId(std::optional<std::int16_t> id)
 
 void Jokes::setJoke(OptionalText joke)
 {
+    context().foldedTexts().forget(position());
     change(Attribute::joke, &Values::joke, joke ? std::optional<std::string>(*joke) : std::nullopt);
-    m_folding = Folding::Unknown;
 }
 
 void Jokes::setRating(OptionalText rating)

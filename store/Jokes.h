@@ -63,13 +63,8 @@ private:
     template <class Value>
     void change(Attribute attribute, Value Values::*member, Value value);
 
-    /// How the text is searched: an ASCII text as it is, any other in a lower-cased copy.
-    enum class Folding : std::uint8_t { Unknown, Ascii, Lowered };
-
     Values m_values;
     Jokes* m_nextWithSameId = nullptr;
-    mutable std::string m_loweredJoke;
-    mutable Folding m_folding = Folding::Unknown;
 };
 
 } // namespace giggle

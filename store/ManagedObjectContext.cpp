@@ -3,8 +3,9 @@
 
 #include "store/Console.h"
 
-#include <sqlite3.h>
 #include <type_traits>
+
+#include <sqlite3.h>
 
 namespace giggle {
 

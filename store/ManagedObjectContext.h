@@ -2,6 +2,7 @@
 #pragma once
 
 #include "store/Category.h"
+#include "store/FoldedTexts.h"
 #include "store/JokeIdIndex.h"
 #include "store/Jokes.h"
 #include "store/PersistentStore.h"
@@ -24,7 +25,8 @@ public:
     ManagedObjectContext(const ManagedObjectContext&) = delete;
     ManagedObjectContext& operator=(const ManagedObjectContext&) = delete;
 
-    /// Makes a record with all attributes unset. It is stored by the next save that succeeds.
+    /// Makes a record with all attributes unset. It is stored by the next save that succeeds. Throws
+    /// StoreError when the entity cannot be read.
     template <class Record>
     Record& insert();
 
@@ -33,7 +35,8 @@ public:
     template <class Record>
     [[nodiscard]] std::vector<Record*> fetch(const FetchRequest<Record>& request);
 
-    /// Deletes a record; again, nothing. It vanishes from fetches at once, from the store with the next save.
+    /// Deletes a record: it vanishes from fetches at once, from the store with the next save. Deleting it
+    /// again changes nothing.
     template <class Record>
     void deleteObject(Record& record);
 
@@ -44,11 +47,15 @@ public:
     /// also when another program has changed the collection meanwhile, whose changes are then left alone.
     void save();
 
-    /// The highest id of a joke, nothing when no joke has one. Costs the same for every collection.
+    /// The highest id of a joke, nothing when no joke has one. Costs the same for every collection. Throws
+    /// StoreError when the jokes cannot be read.
     [[nodiscard]] std::optional<std::int16_t> highestJokeId();
 
     /// Every joke in memory, deleted ones included, in the order of insertion.
-    [[nodiscard]] const std::deque<Jokes>& residentJokes() const { return m_jokes.allRecords(); }
+    [[nodiscard]] const std::pmr::deque<Jokes>& residentJokes() const { return m_jokes.allRecords(); }
+
+    /// What searches look at instead of the resident jokes.
+    [[nodiscard]] FoldedTexts& foldedTexts() { return m_foldedTexts; }
 
     [[nodiscard]] PersistentStore& store() { return *m_store; }
 
@@ -77,6 +84,7 @@ private:
     std::unique_ptr<PersistentStore> m_store;
     std::unordered_set<std::string, NameHash, std::equal_to<>> m_names;
     JokeIdIndex m_jokeIds;
+    FoldedTexts m_foldedTexts;
     RecordTable<Jokes> m_jokes;
     RecordTable<Category> m_categories;
     RecordTable<Rating> m_ratings;

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <array>
+
 #include <sqlite3.h>
 
 namespace giggle {
@@ -110,8 +111,8 @@ void PersistentStore::openChecked()
     m_database->keepWriteAheadLog(false);
     if (m_database->isReadOnly())
         return;
+    StoreSchema::migrate(*m_database);
     try {
-        StoreSchema::migrate(*m_database);
         m_database->execute("PRAGMA journal_mode = WAL");
     } catch (const StoreError& error) {
         // A store that cannot be converted now, for want of space, still shows what it holds.
@@ -142,17 +143,20 @@ std::unique_ptr<Database> PersistentStore::openReadable()
 
 bool PersistentStore::mayHaveBeenChangedElsewhere()
 {
-    m_dataVersionQuery->step();
-    const std::int64_t version = m_dataVersionQuery->integer(0);
-    m_dataVersionQuery->reset();
-    return version != m_acceptedDataVersion;
+    return dataVersion() != m_acceptedDataVersion;
 }
 
 void PersistentStore::acceptContents()
 {
+    m_acceptedDataVersion = dataVersion();
+}
+
+std::int64_t PersistentStore::dataVersion()
+{
     m_dataVersionQuery->step();
-    m_acceptedDataVersion = m_dataVersionQuery->integer(0);
+    const std::int64_t version = m_dataVersionQuery->integer(0);
     m_dataVersionQuery->reset();
+    return version;
 }
 
 void PersistentStore::relaxDurability()

@@ -47,6 +47,7 @@ private:
     void makeTables();
     void openChecked();
     [[nodiscard]] std::unique_ptr<sqlite::Database> openReadable();
+    [[nodiscard]] std::int64_t dataVersion();
 
     QString m_path;
     std::unique_ptr<sqlite::Database> m_database;

@@ -23,29 +23,23 @@ std::optional<PreferenceValue> integerValue(const QJsonValue& value)
     // A fraction or a number past 64 bits comes back as the fallback, whichever that is.
     constexpr qint64 lowest = std::numeric_limits<qint64>::min();
     const qint64 number = value.toInteger(lowest);
-    if (number == lowest && value.toInteger(0) != lowest) {
+    if (number == lowest && value.toInteger(0) != lowest)
         return std::nullopt;
-    }
     return PreferenceValue(number);
 }
 
 std::optional<PreferenceValue> parseValue(const QString& type, const QJsonValue& value)
 {
-    if (type == TypeNames[0] && value.isString()) {
+    if (type == TypeNames[0] && value.isString())
         return PreferenceValue(value.toString());
-    }
-    if (type == TypeNames[1] && value.isDouble()) {
+    if (type == TypeNames[1] && value.isDouble())
         return PreferenceValue(value.toDouble());
-    }
-    if (type == TypeNames[2] && value.isDouble()) {
+    if (type == TypeNames[2] && value.isDouble())
         return integerValue(value);
-    }
-    if (type == TypeNames[3] && value.isBool()) {
+    if (type == TypeNames[3] && value.isBool())
         return PreferenceValue(value.toBool());
-    }
-    if (type == TypeNames[4] && value.isString()) {
+    if (type == TypeNames[4] && value.isString())
         return PreferenceValue(PreferenceDate{value.toString()});
-    }
     return std::nullopt;
 }
 
@@ -63,9 +57,8 @@ QByteArray quoted(const QString& text)
 QByteArray serializeReal(double number)
 {
     QByteArray text = QByteArray::number(number, 'g', QLocale::FloatingPointShortest);
-    if (!text.contains('.') && !text.contains('e')) {
+    if (!text.contains('.') && !text.contains('e'))
         text += ".0";
-    }
     return text;
 }
 
@@ -92,23 +85,19 @@ ParsedPreferences parsePreferences(const QByteArray& json)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error != QJsonParseError::NoError) {
+    if (error.error != QJsonParseError::NoError)
         return damaged(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
-    }
-    if (!document.isObject()) {
+    if (!document.isObject())
         return damaged(QStringLiteral("the file is no JSON object"));
-    }
     ParsedPreferences result;
     const QJsonObject entries = document.object();
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
         const QJsonObject typed = entry.value().toObject();
         std::optional<PreferenceValue> value;
-        if (typed.size() == 1) {
+        if (typed.size() == 1)
             value = parseValue(typed.begin().key(), typed.begin().value());
-        }
-        if (!value) {
+        if (!value)
             return damaged(QStringLiteral("the value of \"%1\" is none of a known type").arg(entry.key()));
-        }
         result.values.emplace(entry.key(), std::move(*value));
     }
     return result;

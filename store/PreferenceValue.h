@@ -37,7 +37,7 @@ struct ParsedPreferences {
 /// object whose one member names a type and holds a JSON value of that type.
 ParsedPreferences parsePreferences(const QByteArray& json);
 
-/// The file's contents for `values`: the same values give the same bytes, and parsing them gives the values
+/// The file's contents for @p values: the same values give the same bytes, and parsing them gives the values
 /// back with their types, reals to the last bit. Reals must be finite.
 QByteArray serializePreferences(const PreferenceValues& values);
 

@@ -13,9 +13,9 @@
 #include <cerrno>
 #include <cmath>
 #include <limits>
-#include <sys/stat.h>
 #include <utility>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace giggle {
@@ -43,17 +43,15 @@ Preferences::Preferences(QString path) : m_path(std::move(path))
 {
     load();
     const bool hadFile = !m_mayWrite || isTaken(damagedPath(m_path, 1));
-    if (hadFile && !isPresent(PreferenceKeys::HasBeenLaunchedBeforeFlag)) {
+    if (hadFile && !isPresent(PreferenceKeys::HasBeenLaunchedBeforeFlag))
         setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
-    }
 }
 
 void Preferences::load()
 {
     QFile file(m_path);
-    if (!isTaken(m_path)) {
+    if (!isTaken(m_path))
         return;
-    }
     if (!file.open(QIODevice::ReadOnly)) {
         printFailure(QStringLiteral("Cannot read %1: %2").arg(m_path, file.errorString()));
         m_mayWrite = false;
@@ -78,9 +76,8 @@ void Preferences::load()
 bool Preferences::setAside(const QString& damage)
 {
     int number = 1;
-    while (number < MostDamagedFiles && isTaken(damagedPath(m_path, number))) {
+    while (number < MostDamagedFiles && isTaken(damagedPath(m_path, number)))
         ++number;
-    }
     const QString target = damagedPath(m_path, number);
     QFile file(m_path);
     if (!file.rename(target)) {
@@ -116,41 +113,34 @@ bool Preferences::isPresent(QStringView key) const
 QString Preferences::text(QStringView key) const
 {
     const PreferenceValue* stored = value(key);
-    if (const auto* text = stored ? std::get_if<QString>(stored) : nullptr) {
+    if (const auto* text = stored ? std::get_if<QString>(stored) : nullptr)
         return *text;
-    }
     stopForWrongType(key, QStringLiteral("text"));
 }
 
 double Preferences::real(QStringView key) const
 {
     const PreferenceValue* stored = value(key);
-    if (const auto* number = stored ? std::get_if<double>(stored) : nullptr) {
+    if (const auto* number = stored ? std::get_if<double>(stored) : nullptr)
         return *number;
-    }
-    if (const auto* number = stored ? std::get_if<qint64>(stored) : nullptr) {
+    if (const auto* number = stored ? std::get_if<qint64>(stored) : nullptr)
         return static_cast<double>(*number);
-    }
     stopForWrongType(key, QStringLiteral("real"));
 }
 
 qint64 Preferences::integer(QStringView key) const
 {
     const PreferenceValue* stored = value(key);
-    if (const auto* number = stored ? std::get_if<qint64>(stored) : nullptr) {
+    if (const auto* number = stored ? std::get_if<qint64>(stored) : nullptr)
         return *number;
-    }
     const auto* number = stored ? std::get_if<double>(stored) : nullptr;
-    if (!number) {
+    if (!number)
         stopForWrongType(key, QStringLiteral("integer"));
-    }
     constexpr double limit = 9223372036854775808.0; // 2^63, the first value past the range
-    if (*number >= limit) {
+    if (*number >= limit)
         return std::numeric_limits<qint64>::max();
-    }
-    if (*number < -limit) {
+    if (*number < -limit)
         return std::numeric_limits<qint64>::min();
-    }
     return static_cast<qint64>(*number);
 }
 
@@ -165,13 +155,11 @@ std::optional<QDateTime> Preferences::date(QStringView key) const
 {
     const PreferenceValue* stored = value(key);
     const auto* date = stored ? std::get_if<PreferenceDate>(stored) : nullptr;
-    if (!date) {
+    if (!date)
         return std::nullopt;
-    }
     const QDateTime moment = QDateTime::fromString(date->isoText, Qt::ISODate);
-    if (!moment.isValid()) {
+    if (!moment.isValid())
         return std::nullopt;
-    }
     return moment.toUTC();
 }
 
@@ -211,24 +199,21 @@ void Preferences::setDate(QStringView key, const std::optional<QDateTime>& value
 void Preferences::remove(QStringView key)
 {
     const auto entry = m_values.find(key);
-    if (entry != m_values.end()) {
+    if (entry != m_values.end())
         m_values.erase(entry);
-    }
 }
 
 bool Preferences::synchronize()
 {
-    if (m_values == m_storedValues) {
+    if (m_values == m_storedValues)
         return true;
-    }
     if (!m_mayWrite) {
         printFailure(
             QStringLiteral("%1 could not be read and is left as it is: settings are not saved").arg(m_path));
         return false;
     }
-    if (!write(serializePreferences(m_values))) {
+    if (!write(serializePreferences(m_values)))
         return false;
-    }
     m_storedValues = m_values;
     return true;
 }

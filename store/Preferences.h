@@ -22,31 +22,31 @@ namespace giggle {
 /// cannot be read proves an earlier launch. Where the file itself has no flag, it is then present and true.
 class Preferences {
 public:
-    /// Reads the file `path`; a missing one is empty. Nothing is written.
+    /// Reads the file @p path; a missing one is empty. Nothing is written.
     explicit Preferences(QString path);
 
     Preferences(const Preferences&) = delete;
     Preferences& operator=(const Preferences&) = delete;
 
-    /// True when a value of any type is stored under `key`.
+    /// True when a value of any type is stored under @p key.
     bool isPresent(QStringView key) const;
 
-    /// The value under `key` whatever its type, null when absent. Valid until the next change.
+    /// The value under @p key whatever its type, null when absent. Valid until the next change.
     const PreferenceValue* value(QStringView key) const;
 
-    /// The text under `key`. An absent value or one of another type is a fatal stop.
+    /// The text under @p key. An absent value or one of another type is a fatal stop.
     QString text(QStringView key) const;
 
-    /// The number under `key`, stored as a real or as an integer. Anything else is a fatal stop.
+    /// The number under @p key, stored as a real or as an integer. Anything else is a fatal stop.
     double real(QStringView key) const;
 
     /// The same number, a real cut towards zero and brought into range.
     qint64 integer(QStringView key) const;
 
-    /// The boolean under `key`; false when there is none.
+    /// The boolean under @p key; false when there is none.
     bool boolean(QStringView key) const;
 
-    /// The date under `key`, in UTC. Absent when there is none or what is stored is no date.
+    /// The date under @p key, in UTC. Absent when there is none or what is stored is no date.
     std::optional<QDateTime> date(QStringView key) const;
 
     void setText(QStringView key, const QString& value);

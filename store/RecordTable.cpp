@@ -207,15 +207,15 @@ void RecordTable<Record>::update(CachedFetch& cached) const
     for (std::uint64_t change = cached.clock + 1; change <= m_clock; ++change)
         changed.push_back(m_changedLast[change % RememberedChanges]);
     std::ranges::sort(changed);
-    changed.erase(std::ranges::unique(changed).begin(), changed.end());
+    changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
     std::erase_if(cached.records,
                   [&](Record* record) { return std::ranges::binary_search(changed, record); });
 
-    const auto& [predicate, descriptors] = cached.request;
+    const auto& predicate = cached.request.predicate;
     std::erase_if(changed, [&](const Record* record) {
         return record->m_isDeleted || (predicate && !predicate->matches(*record));
     });
-    const RecordSorter<Record> sorter(descriptors);
+    const RecordSorter<Record> sorter(cached.request.sortDescriptors);
     const auto isBefore = [&](const Record* a, const Record* b) { return sorter.isBefore(a, b); };
     std::ranges::sort(changed, isBefore);
     Records merged;

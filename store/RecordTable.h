@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <memory_resource>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -36,7 +37,7 @@ public:
     [[nodiscard]] const Records& liveRecords();
 
     /// Every record, deleted ones included, each at its position.
-    [[nodiscard]] const std::deque<Record>& allRecords() const { return m_records; }
+    [[nodiscard]] const std::pmr::deque<Record>& allRecords() const { return m_records; }
 
     /// @name A change of an attribute is made between these two
     /// @{
@@ -98,7 +99,8 @@ private:
     [[nodiscard]] bool mayBeAbsent(Record& record) const;
 
     ManagedObjectContext& m_context;
-    std::deque<Record> m_records; // in the order of their oids
+    std::pmr::unsynchronized_pool_resource m_memory; // has records lie next to each other
+    std::pmr::deque<Record> m_records{&m_memory};    // in the order of their oids
     Records m_live;
     bool m_liveIsCurrent = true;
     bool m_isLoaded = false;

@@ -4,6 +4,7 @@
 #include "store/ManagedObjectContext.h"
 
 #include <limits>
+
 #include <sqlite3.h>
 
 namespace giggle {

@@ -8,6 +8,7 @@
 #include <QtEndian>
 
 #include <array>
+
 #include <sqlite3.h>
 
 namespace giggle::StoreSchema {
@@ -29,6 +30,7 @@ struct Column {
     std::string_view table;
     std::string_view name;
     std::string_view type;
+    std::int64_t since = 1; ///< the first version that has it
 };
 
 constexpr std::array Columns{
@@ -97,8 +99,7 @@ QString damageOf(sqlite::Database& database)
         if (!check.step())
             return QStringLiteral("no finding");
         const std::string_view finding = check.text(0).value_or("no finding");
-        return finding == "ok" ? QString()
-                               : QString::fromUtf8(finding.data(), static_cast<qsizetype>(finding.size()));
+        return finding == "ok" ? QString() : QString::fromUtf8(finding);
     } catch (const StoreError& error) {
         if (!tellsOfDamage(error))
             throw;
@@ -106,12 +107,14 @@ QString damageOf(sqlite::Database& database)
     }
 }
 
-void checkColumns(sqlite::Database& database, const QString& path)
+void checkColumns(sqlite::Database& database, std::int64_t version, const QString& path)
 {
     sqlite::Statement lookup(
         database,
         "SELECT 1 FROM pragma_table_info(?1) WHERE name = ?2 AND type = ?3 COLLATE NOCASE AND pk = ?4");
     for (const Column& column : Columns) {
+        if (column.since > version)
+            continue;
         lookup.bind(1, column.table);
         lookup.bind(2, column.name);
         lookup.bind(3, column.type);
@@ -158,10 +161,11 @@ void migrate(sqlite::Database& database)
 void checkContents(sqlite::Database& database, const QString& path)
 {
     // Once more: what counts may stand in the write-ahead log.
-    checkIdentity(database.integer("PRAGMA application_id"), database.integer("PRAGMA user_version"), path);
+    const std::int64_t version = database.integer("PRAGMA user_version");
+    checkIdentity(database.integer("PRAGMA application_id"), version, path);
     if (const QString finding = damageOf(database); !finding.isEmpty())
         throw damage(SQLITE_CORRUPT, path, finding);
-    checkColumns(database, path);
+    checkColumns(database, version, path);
 }
 
 StoreError explained(const StoreError& error, const QString& path)

@@ -34,7 +34,7 @@ void checkHeader(const QString& path);
 void migrate(sqlite::Database& database);
 
 /// Throws StoreError when the database is damaged, is no collection, is one of a newer version, or has other
-/// tables than those of the current one.
+/// tables than those of its own version.
 void checkContents(sqlite::Database& database, const QString& path);
 
 /// @p error as it is, or in words for people when it tells that the file is damaged.

@@ -10,31 +10,24 @@ namespace giggle {
 
 namespace {
 
-std::string lowered(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
-        .toLower()
-        .toUtf8()
-        .toStdString();
-}
-
-/// The beginnings of jokes from all over the collection: enough to tell which bytes are rare in it.
-std::string sampleOf(const std::deque<Jokes>& jokes)
+/// The beginnings of texts from all over the collection: enough to tell which bytes are rare in it.
+std::string sampleOf(const std::vector<std::string_view>& texts)
 {
     constexpr std::size_t Count = 64;
     constexpr std::size_t Size = 256;
     std::string sample;
-    for (std::size_t i = 0; i < jokes.size(); i += jokes.size() / Count + 1)
-        sample += jokes[i].joke().value_or("").substr(0, Size);
+    for (std::size_t i = 0; i < texts.size(); i += texts.size() / Count + 1)
+        sample += texts[i].substr(0, Size);
     return sample;
 }
 
-/// Has memory read ahead of its use, as jokes and their texts lie at places that the processor cannot guess.
-void prefetch(const void* start, std::size_t size)
+/// Has the beginning of a text read ahead of its use: where the next one lies a processor cannot guess.
+void prefetch(std::string_view text)
 {
+    constexpr std::size_t UsualSize = 384;
     constexpr std::size_t CacheLine = 64;
-    for (std::size_t offset = 0; offset < size; offset += CacheLine)
-        __builtin_prefetch(static_cast<const char*>(start) + offset);
+    for (std::size_t offset = 0; offset < UsualSize; offset += CacheLine)
+        __builtin_prefetch(text.data() + offset);
 }
 
 } // namespace
@@ -71,62 +64,36 @@ std::vector<Jokes*> TextSearch::filterByJoke(const std::vector<Jokes*>& source) 
     std::vector<Jokes*> found;
     if (source.empty())
         return found;
-    const std::deque<Jokes>& resident = source.front()->context().residentJokes();
-    const ByteScan scan(m_scan.needle(), sampleOf(resident));
-    if (source.size() < resident.size() / 8) {
+    ManagedObjectContext& context = source.front()->context();
+    const std::vector<std::string_view>& texts = context.foldedTexts().of(context.residentJokes());
+    const ByteScan scan(m_scan.needle(), sampleOf(texts));
+    if (source.size() < texts.size() / 8) {
         std::ranges::copy_if(source, std::back_inserter(found),
-                             [&](const Jokes* joke) { return scan.findsIn(foldedJoke(*joke)); });
+                             [&](const Jokes* joke) { return scan.findsIn(texts[joke->position()]); });
         return found;
     }
     // Texts lie in memory in the order of insertion: read in that order they are read several times faster
     // than in the order of the list.
     constexpr std::size_t Ahead = 6;
-    constexpr std::size_t UsualSize = 384;
-    std::vector<char> isHit(resident.size());
-    for (std::size_t i = 0; i < resident.size(); ++i) {
-        if (i + 2 * Ahead < resident.size())
-            prefetch(&resident[i + 2 * Ahead], sizeof(Jokes));
-        if (i + Ahead < resident.size())
-            prefetch(foldedJoke(resident[i + Ahead]).data(), UsualSize);
-        isHit[i] = scan.findsIn(foldedJoke(resident[i]));
+    std::vector<char> isHit(texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (i + Ahead < texts.size())
+            prefetch(texts[i + Ahead]);
+        isHit[i] = scan.findsIn(texts[i]);
     }
+    if (std::ranges::find(isHit, char(true)) == isHit.end())
+        return found;
     std::ranges::copy_if(source, std::back_inserter(found),
                          [&](const Jokes* joke) { return isHit[joke->position()] != 0; });
     return found;
 }
 
-/// What is searched of a joke. An unset text holds as little as an empty one.
-std::string_view TextSearch::foldedJoke(const Jokes& joke)
-{
-    fold(joke);
-    return joke.m_folding == Jokes::Folding::Lowered ? joke.m_loweredJoke : joke.joke().value_or("");
-}
-
-void TextSearch::fold(const Jokes& joke)
-{
-    const OptionalText text = joke.joke();
-    if (joke.m_folding != Jokes::Folding::Unknown || !text)
-        return;
-    if (isAscii(*text)) {
-        joke.m_loweredJoke.clear();
-        joke.m_folding = Jokes::Folding::Ascii;
-    } else {
-        // Room comes first, so that the texts lie one behind the other, and not where there is room between
-        // what lowering needs for a while.
-        joke.m_loweredJoke.reserve(text->size());
-        joke.m_loweredJoke.assign(lowered(*text));
-        joke.m_folding = Jokes::Folding::Lowered;
-    }
-}
-
-std::optional<std::size_t> TextSearch::prepare(const ManagedObjectContext& context, std::size_t first,
+std::optional<std::size_t> TextSearch::prepare(ManagedObjectContext& context, std::size_t first,
                                                std::size_t count)
 {
-    const std::deque<Jokes>& resident = context.residentJokes();
-    const std::size_t last = std::min(resident.size(), first + count);
-    for (std::size_t i = first; i < last; ++i)
-        fold(resident[i]);
-    return last < resident.size() ? std::optional(last) : std::nullopt;
+    const std::pmr::deque<Jokes>& resident = context.residentJokes();
+    context.foldedTexts().prepare(resident, first, count);
+    return first + count < resident.size() ? std::optional(first + count) : std::nullopt;
 }
 
 } // namespace giggle

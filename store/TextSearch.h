@@ -27,15 +27,13 @@ public:
 
     /// Does in advance what the first search in joke texts would do, for at most @p count jokes from the
     /// resident joke at @p first on. Returns where to go on, or nothing when every joke has been looked at.
-    static std::optional<std::size_t> prepare(const ManagedObjectContext& context, std::size_t first,
+    static std::optional<std::size_t> prepare(ManagedObjectContext& context, std::size_t first,
                                               std::size_t count);
 
 private:
     [[nodiscard]] std::vector<Jokes*> filterByName(const std::vector<Jokes*>& source,
                                                    Attribute attribute) const;
     [[nodiscard]] std::vector<Jokes*> filterByJoke(const std::vector<Jokes*>& source) const;
-    [[nodiscard]] static std::string_view foldedJoke(const Jokes& joke);
-    static void fold(const Jokes& joke);
 
     ByteScan m_scan;
 };

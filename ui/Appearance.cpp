@@ -48,14 +48,6 @@ bool Appearance::dark() const
     return m_interfaceStyle.current() == InterfaceStyle::Style::Dark;
 }
 
-void Appearance::setReduceMotion(bool reduceMotion)
-{
-    if (reduceMotion == m_reduceMotion)
-        return;
-    m_reduceMotion = reduceMotion;
-    emit reduceMotionChanged();
-}
-
 bool Appearance::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ApplicationFontChange && watched == qGuiApp)

@@ -15,7 +15,6 @@ class Appearance : public QObject {
     QML_UNCREATABLE("The application makes the only one.")
     Q_PROPERTY(bool dark READ dark NOTIFY darkChanged)
     Q_PROPERTY(double textScale READ textScale NOTIFY textScaleChanged)
-    Q_PROPERTY(bool reduceMotion READ reduceMotion NOTIFY reduceMotionChanged)
 
 public:
     /// @p interfaceStyle must outlive this object. Needs a QGuiApplication.
@@ -27,24 +26,17 @@ public:
     /// shrink the texts.
     [[nodiscard]] double textScale() const { return m_textScale; }
 
-    /// Whether the user wants no animations.
-    [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
-
-    void setReduceMotion(bool reduceMotion);
-
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     void darkChanged();
     void textScaleChanged();
-    void reduceMotionChanged();
 
 private:
     void updateTextScale();
 
     InterfaceStyle& m_interfaceStyle;
     double m_textScale = 1;
-    bool m_reduceMotion = false;
 };
 
 } // namespace giggle

@@ -47,11 +47,6 @@ ApplicationWindow {
         property: "textScale"
         value: window.appearance.textScale
     }
-    Binding {
-        target: Theme
-        property: "reduceMotion"
-        value: window.appearance.reduceMotion
-    }
 
     component Slide: Transition {
         id: slide
@@ -123,10 +118,10 @@ ApplicationWindow {
         function onPushed(screen, page, animated) {
             window.push(screen, page, animated ? StackView.PushTransition : StackView.Immediate);
         }
-        function onPopped(count, animated) {
+        function onPopped(count) {
             const target = stack.get(stack.depth - 1 - count, StackView.ForceLoad) as AppPage;
             target.barHidden = window.navigation.navigationBarHidden;
-            stack.pop(target, animated ? StackView.PopTransition : StackView.Immediate);
+            stack.pop(target, StackView.PopTransition);
             window.reportRest();
         }
     }

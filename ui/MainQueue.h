@@ -3,11 +3,12 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 namespace giggle {
 
-/// Work that is done later on the main thread, in the order in which it falls due. Screens queue work only here,
-/// so that a test can turn the clock by hand.
+/// Work that is done later on the main thread, in the order in which it falls due. Screens queue work only
+/// here, so that a test can turn the clock by hand.
 class MainQueue {
 public:
     using Work = std::function<void()>;

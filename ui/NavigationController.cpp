@@ -78,7 +78,7 @@ void NavigationController::popTo(std::size_t target)
     uncovered.appearing = Appearing::Underway;
     uncovered.screen->viewWillAppear();
     emit depthChanged();
-    emit popped(count, true);
+    emit popped(count);
 }
 
 void NavigationController::disappear(Entry& entry)

@@ -82,7 +82,7 @@ public:
 
 signals:
     void pushed(giggle::Screen* screen, const QUrl& page, bool animated);
-    void popped(int count, bool animated);
+    void popped(int count);
     void navigationBarHiddenChanged();
     void depthChanged();
     void alertChanged();

@@ -7,24 +7,25 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-#include <optional>
-
 namespace giggle {
 
 /// What every screen is to the navigation stack: a title and the life-cycle callbacks. A screen owns what it
 /// fetches, shows, validates and saves, and never touches an item of its page.
+///
+/// Derive from giggle::Screen with its namespace: the tools that check pages know the base by what is
+/// written.
 class Screen : public QObject {
     Q_OBJECT
     QML_ANONYMOUS
-    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+    Q_PROPERTY(QString title READ title CONSTANT)
 
 public:
     explicit Screen(ScreenEnvironment& environment) : m_environment(environment) {}
 
     [[nodiscard]] virtual QString title() const = 0;
 
-    /// The way back that ends at this screen, if there is one.
-    [[nodiscard]] virtual bool isTargetOf(UnwindRoute) const { return false; }
+    /// Whether @p route ends at this screen.
+    [[nodiscard]] virtual bool isTargetOf([[maybe_unused]] UnwindRoute route) const { return false; }
 
     /// @name Life cycle, called by the navigation controller in this order
     /// @{
@@ -43,9 +44,6 @@ public:
 
     /// A route that ends here was taken; called before viewWillAppear.
     virtual void unwound(UnwindRoute) {}
-
-signals:
-    void titleChanged();
 
 protected:
     [[nodiscard]] ScreenEnvironment& environment() const { return m_environment; }

@@ -5,8 +5,8 @@
 
 namespace giggle {
 
-/// What one screen leaves behind for the next: the joke chosen in a list and the screen that opened an editor.
-/// One object for the process, handed to every screen by ScreenEnvironment; every value starts empty.
+/// What one screen leaves behind for the next: the joke chosen in a list and the screen that opened an
+/// editor. One object for the process, handed to every screen by ScreenEnvironment; every value starts empty.
 struct SharedSelection {
     /// The screen to which an editor returns after a save: "MainMenu", "MainList", "CategoryGroup",
     /// "RatingGroup", "CategoryBreakdown" or "RatingBreakdown".

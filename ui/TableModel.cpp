@@ -51,9 +51,4 @@ void TableModel::removeRow(int row, const std::function<void()>& removeFromSourc
     emit headerTextChanged();
 }
 
-void TableModel::rowChanged(int row)
-{
-    emit dataChanged(index(row), index(row));
-}
-
 } // namespace giggle

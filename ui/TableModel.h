@@ -42,8 +42,6 @@ public:
     /// Takes one row away. @p removeFromSource does so in the data source and changes nothing else.
     void removeRow(int row, const std::function<void()>& removeFromSource);
 
-    void rowChanged(int row);
-
 signals:
     void headerTextChanged();
     void countChanged();

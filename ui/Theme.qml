@@ -9,7 +9,6 @@ QtObject {
     property bool dark: false
     /// The size of texts, 1 for the system's usual one.
     property real textScale: 1
-    property bool reduceMotion: false
 
     readonly property color background: dark ? "#15181b" : "#f5f5f1"
     readonly property color surface: dark ? "#2b3035" : "#ffffff"
@@ -39,7 +38,7 @@ QtObject {
     readonly property int borderWidth: 2
     readonly property int touchTarget: 44
     readonly property int readableWidth: 720
-    readonly property int animationTime: reduceMotion ? 0 : 200
+    readonly property int animationTime: 200
 
     readonly property int smallSize: Math.round(14 * textScale)
     readonly property int headerSize: Math.round(15 * textScale)

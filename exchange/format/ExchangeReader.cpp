@@ -38,14 +38,7 @@ Fields split(std::string_view line)
     return fields;
 }
 
-std::string withoutDoubleQuotes(std::string_view field)
-{
-    std::string text(field);
-    std::erase(text, '"');
-    return text;
-}
-
-std::string replaced(std::string_view text, std::string_view what, char by)
+std::string replaced(std::string_view text, std::string_view what, std::string_view by)
 {
     std::string result;
     result.reserve(text.size());
@@ -59,9 +52,14 @@ std::string replaced(std::string_view text, std::string_view what, char by)
     }
 }
 
+std::string withoutDoubleQuotes(std::string_view field)
+{
+    return replaced(field, "\"", "");
+}
+
 std::string unescaped(std::string_view joke)
 {
-    return replaced(replaced(joke, EscapedLineFeed, '\n'), EscapedCaret, '\'');
+    return replaced(replaced(joke, EscapedLineFeed, "\n"), EscapedCaret, "'");
 }
 
 /// An optional sign and ASCII digits within 16 bits, and nothing else.
@@ -150,8 +148,8 @@ std::vector<std::string_view> sectionLines(const PreparedText& text)
 
 } // namespace
 
-ExchangeReader::ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile)
-    : m_appDelegate(appDelegate), m_sourceName(std::move(sourceName)), m_sourceFile(sourceFile)
+ExchangeReader::ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile, int line)
+    : m_appDelegate(appDelegate), m_sourceName(std::move(sourceName)), m_sourceFile(sourceFile), m_line(line)
 {
 }
 
@@ -162,7 +160,7 @@ ManagedObjectContext& ExchangeReader::context() const
 
 void ExchangeReader::readJokes(std::string_view document)
 {
-    m_appDelegate.loadSecondContainer(m_sourceFile, __LINE__);
+    m_appDelegate.loadSecondContainer(m_sourceFile, m_line);
     const PreparedText text(document);
     m_wrongFile = !text.hasLine(CollectionMarker);
     if (m_wrongFile)
@@ -184,10 +182,10 @@ void ExchangeReader::readJokeLine(const PreparedLine& line, BulkSaving& bulk)
     try {
         FetchRequest<Jokes> request = Jokes::fetchRequest();
         request.predicate = Predicate<Jokes>("id == %i", id);
-        m_results = context().fetch(request);
-        if (m_results.size() > 1)
+        const std::vector<Jokes*> results = context().fetch(request);
+        if (results.size() > 1)
             return;
-        setAttributes(m_results.empty() ? context().insert<Jokes>() : *m_results.front(), fields, id);
+        setAttributes(results.empty() ? context().insert<Jokes>() : *results.front(), fields, id);
         context().save();
     } catch (const StoreError& error) {
         printFailure(error.localizedDescription());
@@ -210,8 +208,8 @@ std::int16_t ExchangeReader::idOf(std::string_view field, const PreparedLine& li
                        "above this line have been saved")
             .arg(m_sourceName)
             .arg(line.number)
-            .arg(QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()))),
-        m_sourceFile, __LINE__);
+            .arg(QString::fromUtf8(shown)),
+        m_sourceFile, m_line);
 }
 
 void ExchangeReader::readCategories(std::string_view document, NamesFilter filter)
@@ -227,7 +225,7 @@ void ExchangeReader::readRatings(std::string_view document, NamesFilter filter)
 template <class Record>
 void ExchangeReader::readNames(std::string_view document, NamesFilter filter)
 {
-    m_appDelegate.loadSecondContainer(m_sourceFile, __LINE__);
+    m_appDelegate.loadSecondContainer(m_sourceFile, m_line);
     const PreparedText text(document);
     m_wrongFile = !text.hasLine(NameStep<Record>::marker);
     if (m_wrongFile || filter == NamesFilter::KeepsNothing)

@@ -28,10 +28,8 @@ public:
     };
 
     /// @param sourceName what messages call the text, usually a file's name
-    /// @param sourceFile the source file in whose name a collection that cannot be loaded ends the program;
-    /// it
-    ///                   must outlive the reader
-    ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile);
+    /// @param sourceFile,line in whose name the reader ends the program; the name must outlive the reader
+    ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile, int line);
 
     /// Updates the joke that has the line's id, inserts one when none has it, and skips the line when several
     /// have it. A line whose id is no number of 16 bits ends the program; the lines above it are saved.
@@ -56,8 +54,8 @@ private:
     AppDelegate& m_appDelegate;
     QString m_sourceName;
     const char* m_sourceFile;
+    int m_line;
     bool m_wrongFile = false;
-    std::vector<Jokes*> m_results; ///< of the last fetch that succeeded
 };
 
 } // namespace giggle

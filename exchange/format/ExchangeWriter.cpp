@@ -3,7 +3,9 @@
 
 #include "exchange/format/ExchangeFormat.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace giggle {
 
@@ -20,14 +22,18 @@ void appendNumber(std::string& text, int number)
 
 void appendEscaped(std::string& text, std::string_view joke)
 {
-    for (;;) {
-        const std::size_t special = joke.find_first_of("\n^");
-        text.append(joke.substr(0, special));
-        if (special == std::string_view::npos)
-            return;
-        text.append(joke[special] == '\n' ? EscapedLineFeed : EscapedCaret);
-        joke.remove_prefix(special + 1);
+    std::size_t written = 0;
+    // Searching for one byte is several times faster than for one of two.
+    std::size_t lineFeed = joke.find('\n');
+    std::size_t caret = joke.find(FieldSeparator);
+    while (lineFeed != caret) { // both are npos behind the last one
+        const std::size_t next = std::min(lineFeed, caret);
+        text.append(joke.substr(written, next - written));
+        text.append(next == caret ? EscapedCaret : EscapedLineFeed);
+        written = next + 1;
+        (next == caret ? caret : lineFeed) = joke.find(joke[next], written);
     }
+    text.append(joke.substr(written));
 }
 
 void beginSection(std::string& text, std::string_view marker)
@@ -110,7 +116,7 @@ std::string writeCollection(ManagedObjectContext& context)
     writer.writeJokes(context.fetch(ExchangeWriter::jokesRequest()));
     writer.writeCategories(context.fetch(ExchangeWriter::categoriesRequest()));
     writer.writeRatings(context.fetch(ExchangeWriter::ratingsRequest()));
-    return writer.text();
+    return std::move(writer).text();
 }
 
 } // namespace giggle

@@ -18,7 +18,9 @@ public:
 
     void writeRatings(const std::vector<Rating*>& ratings);
 
-    [[nodiscard]] const std::string& text() const { return m_text; }
+    [[nodiscard]] const std::string& text() const& { return m_text; }
+
+    [[nodiscard]] std::string text() && { return std::move(m_text); }
 
     /// @name The requests whose results a file holds, in the file's order
     /// @{

@@ -8,18 +8,21 @@ namespace giggle {
 PreparedText::PreparedText(std::string_view document)
 {
     m_text.reserve(document.size());
-    while (!document.empty()) {
-        const std::size_t special = document.find_first_of("\r'");
-        m_text.append(document.substr(0, special));
-        if (special == std::string_view::npos)
-            break;
-        const bool isCarriageReturn = document[special] == '\r';
-        document.remove_prefix(special + 1);
+    std::size_t taken = 0;
+    // Searching for one byte is several times faster than for one of two.
+    std::size_t carriageReturn = document.find('\r');
+    std::size_t apostrophe = document.find('\'');
+    while (carriageReturn != apostrophe) { // both are npos behind the last one
+        const std::size_t next = std::min(carriageReturn, apostrophe);
+        m_text.append(document.substr(taken, next - taken));
+        taken = next + 1;
         // A carriage return with a line feed ends one line. The empty line that two ends would make between
         // them would be dropped anyway, and the numbers of the lines would no longer be those of an editor.
-        if (isCarriageReturn && !document.starts_with('\n'))
+        if (next == carriageReturn && !document.substr(taken).starts_with('\n'))
             m_text += '\n';
+        (next == apostrophe ? apostrophe : carriageReturn) = document.find(document[next], taken);
     }
+    m_text.append(document.substr(taken));
     std::string_view rest = m_text;
     for (std::size_t number = 1;; ++number) {
         const std::size_t end = rest.find('\n');

@@ -16,7 +16,7 @@ class ApplicationAdaptor : public QDBusAbstractAdaptor {
 public:
     using Handler = std::function<void(const QVariantMap& platformData)>;
 
-    /// Becomes a child of `object`, under which the bus sees it. `activate` is called in its thread.
+    /// Becomes a child of @p object, under which the bus sees it. @p activate is called in its thread.
     ApplicationAdaptor(QObject* object, Handler activate);
 
 public slots:

@@ -22,9 +22,8 @@ std::optional<QString> BundleResources::pathForResource(const QString& name, con
 {
     for (const QString& folder : m_folders) {
         const QString path = QStringLiteral("%1/%2.%3").arg(folder, name, type);
-        if (QFileInfo(path).isFile()) {
+        if (QFileInfo(path).isFile())
             return path;
-        }
     }
     return std::nullopt;
 }

@@ -15,7 +15,7 @@ public:
     /// `../share/giggle-archives` seen from the executable, then `:/resources`. Needs the application object.
     static QStringList standardFolders();
 
-    /// Looks through `folders` in their order. Folders that do not exist are fine.
+    /// Looks through @p folders in their order. Folders that do not exist are fine.
     explicit BundleResources(QStringList folders = standardFolders());
 
     std::optional<QString> pathForResource(const QString& name, const QString& type) const override;

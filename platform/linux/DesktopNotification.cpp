@@ -17,9 +17,8 @@ DesktopNotification::DesktopNotification(QDBusConnection bus, std::chrono::milli
 
 bool DesktopNotification::show(const QString& summary, const QString& body) const
 {
-    if (!m_bus.isConnected()) {
+    if (!m_bus.isConnected())
         return false;
-    }
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));

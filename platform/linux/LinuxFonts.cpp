@@ -26,19 +26,16 @@ constexpr double LargestPixelSize = 2000;
 
 QString familyBehind(const QString& name)
 {
-    for (const Alias& alias : Aliases) {
-        if (name.compare(alias.name, Qt::CaseInsensitive) == 0) {
+    for (const Alias& alias : Aliases)
+        if (name.compare(alias.name, Qt::CaseInsensitive) == 0)
             return alias.family.toString();
-        }
-    }
     return name;
 }
 
 int pixelSize(double pointSize)
 {
-    if (!(pointSize > 1)) {
+    if (!(pointSize > 1))
         return 1;
-    }
     return qRound(qMin(pointSize, LargestPixelSize));
 }
 
@@ -53,12 +50,10 @@ LinuxFonts::LinuxFonts()
 std::optional<QFont> LinuxFonts::font(const QString& name, double pointSize)
 {
     std::optional<QString> family = installedFamily(familyBehind(name));
-    if (!family) {
+    if (!family)
         family = installedFamily(name);
-    }
-    if (!family) {
+    if (!family)
         return std::nullopt;
-    }
     QFont font(*family);
     font.setPixelSize(pixelSize(pointSize));
     return font;
@@ -68,14 +63,12 @@ std::optional<QString> LinuxFonts::installedFamily(const QString& name)
 {
     if (m_families.isEmpty()) {
         const QStringList families = QFontDatabase::families();
-        for (const QString& family : families) {
+        for (const QString& family : families)
             m_families.insert(family.toCaseFolded(), family);
-        }
     }
     const auto found = m_families.constFind(name.toCaseFolded());
-    if (found == m_families.constEnd()) {
+    if (found == m_families.constEnd())
         return std::nullopt;
-    }
     return *found;
 }
 

@@ -47,27 +47,24 @@ void PortalInterfaceStyle::readScheme(QDBusConnection& bus)
     auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusVariant> reply = *watcher;
-        if (reply.isValid()) {
+        if (reply.isValid())
             takeScheme(reply.value().variant());
-        }
         watcher->deleteLater();
     });
 }
 
 void PortalInterfaceStyle::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group == Group && key == Key) {
+    if (group == Group && key == Key)
         takeScheme(value.variant());
-    }
 }
 
 void PortalInterfaceStyle::takeScheme(const QVariant& value)
 {
     // `Read` wraps its answer in one variant more than the signal does.
     QVariant scheme = value;
-    while (scheme.userType() == qMetaTypeId<QDBusVariant>()) {
+    while (scheme.userType() == qMetaTypeId<QDBusVariant>())
         scheme = scheme.value<QDBusVariant>().variant();
-    }
     switch (scheme.toUInt()) {
     case 1:
         m_scheme = Style::Dark;
@@ -84,9 +81,8 @@ void PortalInterfaceStyle::takeScheme(const QVariant& value)
 
 bool PortalInterfaceStyle::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp)
         update();
-    }
     return InterfaceStyle::eventFilter(watched, event);
 }
 

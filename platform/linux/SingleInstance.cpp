@@ -11,10 +11,10 @@
 #include <QThread>
 
 #include <cerrno>
-#include <sys/file.h>
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace giggle {
@@ -49,9 +49,8 @@ SingleInstance::~SingleInstance()
         m_bus.unregisterService(ApplicationIdentity::applicationId());
         m_bus.unregisterObject(ApplicationIdentity::objectPath());
     }
-    if (m_descriptor >= 0) {
+    if (m_descriptor >= 0)
         ::close(m_descriptor);
-    }
 }
 
 SingleInstance::Outcome SingleInstance::start()
@@ -62,12 +61,10 @@ SingleInstance::Outcome SingleInstance::start()
             return Outcome::First;
         }
         bool mayComeLater = true;
-        if (showOther(mayComeLater)) {
+        if (showOther(mayComeLater))
             return Outcome::OtherShown;
-        }
-        if (!mayComeLater) {
+        if (!mayComeLater)
             break;
-        }
         QThread::msleep(PauseInMilliseconds);
     }
     printFailure(QStringLiteral("%1 is already running.").arg(ApplicationIdentity::displayName()));
@@ -78,44 +75,38 @@ SingleInstance::Lock SingleInstance::lock()
 {
     const QByteArray path = QFile::encodeName(m_lockPath);
     m_descriptor = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (m_descriptor < 0 && (errno == EACCES || errno == EROFS)) {
+    if (m_descriptor < 0 && (errno == EACCES || errno == EROFS))
         m_descriptor = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
-    }
     if (m_descriptor < 0) {
         logMissingLock(m_lockPath, errno);
         return Lock::Held;
     }
-    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0) {
+    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)
         return Lock::Held;
-    }
     const int error = errno;
     ::close(std::exchange(m_descriptor, -1));
-    if (error == EWOULDBLOCK) {
+    if (error == EWOULDBLOCK)
         return Lock::Taken;
-    }
     logMissingLock(m_lockPath, error);
     return Lock::Held;
 }
 
 bool SingleInstance::showOther(bool& mayComeLater)
 {
-    if (!m_bus.isConnected()) {
+    if (!m_bus.isConnected())
         return false;
-    }
     QDBusMessage message = QDBusMessage::createMethodCall(
         ApplicationIdentity::applicationId(), ApplicationIdentity::objectPath(),
         QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
     QVariantMap platformData;
-    if (qEnvironmentVariableIsSet(ActivationToken)) {
+    if (qEnvironmentVariableIsSet(ActivationToken))
         platformData.insert(QStringLiteral("activation-token"), qEnvironmentVariable(ActivationToken));
-    }
     message.setArguments({platformData});
     // Without this the bus might start a third instance to answer.
     message.setAutoStartService(false);
     const QDBusMessage reply = m_bus.call(message, QDBus::Block, ReplyTimeoutInMilliseconds);
-    if (reply.type() == QDBusMessage::ReplyMessage) {
+    if (reply.type() == QDBusMessage::ReplyMessage)
         return true;
-    }
     const QDBusError::ErrorType error = QDBusError(reply).type();
     mayComeLater = error == QDBusError::ServiceUnknown || error == QDBusError::UnknownObject;
     return false;
@@ -123,24 +114,21 @@ bool SingleInstance::showOther(bool& mayComeLater)
 
 void SingleInstance::registerOnBus()
 {
-    if (!m_bus.isConnected()) {
+    if (!m_bus.isConnected())
         return;
-    }
     new ApplicationAdaptor(this, [this](const QVariantMap& platformData) { activate(platformData); });
     // The object comes before the name: who finds the name finds the object. The name is somebody else's when
     // another collection of this user is open; that one keeps it.
     m_onBus = m_bus.registerObject(ApplicationIdentity::objectPath(), this);
-    if (m_onBus) {
+    if (m_onBus)
         m_bus.registerService(ApplicationIdentity::applicationId());
-    }
 }
 
 void SingleInstance::activate(const QVariantMap& platformData)
 {
     const QByteArray token = platformData.value(QStringLiteral("activation-token")).toString().toUtf8();
-    if (!token.isEmpty()) {
+    if (!token.isEmpty())
         qputenv(ActivationToken, token);
-    }
     emit activationRequested();
 }
 

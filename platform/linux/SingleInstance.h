@@ -21,7 +21,7 @@ public:
         OtherRunning, ///< Another instance runs and cannot be reached; standard error says so.
     };
 
-    /// Does nothing yet. `lockPath` is made when it is missing; its folder must exist.
+    /// Does nothing yet. @p lockPath is made when it is missing; its folder must exist.
     explicit SingleInstance(QString lockPath, QDBusConnection bus = QDBusConnection::sessionBus(),
                             QObject* parent = nullptr);
 

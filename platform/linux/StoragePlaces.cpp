@@ -9,9 +9,9 @@
 #include <QFileInfo>
 
 #include <cerrno>
-#include <sys/stat.h>
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace giggle {
@@ -21,9 +21,8 @@ namespace {
 QString ownFolder(const QString& xdgValue, const QString& home, const QString& fallback)
 {
     const QString own = QStringLiteral("/giggle-archives");
-    if (QDir::isAbsolutePath(xdgValue)) {
+    if (QDir::isAbsolutePath(xdgValue))
         return QDir::cleanPath(xdgValue + own);
-    }
     return QDir::isAbsolutePath(home) ? QDir::cleanPath(home + fallback + own) : QString();
 }
 
@@ -38,20 +37,17 @@ QString homeOfAccount()
 std::optional<QString> makeFolder(const QString& folder)
 {
     const QFileInfo info(folder);
-    if (info.isDir()) {
+    if (info.isDir())
         return std::nullopt;
-    }
     const QString parent = info.path();
     if (parent != folder) {
-        if (auto reason = makeFolder(parent)) {
+        if (auto reason = makeFolder(parent))
             return reason;
-        }
     }
     if (::mkdir(QFile::encodeName(folder).constData(), 0700) != 0) {
         const int error = errno;
-        if (error != EEXIST || !QFileInfo(folder).isDir()) {
+        if (error != EEXIST || !QFileInfo(folder).isDir())
             return QStringLiteral("%1: %2").arg(folder, qt_error_string(error));
-        }
     }
     synchronizeFolder(parent);
     return std::nullopt;
@@ -80,18 +76,15 @@ StoragePlaces::StoragePlaces(const Environment& environment, const QString& acco
 
 std::optional<QString> StoragePlaces::prepare() const
 {
-    if (m_dataFolder.isEmpty()) {
+    if (m_dataFolder.isEmpty())
         return QStringLiteral("There is no home folder to keep the collection in. Set HOME to one.");
-    }
     for (const QString& folder : {m_configFolder, m_stateFolder}) {
         const auto reason = folder.isEmpty() ? QStringLiteral("there is no home folder") : makeFolder(folder);
-        if (reason) {
+        if (reason)
             printFailure(QStringLiteral("Cannot make a folder for settings: %1").arg(*reason));
-        }
     }
-    if (const auto reason = makeFolder(m_dataFolder)) {
+    if (const auto reason = makeFolder(m_dataFolder))
         return QStringLiteral("The folder of the collection cannot be made. %1").arg(*reason);
-    }
     return std::nullopt;
 }
 

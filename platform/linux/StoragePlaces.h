@@ -18,7 +18,7 @@ public:
     /// Reads the environment of the process.
     StoragePlaces();
 
-    /// `accountHome` is the home folder that holds where `HOME` names none.
+    /// @p accountHome is the home folder that holds where `HOME` names none.
     StoragePlaces(const Environment& environment, const QString& accountHome);
 
     /// Makes the folders that are missing, readable by the user alone. Returns a message for the user when

@@ -42,6 +42,15 @@ Database::Database(const QString& path, Mode mode) : m_path(path)
         execute("PRAGMA locking_mode = EXCLUSIVE");
 }
 
+Database::~Database() = default;
+
+void Database::run(std::unique_ptr<Statement>& statement, std::string_view sql)
+{
+    if (!statement)
+        statement = std::make_unique<Statement>(*this, sql);
+    statement->run();
+}
+
 void Database::execute(const char* sql)
 {
     if (sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
@@ -182,8 +191,7 @@ bool Statement::isNull(int column) const
 
 Transaction::Transaction(Database& database) : m_database(database)
 {
-    if (sqlite3_exec(database.handle(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw database.lastError(QStringLiteral("The collection could not be saved"));
+    database.run(database.m_begin, "BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction()
@@ -195,8 +203,7 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    if (sqlite3_exec(m_database.handle(), "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw m_database.lastError(QStringLiteral("The collection could not be saved"));
+    m_database.run(m_database.m_commit, "COMMIT");
 }
 
 } // namespace giggle::sqlite

@@ -14,6 +14,8 @@ struct sqlite3_stmt;
 
 namespace giggle::sqlite {
 
+class Statement;
+
 /// One connection to a database file. Failures are thrown as StoreError with SQLite's extended code.
 class Database {
 public:
@@ -24,6 +26,10 @@ public:
     };
 
     Database(const QString& path, Mode mode);
+    ~Database();
+
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
 
     /// Runs statements whose rows, if any, do not matter.
     void execute(const char* sql);
@@ -49,12 +55,19 @@ public:
     [[nodiscard]] sqlite3* handle() const { return m_handle.get(); }
 
 private:
+    friend class Transaction;
+
     struct Closer {
         void operator()(sqlite3* handle) const;
     };
 
+    /// Runs a statement that is prepared at the first call.
+    void run(std::unique_ptr<Statement>& statement, std::string_view sql);
+
     QString m_path;
     std::unique_ptr<sqlite3, Closer> m_handle;
+    std::unique_ptr<Statement> m_begin;
+    std::unique_ptr<Statement> m_commit;
 };
 
 /// A prepared statement. It must not outlive its database.

@@ -9,8 +9,9 @@
 #include <QFile>
 
 #include <algorithm>
-#include <gmock/gmock.h>
 #include <set>
+
+#include <gmock/gmock.h>
 
 namespace giggle {
 
@@ -73,7 +74,7 @@ TEST(ExchangeFileTest, FileOfAnotherSystemIsRead)
     ASSERT_TRUE(file.text);
     CollectionFolder folder;
     AppDelegate appDelegate(folder.path());
-    ExchangeReader reader(appDelegate, QStringLiteral("windows.csv"), "tests");
+    ExchangeReader reader(appDelegate, QStringLiteral("windows.csv"), "tests", 1);
     reader.readJokes(*file.text);
     reader.readCategories(*file.text, ExchangeReader::NamesFilter::KeepsSection);
     EXPECT_THAT(liveRows(appDelegate.persistentContainer().viewContext()),
@@ -88,7 +89,7 @@ TEST(StarterCollectionTest, IsWholeAndConsistent)
     EXPECT_EQ(file.text->find_first_of("'\"\\|\r\t"), std::string::npos);
     CollectionFolder folder;
     AppDelegate appDelegate(folder.path());
-    ExchangeReader reader(appDelegate, QStringLiteral("GiggleArchives.txt"), "tests");
+    ExchangeReader reader(appDelegate, QStringLiteral("GiggleArchives.txt"), "tests", 1);
     reader.readJokes(*file.text);
     reader.readCategories(*file.text, ExchangeReader::NamesFilter::KeepsSection);
     ManagedObjectContext& context = appDelegate.persistentContainer().viewContext();

@@ -23,7 +23,7 @@ protected:
 
     CollectionFolder m_folder;
     AppDelegate m_appDelegate{m_folder.path()};
-    ExchangeReader m_reader{m_appDelegate, QStringLiteral("My Jokes.csv"), "tests/SomeImporter"};
+    ExchangeReader m_reader{m_appDelegate, QStringLiteral("My Jokes.csv"), "tests/SomeImporter", 7};
 };
 
 /// What reading joke lines into an empty collection leaves there, as "oid|category|favorite|id|joke|rating".
@@ -76,7 +76,7 @@ TEST(JokeLinesTest, GiveTheJokes)
         SCOPED_TRACE(reading.name);
         CollectionFolder folder;
         AppDelegate appDelegate(folder.path());
-        ExchangeReader reader(appDelegate, QStringLiteral("My Jokes.csv"), "tests/SomeImporter");
+        ExchangeReader reader(appDelegate, QStringLiteral("My Jokes.csv"), "tests/SomeImporter", 7);
         reader.readJokes("[GIGGLEARCHIVES]\n" + reading.lines);
         EXPECT_FALSE(reader.wrongFile());
         EXPECT_THAT(liveRows(appDelegate.persistentContainer().viewContext()),
@@ -136,12 +136,12 @@ TEST(ExchangeReaderStopTest, FieldThatIsNoIdEndsTheProgramAfterWhatIsAboveItWasS
         CollectionFolder folder;
         const auto read = [&] {
             AppDelegate appDelegate(folder.path());
-            ExchangeReader(appDelegate, QStringLiteral("My Jokes.csv"), "tests/SomeImporter")
+            ExchangeReader(appDelegate, QStringLiteral("My Jokes.csv"), "tests/SomeImporter", 7)
                 .readJokes(std::string("[GIGGLEARCHIVES]\r\nDad^Mild^1^F^a\r\n^^2\r\nDad^Mild^") + field +
                            "^F^b\r\nDad^Mild^4^F^c");
         };
         EXPECT_DEATH(read(), "Fatal error: \"My Jokes.csv\", line 4: \".*\" is not an id.*: file "
-                             "tests/SomeImporter, line [0-9]+")
+                             "tests/SomeImporter, line 7")
             << field;
         EXPECT_THAT(storedRows(folder.file()), ElementsAre("1|Dad|0|1|a|Mild", "2|NULL|NULL|2|NULL|NULL"));
     }

@@ -4,9 +4,10 @@
 #include "tests/support/CollectionFolder.h"
 
 #include <array>
-#include <gtest/gtest.h>
 #include <map>
 #include <random>
+
+#include <gtest/gtest.h>
 
 namespace giggle {
 
@@ -41,7 +42,7 @@ public:
 
         CollectionFolder folder;
         AppDelegate appDelegate(folder.path());
-        ExchangeReader reader(appDelegate, QStringLiteral("file"), "tests");
+        ExchangeReader reader(appDelegate, QStringLiteral("file"), "tests", 1);
         for (int reading = 0; reading < 2; ++reading) {
             reader.readJokes(document);
             reader.readCategories(document, ExchangeReader::NamesFilter::KeepsNothing);

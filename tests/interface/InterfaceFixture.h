@@ -11,20 +11,25 @@
 #include <QQuickWindow>
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <memory>
+
+#include <gtest/gtest.h>
 
 namespace giggle {
 
-/// The real window with its real pages, offscreen, over a collection in a folder of its own. Controls are found
-/// and pressed as a screen reader does it: by role and name. Any warning of the script engine is a failure.
+/// The real window with its real pages, offscreen, over a collection in a folder of its own. Controls are
+/// found and pressed as a screen reader does it: by role and name. Any warning of the script engine is a
+/// failure.
 class InterfaceFixture : public ::testing::Test {
 protected:
     InterfaceFixture();
     ~InterfaceFixture() override;
 
     /// The collection, to be filled before the screens look at it.
-    [[nodiscard]] ManagedObjectContext& context() { return m_appDelegate.persistentContainer().viewContext(); }
+    [[nodiscard]] ManagedObjectContext& context()
+    {
+        return m_appDelegate.persistentContainer().viewContext();
+    }
 
     [[nodiscard]] Preferences& userDefaults() { return *m_userDefaults; }
 

@@ -14,7 +14,8 @@ protected:
     void fill()
     {
         skipSeeding();
-        insertJoke(context(), {.category = "Animal", .rating = "Mild", .id = 1, .favorite = true, .joke = "Moo"});
+        insertJoke(context(),
+                   {.category = "Animal", .rating = "Mild", .id = 1, .favorite = true, .joke = "Moo"});
         insertJoke(context(), {.category = "Corny", .rating = "Adult", .id = 2, .joke = "Pop"});
         insertJoke(context(), {.category = "Dad", .id = 3, .joke = "Hi Hungry"});
         context().save();
@@ -57,9 +58,10 @@ TEST_F(MenuAndJokeList, MenuFoldsOutAndIsFoldedAgainOnReturn)
     openWindow();
     EXPECT_FALSE(find(QAccessible::Button, u"Joke List"_qs));
     press(QAccessible::Button, u"Menu"_qs);
-    const QStringList areas{u"Joke List"_qs, u"Add Joke"_qs, u"Jokes by Category"_qs, u"Joke of the Day"_qs,
-                            u"Print"_qs, u"Reference Lists"_qs, u"Default Settings"_qs, u"Import / Export"_qs,
-                            u"Rate / Share"_qs, u"Overview"_qs};
+    const QStringList areas{u"Joke List"_qs,        u"Add Joke"_qs,        u"Jokes by Category"_qs,
+                            u"Joke of the Day"_qs,  u"Print"_qs,           u"Reference Lists"_qs,
+                            u"Default Settings"_qs, u"Import / Export"_qs, u"Rate / Share"_qs,
+                            u"Overview"_qs};
     for (const QString& area : areas)
         waitFor(QAccessible::Button, area);
     press(QAccessible::Button, u"Overview"_qs); // its screen is still to come
@@ -102,8 +104,9 @@ TEST_F(MenuAndJokeList, DeleteKeyDeletesTheRowForGood)
     fill();
     openWindow();
     openList();
-    waitFor(QAccessible::ListItem, Moo)->actionInterface()->doAction(
-        QAccessibleActionInterface::setFocusAction());
+    waitFor(QAccessible::ListItem, Moo)
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::setFocusAction());
     key(Qt::Key_Delete);
     waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
     restart();
@@ -133,7 +136,10 @@ TEST_F(MenuAndJokeList, TickingARowStoresNothing)
     fill();
     openWindow();
     openList();
+    const auto isTicked = [&] { return bool(find(QAccessible::CheckBox, u"Favorite"_qs)->state().checked); };
+    ASSERT_TRUE(isTicked()); // the first row is the favourite
     press(QAccessible::CheckBox, u"Favorite"_qs);
+    EXPECT_FALSE(isTicked());
     EXPECT_FALSE(context().hasChanges());
 }
 

@@ -14,7 +14,8 @@ namespace giggle {
 /// A joke list over the jokes that a test adds before it loads the screen.
 class JokeListFixture : public ScreenFixture {
 protected:
-    enum Mode { CategoryMode, RatingMode, JokeMode, FavoritesMode };
+    using Mode = NewMainListTableViewController::Mode;
+    using enum NewMainListTableViewController::Mode;
 
     [[nodiscard]] NewMainListTableViewCell cell(int row) const
     {

@@ -123,7 +123,9 @@ TEST_F(JokeListOrderTest, WorkThatIsStillQueuedOutlivesTheScreen)
     leaving->viewDidLoad();
     leaving->viewDidAppear();
     leaving.reset();
+    EXPECT_EQ(mainQueue.waiting(), 1u);
     mainQueue.advance(std::chrono::seconds(1));
+    EXPECT_EQ(mainQueue.waiting(), 0u);
 }
 
 TEST_F(JokeListOrderTest, AFetchThatFailsIsLoggedAndLeavesTheListEmpty)

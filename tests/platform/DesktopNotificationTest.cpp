@@ -9,6 +9,7 @@
 #include <QVariantMap>
 
 #include <atomic>
+
 #include <gtest/gtest.h>
 
 namespace giggle {
@@ -45,9 +46,8 @@ public slots:
     {
         m_summary = summary;
         m_body = body;
-        if (m_silent) {
+        if (m_silent)
             setDelayedReply(true);
-        }
         return 1;
     }
 

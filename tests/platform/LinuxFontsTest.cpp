@@ -3,8 +3,9 @@
 
 #include <QFontInfo>
 
-#include <gtest/gtest.h>
 #include <limits>
+
+#include <gtest/gtest.h>
 
 namespace giggle {
 
@@ -29,9 +30,8 @@ TEST(LinuxFontsTest, AliasesResolveToInstalledFamilies)
 TEST(LinuxFontsTest, UnknownNamesDoNotFallBackToAnotherFamily)
 {
     LinuxFonts fonts;
-    for (const char* name : {"", "No Such Family", "Arial Liberation", "Liberation San"}) {
+    for (const char* name : {"", "No Such Family", "Arial Liberation", "Liberation San"})
         EXPECT_FALSE(fonts.font(QString::fromUtf8(name), 15.0)) << name;
-    }
 }
 
 TEST(LinuxFontsTest, EverySizeCanBeDrawn)
@@ -40,9 +40,8 @@ TEST(LinuxFontsTest, EverySizeCanBeDrawn)
     const std::pair<double, int> sizes[] = {
         {0.3, 1},   {0.0, 1},      {-5.0, 1},   {1.0, 1},
         {14.6, 15}, {1e300, 2000}, {-1e300, 1}, {std::numeric_limits<double>::quiet_NaN(), 1}};
-    for (const auto& [points, pixels] : sizes) {
+    for (const auto& [points, pixels] : sizes)
         EXPECT_EQ(fonts.font(QStringLiteral("Arial"), points).value().pixelSize(), pixels) << points;
-    }
 }
 
 } // namespace

@@ -51,12 +51,11 @@ public slots:
 
     QDBusVariant Read(const QString& group, const QString& key)
     {
-        if (m_silent) {
+        if (m_silent)
             setDelayedReply(true);
-        } else if (group != QStringLiteral("org.freedesktop.appearance") ||
-                   key != QStringLiteral("color-scheme")) {
+        else if (group != QStringLiteral("org.freedesktop.appearance") ||
+                 key != QStringLiteral("color-scheme"))
             sendErrorReply(QStringLiteral("org.freedesktop.portal.Error.NotFound"));
-        }
         return QDBusVariant(QVariant::fromValue(QDBusVariant(m_scheme)));
     }
 

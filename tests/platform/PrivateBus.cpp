@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include <csignal>
+
 #include <sys/prctl.h>
 
 namespace giggle {
@@ -12,9 +13,8 @@ PrivateBus::PrivateBus()
 {
     const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
     QFile file(configuration);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly))
         return;
-    }
     file.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -40,9 +40,8 @@ PrivateBus::PrivateBus()
 
 PrivateBus::~PrivateBus()
 {
-    for (const QString& name : m_connections) {
+    for (const QString& name : m_connections)
         QDBusConnection::disconnectFromBus(name);
-    }
     m_daemon.kill();
     m_daemon.waitForFinished();
 }

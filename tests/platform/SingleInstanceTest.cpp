@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <future>
+
 #include <gtest/gtest.h>
 
 namespace giggle {

@@ -5,7 +5,6 @@
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 namespace {
@@ -14,13 +13,11 @@ namespace {
 int holdLock(const char* path)
 {
     giggle::SingleInstance instance(QString::fromLocal8Bit(path));
-    if (instance.start() != giggle::SingleInstance::Outcome::First) {
+    if (instance.start() != giggle::SingleInstance::Outcome::First)
         return 1;
-    }
     giggle::printToConsole(QStringLiteral("holding"));
-    for (;;) {
+    for (;;)
         ::pause();
-    }
 }
 
 } // namespace
@@ -32,8 +29,7 @@ int main(int argc, char* argv[])
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
-    if (argc == 3 && std::string_view(argv[1]) == "hold-lock") {
+    if (argc == 3 && std::string_view(argv[1]) == "hold-lock")
         return holdLock(argv[2]);
-    }
     return RUN_ALL_TESTS();
 }

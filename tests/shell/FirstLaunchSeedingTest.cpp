@@ -4,8 +4,9 @@
 #include "tests/support/ScreenFixture.h"
 #include "ui/DefaultNames.h"
 
-#include <gmock/gmock.h>
 #include <string>
+
+#include <gmock/gmock.h>
 
 namespace giggle {
 

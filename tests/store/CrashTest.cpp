@@ -3,10 +3,10 @@
 
 #include <array>
 #include <csignal>
-#include <gtest/gtest.h>
 #include <random>
-#include <sys/wait.h>
 
+#include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace giggle {

@@ -6,8 +6,9 @@
 
 #include <csignal>
 #include <cstdio>
-#include <gtest/gtest.h>
 #include <stdexcept>
+
+#include <gtest/gtest.h>
 
 namespace giggle {
 

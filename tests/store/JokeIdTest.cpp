@@ -2,8 +2,9 @@
 #include "store/NextJokeId.h"
 #include "tests/support/CollectionFolder.h"
 
-#include <gmock/gmock.h>
 #include <random>
+
+#include <gmock/gmock.h>
 
 namespace giggle {
 

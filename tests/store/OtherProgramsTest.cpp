@@ -4,9 +4,9 @@
 #include <QFile>
 
 #include <cstdio>
+
 #include <gmock/gmock.h>
 #include <sys/stat.h>
-
 #include <unistd.h>
 
 namespace giggle {
@@ -35,8 +35,8 @@ TEST_F(OtherProgramsTest, ForeignChangesAreNeitherOverwrittenNorPassedOverInSile
     for (const char* change :
          {"UPDATE jokes SET joke = 'theirs' WHERE id = 1", "UPDATE jokes SET favorite = NULL WHERE id = 3",
           "DELETE FROM jokes WHERE id = 3", "INSERT INTO jokes(joke) VALUES('theirs')",
-          "INSERT INTO jokes(oid, joke) VALUES(0, 'theirs')", "UPDATE category SET category = 'puns'",
-          "DELETE FROM jokes WHERE id = 1", "DELETE FROM jokes"}) {
+          "INSERT INTO jokes(oid, joke) VALUES(0, 'theirs')", "UPDATE jokes SET oid = oid - 10",
+          "UPDATE category SET category = 'puns'", "DELETE FROM jokes WHERE id = 1", "DELETE FROM jokes"}) {
         SCOPED_TRACE(change);
         PersistentContainer container = m_folder.open();
         ManagedObjectContext& context = container.viewContext();

@@ -81,6 +81,7 @@ TEST(PersistenceTest, CollectionMadeByAnotherProgramOpens)
                 ElementsAre("-3|Puns|1|5|a\0b|NULL"s, "40|NULL|NULL|NULL|NULL|", "7|Mild"));
     EXPECT_EQ(insertJoke(container.viewContext(), {}).oid(), 41);
     container.viewContext().save();
+    EXPECT_EQ(RawDatabase(folder.file()).value("PRAGMA journal_mode"), "wal");
     EXPECT_EQ(storedRows(folder.file()), liveRows(container.viewContext()));
 }
 

@@ -8,8 +8,9 @@
 #include <QTemporaryDir>
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <limits>
+
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 namespace giggle {
@@ -43,9 +44,8 @@ TEST_F(PreferencesTest, ValuesAndTypesSurviveARestart)
     {
         Preferences preferences(m_path);
         preferences.setText(u"text", text);
-        for (int i = 0; i < 8; ++i) {
+        for (int i = 0; i < 8; ++i)
             preferences.setReal(QStringLiteral("real%1").arg(i), reals[i]);
-        }
         preferences.setInteger(u"lowest", std::numeric_limits<qint64>::min());
         preferences.setInteger(u"highest", std::numeric_limits<qint64>::max());
         preferences.setBoolean(u"yes", true);
@@ -55,9 +55,8 @@ TEST_F(PreferencesTest, ValuesAndTypesSurviveARestart)
     }
     const Preferences preferences(m_path);
     EXPECT_EQ(preferences.text(u"text"), text);
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 8; ++i)
         EXPECT_EQ(preferences.real(QStringLiteral("real%1").arg(i)), reals[i]);
-    }
     EXPECT_EQ(preferences.integer(u"lowest"), std::numeric_limits<qint64>::min());
     EXPECT_EQ(preferences.integer(u"highest"), std::numeric_limits<qint64>::max());
     EXPECT_TRUE(preferences.boolean(u"yes"));

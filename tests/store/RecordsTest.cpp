@@ -3,6 +3,7 @@
 #include "tests/support/CollectionFolder.h"
 
 #include <functional>
+
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 

@@ -5,8 +5,9 @@
 #include <QDir>
 
 #include <functional>
-#include <gmock/gmock.h>
 #include <random>
+
+#include <gmock/gmock.h>
 
 namespace giggle {
 

@@ -5,8 +5,9 @@
 #include "tests/support/CollectionFolder.h"
 
 #include <array>
-#include <gmock/gmock.h>
 #include <random>
+
+#include <gmock/gmock.h>
 
 namespace giggle {
 
@@ -14,7 +15,7 @@ namespace {
 
 QString fromUtf8(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return QString::fromUtf8(text);
 }
 
 bool plainlyContains(std::string_view text, std::string_view needle)

@@ -21,6 +21,16 @@ sqlite3_file* FaultyVfs::inner(sqlite3_file* file)
     return reinterpret_cast<sqlite3_file*>(&asFile(file) + 1);
 }
 
+template <class Operation>
+int FaultyVfs::perform(Operation operation, int error)
+{
+    if (!nextOperationFails())
+        return operation();
+    if (m_failing == Failing::OnceButDone)
+        static_cast<void>(operation());
+    return error;
+}
+
 /// A file method that goes to the system as it is.
 template <class... Arguments, int (*sqlite3_io_methods::*Method)(sqlite3_file*, Arguments...)>
 struct FaultyVfs::Passed<Method> {
@@ -36,9 +46,10 @@ template <class... Arguments, int (*sqlite3_io_methods::*Method)(sqlite3_file*, 
 struct FaultyVfs::Counted<Method, Error> {
     static int call(sqlite3_file* file, Arguments... arguments)
     {
-        if (s_current->nextOperationFails())
-            return Error;
-        const int result = Passed<Method>::call(file, arguments...);
+        const int result =
+            s_current->perform([&] { return Passed<Method>::call(file, arguments...); }, Error);
+        if (result != SQLITE_OK)
+            return result;
         if (asFile(file).isLog && Error == SQLITE_IOERR_WRITE)
             s_current->m_hasUnsyncedLog = true;
         if (asFile(file).isLog && Error == SQLITE_IOERR_FSYNC) {
@@ -68,9 +79,10 @@ const sqlite3_io_methods* FaultyVfs::methods()
         m.xSectorSize = Passed<&Methods::xSectorSize>::call;
         m.xDeviceCharacteristics = Passed<&Methods::xDeviceCharacteristics>::call;
         m.xShmMap = [](sqlite3_file* file, int page, int size, int extend, void volatile** memory) {
-            if (extend && s_current->nextOperationFails())
-                return SQLITE_IOERR_SHMSIZE;
-            return Passed<&Methods::xShmMap>::call(file, page, size, extend, memory);
+            const auto map = [&] {
+                return Passed<&Methods::xShmMap>::call(file, page, size, extend, memory);
+            };
+            return extend ? s_current->perform(map, SQLITE_IOERR_SHMSIZE) : map();
         };
         m.xShmLock = Passed<&Methods::xShmLock>::call;
         m.xShmBarrier = [](sqlite3_file* file) { inner(file)->pMethods->xShmBarrier(inner(file)); };
@@ -124,9 +136,10 @@ int FaultyVfs::open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flag
 
 int FaultyVfs::remove(sqlite3_vfs*, const char* name, int syncFolder)
 {
-    if (s_current->nextOperationFails())
-        return SQLITE_IOERR_DELETE;
-    return s_current->m_system->xDelete(s_current->m_system, name, syncFolder);
+    const auto systemRemove = [&] {
+        return s_current->m_system->xDelete(s_current->m_system, name, syncFolder);
+    };
+    return s_current->perform(systemRemove, SQLITE_IOERR_DELETE);
 }
 
 } // namespace giggle

@@ -11,8 +11,9 @@ namespace giggle {
 class FaultyVfs {
 public:
     enum class Failing {
-        Once,       ///< an error that passes
-        FromThenOn, ///< what is on the disk stays as it is, as if the program had ended there
+        Once,        ///< an error that passes
+        OnceButDone, ///< the same, but the operation has taken effect all the same
+        FromThenOn,  ///< what is on the disk stays as it is, as if the program had ended there
     };
 
     FaultyVfs();
@@ -51,6 +52,9 @@ private:
     static sqlite3_file* inner(sqlite3_file* file);
     static const sqlite3_io_methods* methods();
     [[nodiscard]] bool nextOperationFails();
+    /// Counts an operation, lets it happen or not, and returns its result or @p error.
+    template <class Operation>
+    int perform(Operation operation, int error);
 
     static FaultyVfs* s_current;
 

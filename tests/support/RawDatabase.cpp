@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/RawDatabase.h"
 
-#include <sqlite3.h>
 #include <stdexcept>
+
+#include <sqlite3.h>
 
 namespace giggle {
 

@@ -6,8 +6,9 @@
 #include <QCoreApplication>
 #include <QSignalSpy>
 
-#include <gmock/gmock.h>
 #include <string>
+
+#include <gmock/gmock.h>
 
 namespace giggle {
 

@@ -4,25 +4,19 @@
 #include "ui/TimerMainQueue.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QSignalSpy>
+#include <QTest>
+
+#include <optional>
 
 #include <gmock/gmock.h>
-#include <optional>
 
 namespace giggle {
 
 namespace {
 
 using std::chrono::milliseconds;
-
-/// Turns the event loop until nothing changes any more within the time of the longest delay here.
-void spin(milliseconds time)
-{
-    for (const QDeadlineTimer deadline(time); !deadline.hasExpired();)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-}
 
 } // namespace
 
@@ -72,7 +66,7 @@ TEST(TimerMainQueueTest, RunsWorkInTheOrderInWhichItFallsDue)
     queue.async([&] { order.push_back(1); });
     queue.async([&] { order.push_back(2); });
     EXPECT_TRUE(order.empty()) << "never at once";
-    spin(milliseconds(100));
+    QTest::qWait(100);
     EXPECT_THAT(order, ::testing::ElementsAre(1, 2, 3, 4));
 }
 
@@ -83,7 +77,7 @@ TEST(TimerMainQueueTest, DropsWorkThatIsStillWaitingAtItsEnd)
     queue->async([&] { hasRun = true; });
     queue->asyncAfter(milliseconds(1), [&] { hasRun = true; });
     queue.reset();
-    spin(milliseconds(20));
+    QTest::qWait(20);
     EXPECT_FALSE(hasRun);
 }
 

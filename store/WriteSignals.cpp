@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "store/FileSizeSignal.h"
+#include "store/WriteSignals.h"
 
 #include <csignal>
 
 namespace giggle {
 
-void ignoreFileSizeSignal()
+void ignoreWriteSignals()
 {
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);
+#endif
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);
 #endif
 }
 
