@@ -103,6 +103,7 @@ AppPage {
             id: searchBar
 
             Layout.fillWidth: true
+            borderColor: Theme.buttonBorder
             placeholderText: page.screen.searchPlaceholder
             text: page.screen.searchText
             onTextChanged: page.screen.searchText = text

@@ -41,7 +41,10 @@ SwipeRow {
         x: row.width - width - Theme.unit / 2
         y: Theme.unit / 2
         visible: row.cell.hasContent
-        activeFocusOnTab: row.ListView.isCurrentItem
+        activeFocusOnTab: row.ListView.isCurrentItem || activeFocus
+        // So that the list itself is the next stop when the keyboard comes back.
+        onActiveFocusChanged: if (!activeFocus)
+            focus = false
         name: qsTr("Favorite")
         onClicked: row.favoriteTicked(checked)
     }

@@ -34,6 +34,18 @@ FirstLaunchSeeding::FirstLaunchSeeding(AppDelegate& appDelegate, const Resources
 {
 }
 
+bool FirstLaunchSeeding::isCollectionEmpty() const
+{
+    ManagedObjectContext& context = m_appDelegate.persistentContainer().viewContext();
+    bool isEmpty = false;
+    loggingFailure([&] {
+        isEmpty = context.fetch(Jokes::fetchRequest()).empty() &&
+                  context.fetch(Category::fetchRequest()).empty() &&
+                  context.fetch(Rating::fetchRequest()).empty();
+    });
+    return isEmpty;
+}
+
 void FirstLaunchSeeding::seedDefaultCategories()
 {
     ManagedObjectContext& context = m_appDelegate.persistentContainer().viewContext();

@@ -13,6 +13,9 @@ class FirstLaunchSeeding {
 public:
     FirstLaunchSeeding(AppDelegate& appDelegate, const Resources& resources);
 
+    /// Whether the collection holds no record at all. One that cannot be read counts as not empty.
+    [[nodiscard]] bool isCollectionEmpty() const;
+
     /// Inserts one category for each default name. The records stay without a name, and pending: the next
     /// save stores them.
     void seedDefaultCategories();

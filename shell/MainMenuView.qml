@@ -44,6 +44,7 @@ AppPage {
 
             Image {
                 anchors.horizontalCenter: parent.horizontalCenter
+                visible: page.height >= 740 // on a phone the ten buttons need the room
                 sourceSize.width: 96
                 sourceSize.height: 96
                 source: "qrc:/resources/icons/org.gigglearchives.GiggleArchives.svg"

@@ -32,13 +32,20 @@ void ViewController::checkLaunch()
     Preferences& userDefaults = environment().userDefaults;
     if (userDefaults.boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag)) {
         printToConsole(QStringLiteral("Not First Launch"));
+        // The flag may only be concluded from a damaged file that was set aside, and that may be tidied away.
+        userDefaults.synchronize();
         return;
     }
     // The flag comes first: a seeding that is cut short is never repeated over what it has stored.
     userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
-    userDefaults.synchronize();
+    const bool isFlagStored = userDefaults.synchronize();
 
     FirstLaunchSeeding seeding(environment().appDelegate, environment().platform.resources);
+    if (!isFlagStored && !seeding.isCollectionEmpty()) {
+        printFailure(QStringLiteral("Whether the application was launched before cannot be stored. The collection "
+                                    "holds something already and is left as it is."));
+        return;
+    }
     seeding.seedDefaultCategories();
     seeding.seedDefaultRatings();
     seeding.importStarterCollection();

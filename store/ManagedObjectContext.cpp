@@ -3,6 +3,7 @@
 
 #include "store/Console.h"
 
+#include <algorithm>
 #include <type_traits>
 
 #include <sqlite3.h>
@@ -111,9 +112,13 @@ const std::string* ManagedObjectContext::intern(std::string_view name)
     return known != m_names.end() ? &*known : &*m_names.emplace(name).first;
 }
 
-BulkSaving::BulkSaving(ManagedObjectContext& context) : m_store(context.store())
+BulkSaving::BulkSaving(ManagedObjectContext& context) : m_context(context)
 {
-    m_store.relaxDurability();
+    try {
+        context.store().relaxDurability();
+    } catch (const StoreError& error) {
+        printFailure(error.localizedDescription()); // then every save is durable at once
+    }
 }
 
 BulkSaving::~BulkSaving()
@@ -125,12 +130,31 @@ BulkSaving::~BulkSaving()
     }
 }
 
+void BulkSaving::save()
+{
+    constexpr int MostSkipped = 1024;
+    if (m_savesToSkip > 0) {
+        --m_savesToSkip;
+        return;
+    }
+    try {
+        m_context.save();
+        m_skippedLast = 0;
+    } catch (const StoreError&) {
+        m_skippedLast = std::clamp(2 * m_skippedLast, 1, MostSkipped);
+        m_savesToSkip = m_skippedLast;
+        throw;
+    }
+}
+
 void BulkSaving::finish()
 {
     if (m_isFinished)
         return;
     m_isFinished = true;
-    m_store.restoreDurability();
+    // Durability first: whatever a last save comes to, it must not stay relaxed.
+    m_context.store().restoreDurability();
+    m_context.save();
 }
 
 template Jokes& ManagedObjectContext::insert();

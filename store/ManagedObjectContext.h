@@ -91,24 +91,30 @@ private:
 };
 
 /// Makes commits cheap while many small saves follow each other, and durable again at its end. What was saved
-/// counts as safe only when finish() has returned; a crash of the machine before that leaves a whole prefix
-/// of the saves.
+/// counts as safe only when finish() has returned; a crash of the machine before that leaves a whole prefix of
+/// the saves.
 class BulkSaving {
 public:
     explicit BulkSaving(ManagedObjectContext& context);
 
-    /// Ends it, if finish() was not called, without reporting a failed sync.
+    /// Ends it, if finish() was not called; a failure is only logged.
     ~BulkSaving();
 
     BulkSaving(const BulkSaving&) = delete;
     BulkSaving& operator=(const BulkSaving&) = delete;
 
-    /// Forces everything saved so far to the disk. Throws StoreError.
+    /// Saves the context. While saves fail, fewer and fewer of them are tried: each would have to write everything
+    /// that has piled up. Throws StoreError when one was tried and failed.
+    void save();
+
+    /// Saves what is still pending and forces everything to the disk. Throws StoreError.
     void finish();
 
 private:
-    PersistentStore& m_store;
+    ManagedObjectContext& m_context;
     bool m_isFinished = false;
+    int m_savesToSkip = 0;
+    int m_skippedLast = 0;
 };
 
 } // namespace giggle

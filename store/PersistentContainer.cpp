@@ -2,6 +2,7 @@
 #include "store/PersistentContainer.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QHash>
 
 namespace giggle {
@@ -14,10 +15,17 @@ std::weak_ptr<ManagedObjectContext>& openContext(const QString& path)
     return contexts[path];
 }
 
+/// The file behind a link: the database's log lies beside that.
+QString resolved(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() ? file.canonicalFilePath() : path;
+}
+
 } // namespace
 
 PersistentContainer::PersistentContainer(const QString& name, const QString& folder)
-    : m_path(QDir(folder).absoluteFilePath(name + QLatin1StringView(".sqlite")))
+    : m_path(resolved(QDir(folder).absoluteFilePath(name + QLatin1StringView(".sqlite"))))
 {
 }
 

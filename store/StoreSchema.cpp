@@ -99,7 +99,8 @@ QString damageOf(sqlite::Database& database)
         if (!check.step())
             return QStringLiteral("no finding");
         const std::string_view finding = check.text(0).value_or("no finding");
-        return finding == "ok" ? QString() : QString::fromUtf8(finding);
+        // The first line names the database, of which there is one.
+        return finding == "ok" ? QString() : QString::fromUtf8(finding).section(u'\n', -1);
     } catch (const StoreError& error) {
         if (!tellsOfDamage(error))
             throw;
@@ -132,7 +133,13 @@ void checkColumns(sqlite::Database& database, std::int64_t version, const QStrin
 bool isAbsent(const QString& path)
 {
     const QFileInfo file(path);
-    return !file.exists() || (file.isFile() && file.size() == 0);
+    if (file.exists() && (!file.isFile() || file.size() > 0))
+        return false;
+    const QString log = path + QLatin1StringView("-wal");
+    if (QFileInfo(log).size() > 0)
+        throw refusal(SQLITE_CORRUPT, path,
+                      QStringLiteral("it is gone or empty, but its log \"%1\" holds saved jokes").arg(log));
+    return true;
 }
 
 void checkHeader(const QString& path)

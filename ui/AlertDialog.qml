@@ -20,7 +20,7 @@ Dialog {
     onAlertChanged: follow()
 
     anchors.centerIn: parent
-    width: parent ? Math.min(parent.width - 2 * Theme.unit, 400) : 0
+    width: parent ? Math.min(parent.width - 2 * Theme.unit, 400 * Theme.textScale) : 0
     height: parent ? Math.min(implicitHeight, parent.height - 2 * Theme.unit) : 0
     modal: true
     focus: true
@@ -57,11 +57,12 @@ Dialog {
     // Title and buttons lie in the content: a header and a footer of their own would take part in the dialog's
     // height while they are still being laid out.
     header: null
-    contentHeight: column.implicitHeight
+    contentHeight: texts.implicitHeight + buttons.height + 2 * Theme.unit
 
     Flickable {
-        anchors.fill: parent
-        contentHeight: column.implicitHeight
+        width: dialog.availableWidth
+        height: dialog.availableHeight - buttons.height - 2 * Theme.unit
+        contentHeight: texts.implicitHeight
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         ScrollBar.vertical: ScrollBar {
@@ -69,13 +70,13 @@ Dialog {
         }
 
         Column {
-            id: column
+            id: texts
 
             width: dialog.availableWidth
-            spacing: 2 * Theme.unit
+            spacing: Theme.unit
 
             Label {
-                width: column.width
+                width: texts.width
                 text: dialog.title
                 textFormat: Text.PlainText
                 color: Theme.text
@@ -85,7 +86,7 @@ Dialog {
                 wrapMode: Text.Wrap
             }
             Label {
-                width: column.width
+                width: texts.width
                 text: dialog.message
                 textFormat: Text.PlainText
                 color: Theme.text
@@ -93,22 +94,30 @@ Dialog {
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
             }
-            Repeater {
-                model: dialog.actions
+        }
+    }
+    Column {
+        id: buttons
 
-                AppButton {
-                    required property int index
-                    required property string modelData
+        y: dialog.availableHeight - height
+        width: dialog.availableWidth
+        spacing: Theme.unit
 
-                    width: column.width
-                    text: modelData
-                    fill: Theme.yellow
-                    ink: Theme.brightInk
-                    focus: index === 0
-                    onClicked: dialog.answered(index)
-                    Keys.onEscapePressed: if (dialog.actions.length === 1)
-                        dialog.answered(0)
-                }
+        Repeater {
+            model: dialog.actions
+
+            AppButton {
+                required property int index
+                required property string modelData
+
+                width: buttons.width
+                text: modelData
+                fill: Theme.yellow
+                ink: Theme.brightInk
+                focus: index === 0
+                onClicked: dialog.answered(index)
+                Keys.onEscapePressed: if (dialog.actions.length === 1)
+                    dialog.answered(0)
             }
         }
     }

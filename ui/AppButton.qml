@@ -21,8 +21,8 @@ Button {
     Accessible.name: text
     Accessible.description: enabled ? "" : qsTr("unavailable")
     Accessible.onPressAction: if (enabled) clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: event => press(event)
+    Keys.onEnterPressed: event => press(event)
 
     contentItem: Text {
         text: control.text
@@ -47,5 +47,11 @@ Button {
         FocusRing {
             visible: control.visualFocus
         }
+    }
+
+    /// A key that is held down counts once.
+    function press(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            clicked();
     }
 }

@@ -50,7 +50,7 @@ Page {
             id: middle
 
             readonly property real room: bar.width - bar.sideWidth - Theme.unit
-            readonly property real wanted: Math.max(page.titleView?.implicitWidth ?? 0, Theme.readableWidth / 2)
+            readonly property real wanted: Math.max(page.titleView?.implicitWidth ?? 0, Theme.readableWidth / 2 * Theme.textScale)
 
             x: Math.max(bar.sideWidth, (bar.width - width) / 2)
             anchors.verticalCenter: parent.verticalCenter

@@ -71,6 +71,8 @@ ApplicationWindow {
         anchors.top: parent.top
         anchors.bottom: notice.visible ? notice.top : parent.bottom
         focus: true
+        enabled: !window.navigation.alert.shown // for clients that press what lies behind the alert, too
+        Accessible.name: window.title
         Keys.onEscapePressed: window.navigation.back()
         Keys.onBackPressed: window.navigation.back()
         onBusyChanged: window.reportRest()

@@ -8,6 +8,8 @@ import GiggleArchives
 TextField {
     id: control
 
+    property color borderColor: Theme.line
+
     implicitHeight: Math.max(Theme.touchTarget, contentHeight + 2 * Theme.unit)
     leftPadding: Theme.iconSize + 2 * Theme.unit
     rightPadding: clearButton.visible ? clearButton.width : Theme.unit
@@ -28,7 +30,7 @@ TextField {
         radius: Theme.fieldRadius
         color: Theme.surface
         border.width: Theme.borderWidth
-        border.color: Theme.line
+        border.color: control.borderColor
 
         Image {
             x: Theme.unit

@@ -61,8 +61,8 @@ FocusScope {
                 focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
 
                 Accessible.name: text
-                Accessible.onPressAction: control.choose(index)
-                Accessible.onToggleAction: control.choose(index)
+                Accessible.onPressAction: if (enabled) control.choose(index)
+                Accessible.onToggleAction: if (enabled) control.choose(index)
                 onClicked: control.choose(index)
                 Keys.onLeftPressed: control.move(index - 1)
                 Keys.onRightPressed: control.move(index + 1)

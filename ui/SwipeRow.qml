@@ -39,6 +39,8 @@ Item {
     Accessible.selectable: true
     Accessible.selected: ListView.isCurrentItem
     Accessible.onPressAction: {
+        if (!enabled)
+            return;
         becomeCurrent();
         clicked();
     }

@@ -60,7 +60,8 @@ ListView {
     Keys.onReleased: showsFocus = true // of the Tab that led here, too
     Keys.onPressed: event => {
         showsFocus = true;
-        event.accepted = act(event.key) || go(event.key);
+        // A key that is held down goes on moving, but deletes or ticks one row only.
+        event.accepted = (event.isAutoRepeat ? isAction(event.key) : act(event.key)) || go(event.key);
     }
 
     Connections {
@@ -90,8 +91,9 @@ ListView {
     }
     EmptyState {
         parent: list
-        anchors.centerIn: parent
-        width: Math.min(parent.width - 4 * Theme.unit, 400)
+        x: (parent.width - width) / 2
+        y: Math.max(Theme.unit, (parent.height - height) / 2)
+        width: Math.min(parent.width - 4 * Theme.unit, 400 * Theme.textScale)
         visible: list.count === 0
         title: list.emptyTitle
         hint: list.emptyHint
@@ -102,11 +104,20 @@ ListView {
         positionViewAtBeginning();
     }
 
+    function isAction(key: int): bool {
+        return key === Qt.Key_Return || key === Qt.Key_Enter || key === Qt.Key_Space || key === Qt.Key_Delete;
+    }
+
     /// Lets a key act on the current row; false for a key that does not.
     function act(key: int): bool {
         if (!currentRow)
             return false;
         switch (key) {
+        case Qt.Key_Escape:
+            if (!currentRow.isOpen)
+                return false;
+            currentRow.close();
+            return true;
         case Qt.Key_Return:
         case Qt.Key_Enter:
             currentRow.clicked();
@@ -133,8 +144,10 @@ ListView {
         };
         if (count === 0 || !(key in targets))
             return false;
-        currentIndex = Math.max(0, Math.min(count - 1, targets[key]));
-        positionViewAtIndex(currentIndex, ListView.Contain);
+        const target = Math.max(0, Math.min(count - 1, targets[key]));
+        // In this order: the other way round the view may leave a hole above the rows.
+        positionViewAtIndex(target, ListView.Contain);
+        currentIndex = target;
         return true;
     }
 }

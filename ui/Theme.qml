@@ -44,8 +44,8 @@ QtObject {
     readonly property int headerSize: Math.round(15 * textScale)
     readonly property int bodySize: Math.round(16 * textScale)
     // Titles are large to begin with, and their long words must not break.
-    readonly property int titleSize: Math.round(18 * Math.min(textScale, 1.75))
-    readonly property int heroSize: Math.round(26 * Math.min(textScale, 1.75))
+    readonly property int titleSize: Math.round(18 * Math.min(textScale, 1.5))
+    readonly property int heroSize: Math.round(26 * Math.min(textScale, 1.5))
     /// Icons grow with the text, but not so far that four of them fill a line.
     readonly property int iconSize: Math.round(24 * Math.min(textScale, 1.5))
 

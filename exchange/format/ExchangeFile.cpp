@@ -22,6 +22,8 @@ FileText readFile(const QString& path)
     if (QFileInfo(path).isDir())
         return failure(path, QStringLiteral("it is a folder"));
     QFile file(path);
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+        return failure(path, QStringLiteral("it is not a file"));
     if (!file.open(QIODevice::ReadOnly))
         return failure(path, file.errorString());
     if (file.size() > MaximumExchangeFileSize)

@@ -38,28 +38,21 @@ Fields split(std::string_view line)
     return fields;
 }
 
-std::string replaced(std::string_view text, std::string_view what, std::string_view by)
+/// Most texts hold nothing to replace: those are not copied.
+void replaceAll(std::string& text, std::string_view what, std::string_view by)
 {
+    std::size_t at = text.find(what);
+    if (at == std::string::npos)
+        return;
     std::string result;
     result.reserve(text.size());
-    for (;;) {
-        const std::size_t at = text.find(what);
-        result.append(text.substr(0, at));
-        if (at == std::string_view::npos)
-            return result;
-        result += by;
-        text.remove_prefix(at + what.size());
+    std::size_t copied = 0;
+    for (; at != std::string::npos; at = text.find(what, copied)) {
+        result.append(text, copied, at - copied).append(by);
+        copied = at + what.size();
     }
-}
-
-std::string withoutDoubleQuotes(std::string_view field)
-{
-    return replaced(field, "\"", "");
-}
-
-std::string unescaped(std::string_view joke)
-{
-    return replaced(replaced(joke, EscapedLineFeed, "\n"), EscapedCaret, "'");
+    result.append(text, copied);
+    text = std::move(result);
 }
 
 /// An optional sign and ASCII digits within 16 bits, and nothing else.
@@ -79,7 +72,8 @@ std::optional<std::int16_t> parsedId(std::string_view field)
 void setAttributes(Jokes& joke, const Fields& fields, std::int16_t id)
 {
     for (std::size_t i = 0; i < fields.count; ++i) {
-        const std::string field = withoutDoubleQuotes(fields.values[i]);
+        std::string field(fields.values[i]);
+        replaceAll(field, "\"", "");
         if (field.empty())
             continue;
         switch (i) {
@@ -96,7 +90,9 @@ void setAttributes(Jokes& joke, const Fields& fields, std::int16_t id)
             joke.setFavorite(field != "F");
             break;
         case JokeField:
-            joke.setJoke(unescaped(field));
+            replaceAll(field, EscapedLineFeed, "\n");
+            replaceAll(field, EscapedCaret, "'");
+            joke.setJoke(field);
             break;
         }
     }
@@ -186,7 +182,7 @@ void ExchangeReader::readJokeLine(const PreparedLine& line, BulkSaving& bulk)
         if (results.size() > 1)
             return;
         setAttributes(results.empty() ? context().insert<Jokes>() : *results.front(), fields, id);
-        context().save();
+        bulk.save();
     } catch (const StoreError& error) {
         printFailure(error.localizedDescription());
     }
@@ -196,20 +192,17 @@ std::int16_t ExchangeReader::idOf(std::string_view field, const PreparedLine& li
 {
     if (const auto id = parsedId(field))
         return *id;
+    QString whatWasSaved = QStringLiteral("The jokes above this line have been saved");
     try {
         bulk.finish();
     } catch (const StoreError& error) {
-        printFailure(error.localizedDescription());
+        whatWasSaved = error.localizedDescription();
     }
-    constexpr std::size_t ShownLength = 40;
-    const std::string_view shown = field.substr(0, ShownLength);
-    fatalError(
-        QStringLiteral("\"%1\", line %2: \"%3\" is not an id, a whole number from -32768 to 32767. The jokes "
-                       "above this line have been saved")
-            .arg(m_sourceName)
-            .arg(line.number)
-            .arg(QString::fromUtf8(shown)),
-        m_sourceFile, m_line);
+    constexpr int ShownLength = 40;
+    fatalError(QStringLiteral("\"%1\", line %2: \"%3\" is not an id, a whole number from -32768 to 32767. %4")
+                   .arg(m_sourceName, QString::number(line.number),
+                        QString::fromUtf8(field).left(ShownLength), whatWasSaved),
+               m_sourceFile, m_line);
 }
 
 void ExchangeReader::readCategories(std::string_view document, NamesFilter filter)
@@ -232,11 +225,11 @@ void ExchangeReader::readNames(std::string_view document, NamesFilter filter)
         return;
     BulkSaving bulk(context());
     for (const std::string_view line : sectionLines<Record>(text))
-        readNameLine<Record>(line);
+        readNameLine<Record>(line, bulk);
 }
 
 template <class Record>
-void ExchangeReader::readNameLine(std::string_view line)
+void ExchangeReader::readNameLine(std::string_view line, BulkSaving& bulk)
 {
     using Step = NameStep<Record>;
     const std::string_view name = line.substr(0, line.find(FieldSeparator));
@@ -247,7 +240,7 @@ void ExchangeReader::readNameLine(std::string_view line)
             return;
         Record& record = context().insert<Record>();
         (record.*Step::setName)(name);
-        context().save();
+        bulk.save();
     } catch (const StoreError& error) {
         printFailure(Step::saveFailure(error.localizedDescription()));
     }

@@ -48,7 +48,7 @@ private:
     template <class Record>
     void readNames(std::string_view document, NamesFilter filter);
     template <class Record>
-    void readNameLine(std::string_view line);
+    void readNameLine(std::string_view line, BulkSaving& bulk);
     [[nodiscard]] ManagedObjectContext& context() const;
 
     AppDelegate& m_appDelegate;

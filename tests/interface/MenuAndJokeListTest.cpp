@@ -143,6 +143,22 @@ TEST_F(MenuAndJokeList, TickingARowStoresNothing)
     EXPECT_FALSE(context().hasChanges());
 }
 
+TEST_F(MenuAndJokeList, KeysThatAreHeldDownMoveButDeleteOneRow)
+{
+    fill();
+    openWindow();
+    openList();
+    key(Qt::Key_Down);
+    for (const bool isRepeated : {false, true, true}) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, {}, isRepeated);
+        QCoreApplication::sendEvent(&window(), &event);
+    }
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    EXPECT_TRUE(waitUntil([&] { return rows() == QStringList({Moo, HiHungry}); }));
+    key(Qt::Key_Tab); // to the row's box
+    key(Qt::Key_Up);
+}
+
 TEST_F(MenuAndJokeList, NoticeStaysUntilItIsDismissed)
 {
     fill();

@@ -3,6 +3,7 @@
 #include "tests/support/CollectionFolder.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <functional>
 #include <random>
@@ -13,7 +14,7 @@ namespace giggle {
 
 namespace {
 
-using testing::HasSubstr;
+using testing::ContainsRegex;
 
 constexpr int JokeCount = 60;
 
@@ -40,7 +41,7 @@ QString refusalOf(const CollectionFolder& folder)
 
 struct RefusedFile {
     const char* name;
-    const char* reason; ///< a part of the message
+    const char* reason; ///< a part of the message, as a regular expression
     std::function<void(const CollectionFolder&)> make;
 };
 
@@ -100,6 +101,16 @@ const std::vector<RefusedFile> refusedFiles = {
     {"cut within page", "damaged", truncatedTo(4096 + 100)},
     {"cut by a page", "damaged", truncatedTo(-4096)},
     {"cut by a byte", "damaged", truncatedTo(-1)},
+    {"log of a file that is gone", "its log .* holds saved jokes",
+     [](const auto& folder) {
+         changeOnlyInTheLog(folder, "DELETE FROM jokes WHERE id = 3");
+         QFile::remove(folder.file());
+     }},
+    {"log of a file that is empty", "its log .* holds saved jokes",
+     [](const auto& folder) {
+         changeOnlyInTheLog(folder, "DELETE FROM jokes WHERE id = 3");
+         writeBytes(folder.file(), "");
+     }},
     {"damaged beside a log", "damaged",
      [](const auto& folder) {
          changeOnlyInTheLog(folder, "DELETE FROM jokes WHERE id = 3");
@@ -116,7 +127,7 @@ TEST(RefusalTest, EndsTheProgramInWordsAndTouchesNothing)
         CollectionFolder folder;
         file.make(folder);
         const auto before = folder.contents();
-        EXPECT_THAT(refusalOf(folder).toStdString(), HasSubstr(file.reason));
+        EXPECT_THAT(refusalOf(folder).toStdString(), ContainsRegex(file.reason));
         EXPECT_TRUE(folder.contents() == before);
         EXPECT_DEATH(static_cast<void>(AppDelegate(folder.path()).persistentContainer()),
                      std::string("Fatal error: Unresolved error .*Giggle_Archives\\.sqlite.*") + file.reason +
