@@ -5,6 +5,8 @@
 #include "exchange/format/ExchangeReader.h"
 #include "exchange/format/ExchangeWriter.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstring>
 #include <memory>
 
@@ -24,16 +26,36 @@ Sides writerSides(Collections& collections, std::size_t size)
             }};
 }
 
+std::string_view takeUntil(char end, std::string_view& text)
+{
+    const std::string_view taken = text.substr(0, text.find(end));
+    text.remove_prefix(std::min(text.size(), taken.size() + 1));
+    return taken;
+}
+
+/// Takes the joke lines apart and writes each as a row of its own, without looking whether it is there.
+void readPlainly(std::string_view text, RawDatabase& database)
+{
+    RawJoke row{};
+    takeUntil('\n', text); // the marker
+    for (std::string_view line = takeUntil('\n', text); !line.empty(); line = takeUntil('\n', text)) {
+        ++row.oid;
+        row.category = takeUntil('^', line);
+        row.rating = takeUntil('^', line);
+        const std::string_view id = takeUntil('^', line);
+        std::from_chars(id.data(), id.data() + id.size(), row.id);
+        row.favorite = takeUntil('^', line) == "T";
+        row.joke = line;
+        database.upsert(row);
+    }
+    database.sync();
+}
+
 /// Both sides begin with an empty collection in every round.
 Sides readerSides(Collections& collections, std::size_t size)
 {
-    PersistentContainer source = Collections::open(collections.folder(size));
+    const PersistentContainer source = Collections::open(collections.folder(size));
     const std::string text = writeCollection(source.viewContext());
-    RawDatabase raw(Collections::fileIn(collections.folder(size)), RawDatabase::Sync::Full);
-    std::vector<RawJoke> rows = raw.jokes("ORDER BY category, joke");
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        rows[i].oid = static_cast<std::int64_t>(i) + 1;
-
     const auto ours = [&collections, text] {
         AppDelegate appDelegate(collections.emptyFolder());
         (void)appDelegate.persistentContainer().viewContext().fetch(Jokes::fetchRequest());
@@ -43,14 +65,12 @@ Sides readerSides(Collections& collections, std::size_t size)
             return 0;
         });
     };
-    const auto baseline = [&collections, rows = std::move(rows)] {
+    const auto baseline = [&collections, text] {
         const QString folder = collections.emptyFolder();
         (void)Collections::open(folder); // makes the tables
         RawDatabase database(Collections::fileIn(folder), RawDatabase::Sync::Normal);
         return secondsFor([&] {
-            for (const RawJoke& row : rows)
-                database.upsert(row);
-            database.sync();
+            readPlainly(text, database);
             return 0;
         });
     };
@@ -63,7 +83,7 @@ std::vector<Figure> exchangeFigures()
 {
     return {
         {"exchange file, write", "memcpy", {.largestRatio = 10}, writerSides},
-        {"exchange file, read", "raw commits, normal sync", {.largestRatio = 1.1}, readerSides, 3},
+        {"exchange file, read", "raw commits, normal sync", {.largestRatio = 1.1}, readerSides, 7},
     };
 }
 

@@ -94,9 +94,12 @@ std::vector<RawJoke> RawDatabase::jokes(const std::string& clauses)
 
 void RawDatabase::upsert(const RawJoke& joke)
 {
-    if (!m_upsert)
+    if (!m_upsert) {
+        m_begin = prepare("BEGIN IMMEDIATE");
+        m_commit = prepare("COMMIT");
         m_upsert = prepare("INSERT INTO jokes VALUES(?1, ?2, ?3, ?4, ?5, ?6) ON CONFLICT(oid) DO UPDATE SET "
                            "category = ?2, favorite = ?3, id = ?4, joke = ?5, rating = ?6");
+    }
     sqlite3_stmt* statement = m_upsert.get();
     sqlite3_bind_int64(statement, 1, joke.oid);
     bindText(statement, 2, joke.category);
@@ -104,8 +107,15 @@ void RawDatabase::upsert(const RawJoke& joke)
     sqlite3_bind_int64(statement, 4, joke.id);
     bindText(statement, 5, joke.joke);
     bindText(statement, 6, joke.rating);
-    check(sqlite3_step(statement) == SQLITE_DONE);
-    check(sqlite3_reset(statement) == SQLITE_OK);
+    run(m_begin);
+    run(m_upsert);
+    run(m_commit);
+}
+
+void RawDatabase::run(const Statement& statement)
+{
+    check(sqlite3_step(statement.get()) == SQLITE_DONE);
+    check(sqlite3_reset(statement.get()) == SQLITE_OK);
 }
 
 void RawDatabase::sync()

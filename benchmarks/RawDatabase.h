@@ -55,10 +55,13 @@ private:
     using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
 
     [[nodiscard]] Statement prepare(const std::string& sql);
+    void run(const Statement& statement);
     void check(bool isWell) const;
 
     std::unique_ptr<sqlite3, Closer> m_handle;
+    Statement m_begin;
     Statement m_upsert;
+    Statement m_commit;
 };
 
 } // namespace giggle

@@ -91,7 +91,8 @@ Sides independentSides(Collections& collections, std::size_t size, const Work& w
             return secondsFor([&] {
                        std::size_t result = 0;
                        for (std::size_t i = 0; i < Repeats; ++i)
-                           result += work(open->context(), *jokes[i * 7919 % 1000]);
+                           result +=
+                               work(open->context(), *jokes[i % SmallestSize * jokes.size() / SmallestSize]);
                        return result;
                    }) /
                    Repeats;

@@ -44,6 +44,29 @@ TEST_F(ViewControllerTest, TheFirstLaunchSeedsAndRecommends)
     EXPECT_TRUE(nextLaunch.boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag));
 }
 
+TEST_F(ViewControllerTest, NothingIsSeededOverACollectionWhenTheFlagCannotBeStored)
+{
+    Preferences withoutPlace(folder.filePath(QStringLiteral("no such folder/preferences.json")));
+    ScreenEnvironment withoutStorage{appDelegate, withoutPlace, selection,
+                                     navigator,   mainQueue,    system.platform};
+    addJoke({.id = 1, .joke = "mine"});
+    ViewController(withoutStorage).viewDidLoad();
+    EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 1U);
+    EXPECT_TRUE(context().fetch(Rating::fetchRequest()).empty());
+    EXPECT_TRUE(navigator.alerts.empty());
+}
+
+TEST_F(ViewControllerTest, AConcludedFlagIsStored)
+{
+    const QString file = folder.filePath(QStringLiteral("preferences.json"));
+    writeBytes(file, "torn");
+    Preferences damaged(file);
+    ScreenEnvironment afterDamage{appDelegate, damaged, selection, navigator, mainQueue, system.platform};
+    ViewController(afterDamage).viewDidLoad();
+    QFile::remove(file + QStringLiteral(".damaged"));
+    EXPECT_TRUE(Preferences(file).boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag));
+}
+
 TEST_F(ViewControllerTest, TheFlagIsStoredBeforeASeedingThatFails)
 {
     EXPECT_DEATH(menu.viewDidLoad(), "is missing");

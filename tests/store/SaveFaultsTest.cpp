@@ -234,6 +234,33 @@ private:
     rlimit m_before{};
 };
 
+TEST(BulkSavingTest, TriesFewerAndFewerSavesWhileTheyFailAndWritesAllInTheEnd)
+{
+    const CollectionFolder folder;
+    FaultyVfs faults;
+    const PersistentContainer container = folder.open();
+    ManagedObjectContext& context = container.viewContext();
+    BulkSaving bulk(context);
+    faults.failAt(1, FaultyVfs::Failing::FromThenOn);
+    int failures = 0;
+    for (std::int16_t id = 1; id <= 200; ++id) {
+        insertJoke(context, {.id = id});
+        try {
+            bulk.save();
+        } catch (const StoreError&) {
+            ++failures;
+        }
+    }
+    EXPECT_GT(failures, 2);
+    EXPECT_LT(failures, 12);
+    faults.disarm();
+    bulk.finish();
+    EXPECT_FALSE(context.hasChanges());
+    EXPECT_FALSE(faults.hasUnsyncedLog());
+    RawDatabase stored(folder.file());
+    EXPECT_EQ(storedRows(stored).size(), 200U);
+}
+
 TEST(FullDiskTest, CollectionStillOpensAndSavesOnceThereIsRoom)
 {
     CollectionFolder original;
