@@ -83,7 +83,7 @@ std::vector<Figure> exchangeFigures()
 {
     return {
         {"exchange file, write", "memcpy", {.largestRatio = 10}, writerSides},
-        {"exchange file, read", "raw commits, normal sync", {.largestRatio = 1.1}, readerSides, 7},
+        {"exchange file, read", "raw commit for each line", {.largestRatio = 1.2}, readerSides, 7},
     };
 }
 

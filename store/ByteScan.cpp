@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
+#include <functional>
 #include <numeric>
 #include <vector>
 
@@ -33,30 +35,43 @@ ByteScan::ByteScan(std::string needle, std::string_view sample) : m_needle(std::
 {
     if (m_needle.empty())
         return;
-    std::array<std::size_t, 256> counts{};
-    for (const char byte : sample)
-        ++counts[static_cast<std::uint8_t>(byte)];
-    std::vector<std::size_t> offsets(m_needle.size());
-    std::iota(offsets.begin(), offsets.end(), 0U);
-    std::ranges::stable_sort(
-        offsets, {}, [&](std::size_t offset) { return counts[static_cast<std::uint8_t>(m_needle[offset])]; });
-    m_rarest = probeAt(offsets.front());
-    m_secondRarest = probeAt(offsets[offsets.size() > 1 ? 1 : 0]);
+    std::vector<std::size_t> places(sample.size() < m_needle.size() ? 0
+                                                                    : sample.size() - m_needle.size() + 1);
+    std::iota(places.begin(), places.end(), 0U);
+    std::vector<Probe> probes;
+    for (std::size_t i = 0; i < std::min(m_needle.size(), MaximumProbes); ++i)
+        probes.push_back({i, static_cast<std::uint8_t>(m_needle[i]), caseBit(m_needle[i])});
+    // Letters that often stand together tell less than their numbers say: so the second one is the rarest of
+    // those that stand with the first.
+    m_first = takeRarest(probes, places, sample);
+    m_second = probes.empty() ? m_first : takeRarest(probes, places, sample);
 }
 
-ByteScan::Probe ByteScan::probeAt(std::size_t offset) const
+ByteScan::Probe ByteScan::takeRarest(std::vector<Probe>& probes, std::vector<std::size_t>& places,
+                                     std::string_view sample)
 {
-    return {offset, static_cast<std::uint8_t>(m_needle[offset]), caseBit(m_needle[offset])};
+    const auto matches = [&](const Probe& probe) {
+        return [&](std::size_t place) { return probe.matches(sample[place + probe.offset]); };
+    };
+    const auto rarest = std::ranges::min_element(
+        probes, {}, [&](const Probe& probe) { return std::ranges::count_if(places, matches(probe)); });
+    const Probe probe = *rarest;
+    probes.erase(rarest);
+    std::erase_if(places, std::not_fn(matches(probe)));
+    return probe;
+}
+
+bool ByteScan::matchesAt(const char* start) const
+{
+    return std::equal(m_needle.begin(), m_needle.end(), start, [](char wanted, char found) {
+        return static_cast<char>(found | caseBit(wanted)) == wanted;
+    });
 }
 
 bool ByteScan::findsPlainly(const char* start, std::size_t places) const
 {
-    const auto isFolded = [](char wanted, char found) {
-        return static_cast<char>(found | caseBit(wanted)) == wanted;
-    };
     for (const char* end = start + places; start != end; ++start)
-        if (isFolded(static_cast<char>(m_rarest.byte), start[m_rarest.offset]) &&
-            std::equal(m_needle.begin(), m_needle.end(), start, isFolded))
+        if (matchesAt(start))
             return true;
     return false;
 }
@@ -66,15 +81,21 @@ __attribute__((always_inline)) inline bool ByteScan::findsInBlock(const char* st
 {
     Block first;
     Block second;
-    std::memcpy(&first, start + m_rarest.offset, BlockSize);
-    std::memcpy(&second, start + m_secondRarest.offset, BlockSize);
-    const auto candidates = ((first | m_rarest.caseBit) == m_rarest.byte) &
-                            ((second | m_secondRarest.caseBit) == m_secondRarest.byte);
+    std::memcpy(&first, start + m_first.offset, BlockSize);
+    std::memcpy(&second, start + m_second.offset, BlockSize);
+    const auto candidates =
+        ((first | m_first.caseBit) == m_first.byte) & ((second | m_second.caseBit) == m_second.byte);
     std::array<std::uint64_t, BlockSize / sizeof(std::uint64_t)> words;
     std::memcpy(words.data(), &candidates, BlockSize);
     if ((words[0] | words[1] | words[2] | words[3]) == 0)
         return false;
-    return findsPlainly(start, BlockSize);
+    for (std::uint64_t word : words) {
+        for (; word != 0; word &= ~(0xffULL << (std::countr_zero(word) & ~7)))
+            if (matchesAt(start + std::countr_zero(word) / 8))
+                return true;
+        start += sizeof word;
+    }
+    return false;
 }
 
 GIGGLE_WIDE_REGISTERS

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace giggle {
 
@@ -23,10 +24,23 @@ private:
     struct Probe {
         std::size_t offset = 0;
         std::uint8_t byte = 0;
-        std::uint8_t caseBit = 0;
+        std::uint8_t caseBit = 0; ///< by which a letter's two cases differ
+
+        [[nodiscard]] bool matches(char found) const
+        {
+            return (static_cast<std::uint8_t>(found) | caseBit) == byte;
+        }
     };
 
-    [[nodiscard]] Probe probeAt(std::size_t offset) const;
+    /// Among so many of a needle's bytes the two are chosen that a scan looks at first.
+    static constexpr std::size_t MaximumProbes = 32;
+
+    /// Takes out the probe that the fewest @p places of the sample match, and all places that do not match
+    /// it.
+    static Probe takeRarest(std::vector<Probe>& probes, std::vector<std::size_t>& places,
+                            std::string_view sample);
+
+    [[nodiscard]] bool matchesAt(const char* start) const;
     /// @name Whether the needle begins at one of the places from @p start on
     /// @{
     [[nodiscard]] bool findsPlainly(const char* start, std::size_t places) const;
@@ -34,8 +48,8 @@ private:
     /// @}
 
     std::string m_needle;
-    Probe m_rarest;
-    Probe m_secondRarest;
+    Probe m_first;
+    Probe m_second;
 };
 
 [[nodiscard]] bool isAscii(std::string_view text);

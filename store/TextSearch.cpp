@@ -14,7 +14,7 @@ namespace {
 std::string sampleOf(const std::vector<std::string_view>& texts)
 {
     constexpr std::size_t Count = 64;
-    constexpr std::size_t Size = 256;
+    constexpr std::size_t Size = 128;
     std::string sample;
     for (std::size_t i = 0; i < texts.size(); i += texts.size() / Count + 1)
         sample += texts[i].substr(0, Size);
@@ -83,8 +83,13 @@ std::vector<Jokes*> TextSearch::filterByJoke(const std::vector<Jokes*>& source) 
     }
     if (std::ranges::find(isHit, char(true)) == isHit.end())
         return found;
-    std::ranges::copy_if(source, std::back_inserter(found),
-                         [&](const Jokes* joke) { return isHit[joke->position()] != 0; });
+    found.reserve(source.size());
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        if (i + 16 < source.size())
+            __builtin_prefetch(source[i + 16]);
+        if (isHit[source[i]->position()] != 0)
+            found.push_back(source[i]);
+    }
     return found;
 }
 

@@ -119,16 +119,6 @@ TEST_F(ExchangeReaderTest, WrongFilesChangeNothing)
     EXPECT_THAT(rows(), ElementsAre("1|NULL|0|1|above the marker|NULL"));
 }
 
-TEST_F(ExchangeReaderTest, FileThatIsReadTwiceAddsNothing)
-{
-    const std::string document = "[GIGGLEARCHIVES]\nDad^Mild^1^T^a\nDad^Mild^-4^F^b\n[CATEGORY]\nDad";
-    m_reader.readJokes(document);
-    const std::vector<std::string> once = rows();
-    m_reader.readJokes(document);
-    EXPECT_EQ(rows(), once);
-    EXPECT_EQ(once.size(), 2U);
-}
-
 TEST(ExchangeReaderStopTest, FieldThatIsNoIdEndsTheProgramAfterWhatIsAboveItWasSaved)
 {
     for (const char* field : {"", " ", " 5", "5 ", "5.0", "\"5\"", "32768", "-32769", "99999999999999999999",

@@ -51,21 +51,6 @@ TEST(ExchangeWriterTest, CollectionIsWrittenByteForByte)
         readBytes(QStringLiteral(GIGGLE_SOURCE_DIR "/tests/exchange/fixtures/exported.csv")).toStdString());
 }
 
-TEST(ExchangeWriterTest, NothingIsCutShortOrCleanedUp)
-{
-    CollectionFolder folder;
-    PersistentContainer container = folder.open();
-    ManagedObjectContext& context = container.viewContext();
-    const std::string large(3'000'000, '^');
-    insertJoke(context, {.category = "a\0^\nb"s, .joke = "\0\n\x01"s});
-    insertJoke(context, {.category = "b", .joke = large});
-    const std::string text = writeCollection(context);
-    const std::string start = "[GIGGLEARCHIVES]\na\0^\nb^^0^F^\0@#@\x01\nb^^0^F^"s;
-    EXPECT_EQ(text.substr(0, start.size()), start);
-    EXPECT_EQ(text.size(),
-              start.size() + 3 * large.size() + std::string("\n\n[CATEGORY]\n\n[RATING]\n").size());
-}
-
 } // namespace
 
 } // namespace giggle

@@ -92,17 +92,6 @@ TEST_F(JokeListOrderTest, FetchesAgainOnTheWayBackFromAnEditor)
     EXPECT_THAT(rows(), ElementsAre("new"));
 }
 
-TEST_F(JokeListOrderTest, AppearingRedrawsTheRowsInPlace)
-{
-    addJokes();
-    list.viewDidLoad();
-    QSignalSpy resets(list.jokeTableView(), &TableModel::modelReset);
-    QSignalSpy changes(list.jokeTableView(), &TableModel::dataChanged);
-    list.viewDidAppear();
-    EXPECT_EQ(changes.count(), 1);
-    EXPECT_EQ(resets.count(), 0);
-}
-
 TEST_F(JokeListOrderTest, PreparesTheSearchOnceAfterTheFirstAppearance)
 {
     addJokes();
@@ -136,18 +125,6 @@ TEST_F(JokeListOrderTest, AFetchThatFailsIsLoggedAndLeavesTheListEmpty)
     EXPECT_THAT(::testing::internal::GetCapturedStderr(), ::testing::HasSubstr("jokes"));
     EXPECT_EQ(header(), "# Jokes = 0");
     EXPECT_THAT(rows(), IsEmpty());
-}
-
-TEST_F(JokeListOrderTest, LoadingSetsTheScreenUp)
-{
-    system.interfaceStyle.change(InterfaceStyle::Style::Dark);
-    list.viewDidLoad();
-    EXPECT_TRUE(list.darkMode());
-    EXPECT_TRUE(list.sortAsc());
-    EXPECT_EQ(list.selectedSegment(), CategoryMode);
-    EXPECT_EQ(selection.CallingScreen, QStringLiteral("MainList"));
-    system.interfaceStyle.change(InterfaceStyle::Style::Light);
-    EXPECT_TRUE(list.darkMode()) << "as it was at load";
 }
 
 TEST_F(JokeListOrderTest, SortingBeforeLoadingEndsTheProgram)

@@ -66,15 +66,6 @@ TEST_F(JokeListRowTest, SaysWhatIsMissingAsTheModeWantsIt)
     }
 }
 
-TEST_F(JokeListRowTest, AnEmptyNameIsNotAMissingOne)
-{
-    addJoke({.category = "", .rating = "", .joke = "a"});
-    list.viewDidLoad();
-    list.setSelectedSegment(JokeMode);
-    EXPECT_EQ(cell(0).CategoryLabel, QStringLiteral("Category: "));
-    EXPECT_EQ(cell(0).RatingLabel, QStringLiteral("Rating: "));
-}
-
 TEST_F(JokeListRowTest, ARowWithoutTextIsEmptyInTheCategoryModeAlone)
 {
     addJoke({.category = "A"});
@@ -144,28 +135,6 @@ TEST_F(JokeListRowTest, AChosenRowLeavesItsJokeInTheSelection)
     EXPECT_THAT(navigator.performed, ElementsAre(SegueId::EditJoke, SegueId::EditJoke));
 }
 
-TEST_F(JokeListRowTest, TickingARowStoresNothing)
-{
-    const Jokes& joke = addJoke({.category = "A", .favorite = false, .joke = "text"});
-    list.viewDidLoad();
-    list.checkBoxClicked(0, true);
-    EXPECT_EQ(selection.SelectedFavorite, QStringLiteral("T"));
-    list.checkBoxClicked(0, false);
-    EXPECT_EQ(selection.SelectedFavorite, QStringLiteral("F"));
-    EXPECT_EQ(joke.favorite(), false);
-    EXPECT_FALSE(context().hasChanges());
-}
-
-TEST_F(JokeListRowTest, ACellTellsItsDelegate)
-{
-    RecordingDelegate delegate;
-    NewMainListTableViewCell ticked;
-    ticked.cellIndexPath = 7;
-    ticked.checkBoxDelegate = &delegate;
-    ticked.CheckBoxClicked(true, selection);
-    EXPECT_THAT(delegate.changes, ElementsAre(std::pair(true, 7)));
-}
-
 TEST_F(JokeListRowTest, DeletingARowRemovesItsJokeForGood)
 {
     for (const std::string_view name : {"a", "b", "c"})
@@ -202,12 +171,6 @@ TEST_F(JokeListRowTest, PressesOnARowThatIsGoneDoNothing)
     EXPECT_THAT(rows(), ElementsAre("a"));
     EXPECT_EQ(selection.SelectedFavorite, QString());
     EXPECT_TRUE(navigator.performed.empty());
-}
-
-TEST_F(JokeListRowTest, TheAddButtonLeadsToTheAddScreen)
-{
-    list.AddTapped();
-    EXPECT_THAT(navigator.performed, ElementsAre(SegueId::AddJoke));
 }
 
 } // namespace giggle

@@ -34,16 +34,6 @@ TEST(LinuxFontsTest, UnknownNamesDoNotFallBackToAnotherFamily)
         EXPECT_FALSE(fonts.font(QString::fromUtf8(name), 15.0)) << name;
 }
 
-TEST(LinuxFontsTest, EverySizeCanBeDrawn)
-{
-    LinuxFonts fonts;
-    const std::pair<double, int> sizes[] = {
-        {0.3, 1},   {0.0, 1},      {-5.0, 1},   {1.0, 1},
-        {14.6, 15}, {1e300, 2000}, {-1e300, 1}, {std::numeric_limits<double>::quiet_NaN(), 1}};
-    for (const auto& [points, pixels] : sizes)
-        EXPECT_EQ(fonts.font(QStringLiteral("Arial"), points).value().pixelSize(), pixels) << points;
-}
-
 } // namespace
 
 } // namespace giggle

@@ -58,11 +58,6 @@ TEST_F(SingleInstanceTest, ProgramsStartedByTheFirstInstanceDoNotHoldTheLock)
     child.waitForFinished();
 }
 
-TEST_F(SingleInstanceTest, LockThatCannotBeHadIsNoObstacle)
-{
-    EXPECT_EQ(SingleInstance(QStringLiteral("/nonexistent/folder/lock"), m_noBus).start(), Outcome::First);
-}
-
 TEST_F(SingleInstanceTest, SecondInstanceBringsTheFirstForward)
 {
     PrivateBus bus;

@@ -105,24 +105,6 @@ TEST_F(FirstLaunchSeedingTest, ReplacesAJokeThatHasTheSameId)
     EXPECT_EQ(mine.favorite(), true);
 }
 
-TEST_F(FirstLaunchSeedingTest, ReadsTheStarterFileThatShips)
-{
-    system.resources.paths.insert(QStringLiteral("GiggleArchives.txt"),
-                                  QStringLiteral(GIGGLE_SOURCE_DIR "/resources/GiggleArchives.txt"));
-    seeding.importStarterCollection();
-    const std::vector<Jokes*> read = jokes();
-    EXPECT_GE(read.size(), 150U);
-    int expectedId = 0;
-    for (const Jokes* joke : read) {
-        EXPECT_EQ(joke->id(), ++expectedId);
-        EXPECT_FALSE(joke->joke().value_or("").empty()) << expectedId;
-        EXPECT_THAT(DefaultCategoryNames, ::testing::Contains(joke->category().value_or("")));
-        EXPECT_THAT(DefaultRatingNames, ::testing::Contains(joke->rating().value_or("")));
-    }
-    EXPECT_THAT(names<Category>(), ::testing::UnorderedElementsAreArray(DefaultCategoryNames.begin(),
-                                                                        DefaultCategoryNames.end()));
-}
-
 TEST_F(FirstLaunchSeedingTest, AStarterFileThatCannotBeReadEndsTheProgram)
 {
     EXPECT_DEATH(seeding.importStarterCollection(), "GiggleArchives.txt is missing");

@@ -85,15 +85,6 @@ TEST_F(ViewControllerTest, EveryLaterLaunchLeavesTheCollectionUnopened)
     EXPECT_TRUE(navigator.alerts.empty());
 }
 
-TEST_F(ViewControllerTest, TheMenuButtonFoldsOutAndIn)
-{
-    EXPECT_TRUE(menu.areaButtonsHidden());
-    menu.HandleSelection();
-    EXPECT_FALSE(menu.areaButtonsHidden());
-    menu.HandleSelection();
-    EXPECT_TRUE(menu.areaButtonsHidden());
-}
-
 TEST_F(ViewControllerTest, EveryAppearanceStartsAnew)
 {
     setLaunchedBefore();
@@ -117,15 +108,6 @@ TEST_F(ViewControllerTest, BothMenuRoutesEndHere)
     EXPECT_TRUE(menu.isTargetOf(UnwindRoute::ToMenu));
     EXPECT_TRUE(menu.isTargetOf(UnwindRoute::ToMainMenu));
     EXPECT_FALSE(menu.isTargetOf(UnwindRoute::ToList));
-}
-
-TEST_F(ViewControllerTest, AButtonIsAliveWhereItsWayLeadsSomewhere)
-{
-    navigator.scenes = {SegueId::JokeList};
-    EXPECT_TRUE(menu.canPerform(SegueId::JokeList));
-    EXPECT_FALSE(menu.canPerform(SegueId::Print));
-    menu.performSegue(SegueId::JokeList);
-    EXPECT_THAT(navigator.performed, ::testing::ElementsAre(SegueId::JokeList));
 }
 
 } // namespace giggle

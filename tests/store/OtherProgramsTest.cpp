@@ -82,19 +82,6 @@ TEST_F(OtherProgramsTest, WritesThatChangeNothingDoNotBlockSaving)
     }
 }
 
-TEST_F(OtherProgramsTest, TheirChangesBeforeTheFirstFetchAreSeen)
-{
-    PersistentContainer container = m_folder.open();
-    ManagedObjectContext& context = container.viewContext();
-    static_cast<void>(context.fetch(Category::fetchRequest()));
-    RawDatabase other(m_folder.file());
-    other.execute("DELETE FROM jokes WHERE id = 2");
-    EXPECT_EQ(context.fetch(Jokes::fetchRequest()).size(), 2U);
-    insertJoke(context, {.id = 9});
-    EXPECT_NO_THROW(context.save());
-    EXPECT_EQ(storedRows(other), liveRows(context));
-}
-
 TEST_F(OtherProgramsTest, WriteThatFollowsAFailedSaveOfOursIsNoticed)
 {
     PersistentContainer container = m_folder.open();

@@ -134,17 +134,6 @@ TEST_F(PreferencesTest, UnknownKeysAreKept)
                                   "}\n");
 }
 
-TEST_F(PreferencesTest, NothingIsWrittenWithoutAChange)
-{
-    const QByteArray original = R"({"ListFontSize":{"real":15}})";
-    writeFile(original);
-    Preferences preferences(m_path);
-    preferences.setReal(PreferenceKeys::ListFontSize, 15.0);
-    preferences.setReal(PreferenceKeys::ListFontSize, std::numeric_limits<double>::infinity());
-    EXPECT_TRUE(preferences.synchronize());
-    EXPECT_EQ(contentsOf(m_path), original);
-}
-
 class DamagedPreferencesTest : public PreferencesTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(DamagedPreferencesTest, AreSetAsideAndProveAnEarlierLaunch)
@@ -213,19 +202,6 @@ TEST_F(PreferencesTest, FailedWriteLeavesTheFileAndCanBeRepeated)
     EXPECT_EQ(preferences.real(PreferenceKeys::ListFontSize), 21.0);
     EXPECT_TRUE(preferences.synchronize());
     EXPECT_EQ(Preferences(m_path).real(PreferenceKeys::ListFontSize), 21.0);
-}
-
-TEST_F(PreferencesTest, SymbolicLinkStaysALink)
-{
-    const QString target = m_folder.filePath(QStringLiteral("elsewhere.json"));
-    ASSERT_TRUE(QFile(target).open(QIODevice::WriteOnly));
-    writeFile("{}");
-    ASSERT_TRUE(QFile::remove(target) && QFile::rename(m_path, target) && QFile::link(target, m_path));
-    Preferences preferences(m_path);
-    preferences.setBoolean(u"new", true);
-    ASSERT_TRUE(preferences.synchronize());
-    EXPECT_TRUE(QFileInfo(m_path).isSymLink());
-    EXPECT_TRUE(contentsOf(target).contains("new"));
 }
 
 } // namespace

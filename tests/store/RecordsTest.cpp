@@ -22,18 +22,6 @@ protected:
     PersistentContainer m_container = m_folder.open();
 };
 
-TEST_F(RecordsTest, NewRecordHasNothingSetAndGoesInWithTheNextSave)
-{
-    context().insert<Jokes>();
-    context().insert<Category>();
-    context().insert<Rating>();
-    EXPECT_TRUE(context().hasChanges());
-    EXPECT_THAT(storedRows(m_folder.file()), IsEmpty());
-    context().save();
-    EXPECT_FALSE(context().hasChanges());
-    EXPECT_THAT(storedRows(m_folder.file()), ElementsAre("1|NULL|NULL|NULL|NULL|NULL", "1|NULL", "1|NULL"));
-}
-
 TEST_F(RecordsTest, ChangesThatAreTakenBackAreNone)
 {
     Jokes& joke = insertJoke(

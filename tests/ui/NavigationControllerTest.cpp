@@ -161,16 +161,6 @@ TEST_F(NavigationControllerTest, RunsTheLifeCycleOfAWayBack)
     EXPECT_THAT(journal, ElementsAre("editor deleted"));
 }
 
-TEST_F(NavigationControllerTest, NeverTakesTheRootAway)
-{
-    navigation.start();
-    navigation.start();
-    settle();
-    navigation.back();
-    EXPECT_EQ(navigation.depth(), 1);
-    EXPECT_THAT(popCounts, IsEmpty());
-}
-
 TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTarget)
 {
     openAll();
@@ -221,16 +211,6 @@ TEST_F(NavigationControllerTest, GoesBackBeforeThePageHasComeToRest)
     EXPECT_THAT(journal, ElementsAre("menu will appear", "list did disappear", "menu did appear"));
 }
 
-TEST_F(NavigationControllerTest, OpensNothingBehindAWayWithoutAScene)
-{
-    navigation.start();
-    journal.clear();
-    EXPECT_FALSE(navigation.canPerform(SegueId::Print));
-    navigation.performSegue(SegueId::Print);
-    EXPECT_THAT(journal, IsEmpty());
-    EXPECT_EQ(navigation.depth(), 1);
-}
-
 TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
 {
     EXPECT_FALSE(navigation.alert().shown);
@@ -253,18 +233,6 @@ TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
     navigation.alertAnswered(0);
     EXPECT_FALSE(navigation.alert().shown);
     navigation.alertAnswered(0);
-}
-
-TEST_F(NavigationControllerTest, KeepsANoticeUntilItIsDismissed)
-{
-    navigation.setNotice(QStringLiteral("why"));
-    QSignalSpy changes(&navigation, &NavigationController::noticeChanged);
-    navigation.present(alertNamed(QStringLiteral("alert")));
-    navigation.alertAnswered(0);
-    EXPECT_EQ(navigation.notice(), QStringLiteral("why"));
-    navigation.dismissNotice();
-    EXPECT_EQ(navigation.notice(), QString());
-    EXPECT_EQ(changes.count(), 1);
 }
 
 TEST_F(NavigationControllerTest, APageThatCannotBeLoadedEndsTheProgram)

@@ -21,11 +21,6 @@ protected:
 
 } // namespace
 
-TEST(DisplayTextTest, AllowsNinetyOneCharacters)
-{
-    EXPECT_EQ(std::set<char>(AllowedDisplayCharacters.begin(), AllowedDisplayCharacters.end()).size(), 91U);
-}
-
 TEST(DisplayTextTest, DropsWhatIsNotAllowedCodePointByCodePoint)
 {
     struct Case {
@@ -45,15 +40,6 @@ TEST(DisplayTextTest, DropsWhatIsNotAllowedCodePointByCodePoint)
     };
     for (const Case& c : cases)
         EXPECT_EQ(filteredForDisplay(c.text), QString::fromLatin1(c.shown)) << c.text;
-}
-
-TEST_F(ListDisplaySettingsTest, TakesTheDefaultsForWhatIsAbsent)
-{
-    const ListDisplaySettings settings = read();
-    EXPECT_EQ(settings.ListFontName, QStringLiteral("Arial"));
-    EXPECT_EQ(settings.ListFontSize, 15.0);
-    EXPECT_EQ(settings.ListFontColor, QStringLiteral("black"));
-    EXPECT_FALSE(userDefaults.isPresent(PreferenceKeys::ListFontSize)) << "defaults are not written back";
 }
 
 TEST_F(ListDisplaySettingsTest, TakesWhatIsStored)

@@ -57,28 +57,4 @@ TEST(AppearanceTest, FollowsTheSystemsFont)
     QGuiApplication::setFont(before);
 }
 
-TEST(TimerMainQueueTest, RunsWorkInTheOrderInWhichItFallsDue)
-{
-    TimerMainQueue queue;
-    std::vector<int> order;
-    queue.asyncAfter(milliseconds(40), [&] { order.push_back(4); });
-    queue.asyncAfter(milliseconds(20), [&] { order.push_back(3); });
-    queue.async([&] { order.push_back(1); });
-    queue.async([&] { order.push_back(2); });
-    EXPECT_TRUE(order.empty()) << "never at once";
-    QTest::qWait(100);
-    EXPECT_THAT(order, ::testing::ElementsAre(1, 2, 3, 4));
-}
-
-TEST(TimerMainQueueTest, DropsWorkThatIsStillWaitingAtItsEnd)
-{
-    bool hasRun = false;
-    std::optional<TimerMainQueue> queue(std::in_place);
-    queue->async([&] { hasRun = true; });
-    queue->asyncAfter(milliseconds(1), [&] { hasRun = true; });
-    queue.reset();
-    QTest::qWait(20);
-    EXPECT_FALSE(hasRun);
-}
-
 } // namespace giggle

@@ -66,15 +66,6 @@ TEST_F(TableModelTest, RemovesOneRowWithoutAReset)
     EXPECT_EQ(table.headerText(), QStringLiteral("0"));
 }
 
-TEST_F(TableModelTest, KeepsItsRowsUntilItIsTold)
-{
-    source.words = {QStringLiteral("x")};
-    EXPECT_EQ(table.rowCount(), 4);
-    table.reload();
-    EXPECT_EQ(shown(), QStringList({"x"}));
-    EXPECT_EQ(table.count(), 1);
-}
-
 TEST_F(TableModelTest, RedrawingKeepsThePlaceAsLongAsTheRowsAreTheSame)
 {
     QSignalSpy resets(&table, &TableModel::modelReset);
@@ -89,13 +80,6 @@ TEST_F(TableModelTest, RedrawingKeepsThePlaceAsLongAsTheRowsAreTheSame)
     table.redraw();
     EXPECT_EQ(resets.count(), 1);
     EXPECT_EQ(table.count(), 5);
-}
-
-TEST_F(TableModelTest, HandsOutCellsUnderTheRoleOfThePages)
-{
-    EXPECT_EQ(table.roleNames().value(TableModel::CellRole), QByteArray("cell"));
-    EXPECT_FALSE(table.data(table.index(0), Qt::DisplayRole).isValid());
-    EXPECT_FALSE(table.data(table.index(4), TableModel::CellRole).isValid());
 }
 
 } // namespace giggle
