@@ -41,10 +41,10 @@ ByteScan::ByteScan(std::string needle, std::string_view sample) : m_needle(std::
     std::vector<Probe> probes;
     for (std::size_t i = 0; i < std::min(m_needle.size(), MaximumProbes); ++i)
         probes.push_back({i, static_cast<std::uint8_t>(m_needle[i]), caseBit(m_needle[i])});
-    // Letters that often stand together tell less than their numbers say: so the second one is the rarest of
-    // those that stand with the first.
-    m_first = takeRarest(probes, places, sample);
-    m_second = probes.empty() ? m_first : takeRarest(probes, places, sample);
+    // Letters that often stand together tell less than their numbers say: so each one is the rarest of those
+    // that stand with the ones before.
+    for (Probe& probe : m_probes)
+        probe = probes.empty() ? m_probes.front() : takeRarest(probes, places, sample);
 }
 
 ByteScan::Probe ByteScan::takeRarest(std::vector<Probe>& probes, std::vector<std::size_t>& places,
@@ -76,15 +76,15 @@ bool ByteScan::findsPlainly(const char* start, std::size_t places) const
     return false;
 }
 
-/// Looks at BlockSize places, first at two bytes of each only.
+/// Looks at BlockSize places, first at the probes' bytes of each only.
 __attribute__((always_inline)) inline bool ByteScan::findsInBlock(const char* start) const
 {
-    Block first;
-    Block second;
-    std::memcpy(&first, start + m_first.offset, BlockSize);
-    std::memcpy(&second, start + m_second.offset, BlockSize);
-    const auto candidates =
-        ((first | m_first.caseBit) == m_first.byte) & ((second | m_second.caseBit) == m_second.byte);
+    Block candidates = ~Block{};
+    for (const Probe& probe : m_probes) {
+        Block bytes;
+        std::memcpy(&bytes, start + probe.offset, BlockSize);
+        candidates &= Block((bytes | probe.caseBit) == probe.byte);
+    }
     std::array<std::uint64_t, BlockSize / sizeof(std::uint64_t)> words;
     std::memcpy(words.data(), &candidates, BlockSize);
     if ((words[0] | words[1] | words[2] | words[3]) == 0)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,7 +33,7 @@ private:
         }
     };
 
-    /// Among so many of a needle's bytes the two are chosen that a scan looks at first.
+    /// Among so many of a needle's bytes those are chosen that a scan looks at first.
     static constexpr std::size_t MaximumProbes = 32;
 
     /// Takes out the probe that the fewest @p places of the sample match, and all places that do not match
@@ -48,8 +49,7 @@ private:
     /// @}
 
     std::string m_needle;
-    Probe m_first;
-    Probe m_second;
+    std::array<Probe, 3> m_probes;
 };
 
 [[nodiscard]] bool isAscii(std::string_view text);

@@ -21,7 +21,11 @@ std::string sampleOf(const std::vector<std::string_view>& texts)
     return sample;
 }
 
-/// Has the beginning of a text read ahead of its use: where the next one lies a processor cannot guess.
+// How far memory is read ahead of its use: where the next one lies a processor cannot guess.
+constexpr std::size_t TextsAhead = 6;
+constexpr std::size_t JokesAhead = 16;
+
+/// Reads the beginning of a text ahead.
 void prefetch(std::string_view text)
 {
     constexpr std::size_t UsualSize = 384;
@@ -74,19 +78,18 @@ std::vector<Jokes*> TextSearch::filterByJoke(const std::vector<Jokes*>& source) 
     }
     // Texts lie in memory in the order of insertion: read in that order they are read several times faster
     // than in the order of the list.
-    constexpr std::size_t Ahead = 6;
     std::vector<char> isHit(texts.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (i + Ahead < texts.size())
-            prefetch(texts[i + Ahead]);
+        if (i + TextsAhead < texts.size())
+            prefetch(texts[i + TextsAhead]);
         isHit[i] = scan.findsIn(texts[i]);
     }
     if (std::ranges::find(isHit, char(true)) == isHit.end())
         return found;
     found.reserve(source.size());
     for (std::size_t i = 0; i < source.size(); ++i) {
-        if (i + 16 < source.size())
-            __builtin_prefetch(source[i + 16]);
+        if (i + JokesAhead < source.size())
+            __builtin_prefetch(source[i + JokesAhead]);
         if (isHit[source[i]->position()] != 0)
             found.push_back(source[i]);
     }

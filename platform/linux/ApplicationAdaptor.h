@@ -8,7 +8,7 @@
 
 namespace giggle {
 
-/// The application's object on the session bus, as the desktop entry specification describes it.
+/// The application's object on the session bus, in the form that desktop entries call for.
 class ApplicationAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")

@@ -17,8 +17,8 @@ inline QString applicationId()
     return QStringLiteral("org.gigglearchives.GiggleArchives");
 }
 
-/// Where the application object lies on the session bus: the id with slashes, as the desktop entry
-/// specification derives it.
+/// Where the application object lies on the session bus: the id with slashes, by the rule for
+/// desktop entries.
 inline QString objectPath()
 {
     return QStringLiteral("/org/gigglearchives/GiggleArchives");

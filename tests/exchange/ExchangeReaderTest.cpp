@@ -96,16 +96,6 @@ TEST_F(ExchangeReaderTest, KnownIdsAreUpdatedAndEmptyFieldsClearNothing)
     EXPECT_EQ(storedRows(m_folder.file()), rows());
 }
 
-TEST_F(ExchangeReaderTest, LineWhoseIdSeveralJokesHaveIsSkipped)
-{
-    insertJoke(context(), {.id = 1, .joke = "first"});
-    insertJoke(context(), {.id = 1, .joke = "second"});
-    context().save();
-    m_reader.readJokes("[GIGGLEARCHIVES]\nDad^Mild^1^T^new\nDad^Mild^2^T^new");
-    EXPECT_THAT(rows(),
-                ElementsAre("1|NULL|NULL|1|first|NULL", "2|NULL|NULL|1|second|NULL", "3|Dad|1|2|new|Mild"));
-}
-
 TEST_F(ExchangeReaderTest, WrongFilesChangeNothing)
 {
     for (const char* document : {"", "\n", "Dad^Mild^1^F^a", "[gigglearchives]\n^^1",
@@ -135,20 +125,6 @@ TEST(ExchangeReaderStopTest, FieldThatIsNoIdEndsTheProgramAfterWhatIsAboveItWasS
             << field;
         EXPECT_THAT(storedRows(folder.file()), ElementsAre("1|Dad|0|1|a|Mild", "2|NULL|NULL|2|NULL|NULL"));
     }
-}
-
-TEST_F(ExchangeReaderTest, LinesThatCannotBeSavedNowGoInWithTheNextOne)
-{
-    static_cast<void>(rows());
-    RawDatabase other(m_folder.file());
-    other.execute(
-        "CREATE TRIGGER t BEFORE INSERT ON jokes WHEN new.joke = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END");
-    testing::internal::CaptureStderr();
-    m_reader.readJokes("[GIGGLEARCHIVES]\n^^1^F^good\n^^2^F^bad\n^^2^F^better\n^^3^F^good");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "The collection could not be saved: no\n");
-    EXPECT_EQ(storedRows(other), rows());
-    EXPECT_THAT(rows(),
-                ElementsAre("1|NULL|0|1|good|NULL", "2|NULL|0|2|better|NULL", "3|NULL|0|3|good|NULL"));
 }
 
 TEST_F(ExchangeReaderTest, ImportTakesNoNamesOver)
@@ -182,15 +158,6 @@ TEST_F(ExchangeReaderTest, FirstLaunchTakesTheNamesOfASection)
     m_reader.readRatings("GiggleArchives", NamesFilter::KeepsSection);
     EXPECT_TRUE(m_reader.wrongFile());
     EXPECT_EQ(rows().size(), 2U);
-}
-
-TEST_F(ExchangeReaderTest, CollectionThatCannotBeLoadedEndsTheProgramInTheImportersName)
-{
-    writeBytes(m_folder.file(), "no collection");
-    EXPECT_DEATH(m_reader.readJokes("[GIGGLEARCHIVES]"),
-                 "Unresolved error .*is not a joke collection.*: file tests/SomeImporter, line");
-    EXPECT_DEATH(m_reader.readRatings("[RATING]", NamesFilter::KeepsNothing),
-                 "Unresolved error .*is not a joke collection.*: file tests/SomeImporter, line");
 }
 
 } // namespace

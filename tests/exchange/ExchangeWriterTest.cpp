@@ -11,13 +11,6 @@ namespace {
 
 using std::string_literals::operator""s;
 
-TEST(ExchangeWriterTest, EmptyCollectionHasTheThreeMarkers)
-{
-    CollectionFolder folder;
-    PersistentContainer container = folder.open();
-    EXPECT_EQ(writeCollection(container.viewContext()), "[GIGGLEARCHIVES]\n\n[CATEGORY]\n\n[RATING]\n");
-}
-
 TEST(ExchangeWriterTest, CollectionIsWrittenByteForByte)
 {
     CollectionFolder folder;

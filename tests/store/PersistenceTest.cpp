@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/CollectionFolder.h"
-#include "tests/support/FaultyVfs.h"
 
 #include <gmock/gmock.h>
 
@@ -64,7 +63,7 @@ TEST(PersistenceTest, FileHasThePinnedForm)
     for (const char* question : {"SELECT type, name, tbl_name, sql FROM sqlite_schema", "PRAGMA user_version",
                                  "PRAGMA application_id", "PRAGMA encoding"})
         EXPECT_EQ(made.rows(question), pinned.rows(question));
-    EXPECT_EQ(made.value("PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(made.rows("PRAGMA journal_mode"), std::vector{"wal"s});
     EXPECT_EQ(readBytes(folder.file()).mid(68, 4), "GigA");
 }
 
@@ -81,86 +80,7 @@ TEST(PersistenceTest, CollectionMadeByAnotherProgramOpens)
                 ElementsAre("-3|Puns|1|5|a\0b|NULL"s, "40|NULL|NULL|NULL|NULL|", "7|Mild"));
     EXPECT_EQ(insertJoke(container.viewContext(), {}).oid(), 41);
     container.viewContext().save();
-    EXPECT_EQ(RawDatabase(folder.file()).value("PRAGMA journal_mode"), "wal");
     EXPECT_EQ(storedRows(folder.file()), liveRows(container.viewContext()));
-}
-
-TEST(PersistenceTest, EmptyFileAndMissingFolderCountAsNone)
-{
-    CollectionFolder folder;
-    writeBytes(folder.file(), "");
-    PersistentContainer empty = folder.open();
-    PersistentContainer missing(QStringLiteral("Giggle_Archives"),
-                                folder.filePath(QStringLiteral("a/b c/ü")));
-    missing.loadPersistentStores([](const StoreError* error) { EXPECT_EQ(error, nullptr); });
-    for (PersistentContainer* container : {&empty, &missing}) {
-        insertJoke(container->viewContext(), {.id = 1});
-        container->viewContext().save();
-        EXPECT_EQ(storedRows(container->path()), liveRows(container->viewContext()));
-    }
-}
-
-TEST(PersistenceTest, FurtherContainersShareWhatIsOpen)
-{
-    CollectionFolder folder;
-    PersistentContainer first = folder.open();
-    Jokes& joke = insertJoke(first.viewContext(), {.id = 1});
-    {
-        PersistentContainer second = folder.open();
-        EXPECT_EQ(&second.viewContext(), &first.viewContext());
-        EXPECT_THAT(second.viewContext().fetch(Jokes::fetchRequest()), ElementsAre(&joke));
-    }
-    EXPECT_TRUE(first.viewContext().hasChanges());
-    first.viewContext().save();
-
-    PersistentContainer second = folder.open();
-    closeContainer(first);
-    EXPECT_THAT(second.viewContext().fetch(Jokes::fetchRequest()), ElementsAre(&joke));
-    closeContainer(second);
-    RawDatabase(folder.file()).execute("UPDATE jokes SET id = 2");
-    EXPECT_EQ(folder.open().viewContext().highestJokeId(), 2) << "the last one has not closed the file";
-}
-
-TEST(PersistenceTest, EverySaveIsForcedToTheDiskAndABulkOfThemAtItsEnd)
-{
-    CollectionFolder folder;
-    FaultyVfs vfs;
-    PersistentContainer container = folder.open();
-    ManagedObjectContext& context = container.viewContext();
-    const auto saveOne = [&] {
-        insertJoke(context, {.joke = "text"});
-        context.save();
-    };
-    for (int i = 0; i < 3; ++i) {
-        saveOne();
-        EXPECT_FALSE(vfs.hasUnsyncedLog());
-    }
-    {
-        BulkSaving bulk(context);
-        const int syncs = vfs.logSyncs();
-        for (int i = 0; i < 20; ++i)
-            saveOne();
-        EXPECT_EQ(vfs.logSyncs(), syncs);
-        EXPECT_TRUE(vfs.hasUnsyncedLog());
-        bulk.finish();
-        EXPECT_FALSE(vfs.hasUnsyncedLog());
-        bulk.finish();
-    }
-    saveOne();
-    EXPECT_FALSE(vfs.hasUnsyncedLog()) << "the bulk's end did not restore the forcing";
-    {
-        const BulkSaving leftByAnException(context);
-        saveOne();
-    }
-    EXPECT_FALSE(vfs.hasUnsyncedLog());
-
-    BulkSaving bulk(context);
-    saveOne();
-    vfs.failAt(1, FaultyVfs::Failing::FromThenOn);
-    EXPECT_THROW(bulk.finish(), StoreError);
-    vfs.disarm();
-    saveOne();
-    EXPECT_FALSE(vfs.hasUnsyncedLog());
 }
 
 } // namespace

@@ -52,10 +52,8 @@ struct FaultyVfs::Counted<Method, Error> {
             return result;
         if (asFile(file).isLog && Error == SQLITE_IOERR_WRITE)
             s_current->m_hasUnsyncedLog = true;
-        if (asFile(file).isLog && Error == SQLITE_IOERR_FSYNC) {
-            ++s_current->m_logSyncs;
+        if (asFile(file).isLog && Error == SQLITE_IOERR_FSYNC)
             s_current->m_hasUnsyncedLog = false;
-        }
         return result;
     }
 };

@@ -31,12 +31,7 @@ public:
     /// Whether an operation has failed since failAt().
     [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
 
-    /// Operations since failAt() or the start.
-    [[nodiscard]] int operations() const { return m_operations; }
-
-    /// Syncs of write-ahead logs since the start, and whether one has been written to since the last of them.
-    [[nodiscard]] int logSyncs() const { return m_logSyncs; }
-
+    /// Whether a write-ahead log has been written to since it was synced.
     [[nodiscard]] bool hasUnsyncedLog() const { return m_hasUnsyncedLog; }
 
 private:
@@ -64,7 +59,6 @@ private:
     int m_failAt = 0;
     Failing m_failing = Failing::Once;
     bool m_hasFailed = false;
-    int m_logSyncs = 0;
     bool m_hasUnsyncedLog = false;
 };
 

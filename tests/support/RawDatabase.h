@@ -23,9 +23,6 @@ public:
     /// Each row as its columns joined by "|", unset ones as "NULL".
     [[nodiscard]] std::vector<std::string> rows(const std::string& sql);
 
-    /// The only column of the only row.
-    [[nodiscard]] std::string value(const std::string& sql) { return rows(sql).at(0); }
-
 private:
     struct Closer {
         void operator()(sqlite3* handle) const;
