@@ -42,8 +42,9 @@ void ViewController::checkLaunch()
 
     FirstLaunchSeeding seeding(environment().appDelegate, environment().platform.resources);
     if (!isFlagStored && !seeding.isCollectionEmpty()) {
-        printFailure(QStringLiteral("Whether the application was launched before cannot be stored. The collection "
-                                    "holds something already and is left as it is."));
+        printFailure(
+            QStringLiteral("Whether the application was launched before cannot be stored. The collection "
+                           "holds something already and is left as it is."));
         return;
     }
     seeding.seedDefaultCategories();

@@ -47,10 +47,7 @@ std::string_view FoldedTexts::folded(const Jokes& joke, std::size_t position)
 
 std::string lowered(std::string_view text)
 {
-    return QString::fromUtf8(text)
-        .toLower()
-        .toUtf8()
-        .toStdString();
+    return QString::fromUtf8(text).toLower().toUtf8().toStdString();
 }
 
 } // namespace giggle

@@ -91,8 +91,8 @@ private:
 };
 
 /// Makes commits cheap while many small saves follow each other, and durable again at its end. What was saved
-/// counts as safe only when finish() has returned; a crash of the machine before that leaves a whole prefix of
-/// the saves.
+/// counts as safe only when finish() has returned; a crash of the machine before that leaves a whole prefix
+/// of the saves.
 class BulkSaving {
 public:
     explicit BulkSaving(ManagedObjectContext& context);
@@ -103,8 +103,8 @@ public:
     BulkSaving(const BulkSaving&) = delete;
     BulkSaving& operator=(const BulkSaving&) = delete;
 
-    /// Saves the context. While saves fail, fewer and fewer of them are tried: each would have to write everything
-    /// that has piled up. Throws StoreError when one was tried and failed.
+    /// Saves the context. While saves fail, fewer and fewer of them are tried: each would have to write
+    /// everything that has piled up. Throws StoreError when one was tried and failed.
     void save();
 
     /// Saves what is still pending and forces everything to the disk. Throws StoreError.

@@ -126,11 +126,12 @@ std::unique_ptr<Database> PersistentStore::openReadable()
     for (const auto mode : {Database::Mode::Shared, Database::Mode::Exclusive, Database::Mode::Immutable}) {
         // This mode would not show the saved jokes that lie in the log.
         if (mode == Database::Mode::Immutable && QFileInfo(writeAheadLogOf(m_path)).size() > 0)
-            throw StoreError(firstError->extendedCode(),
-                             QStringLiteral("%1. Saved jokes lie in \"%2\", which can be read only in a folder "
-                                            "that can be written")
-                                 .arg(firstError->localizedDescription(), writeAheadLogOf(m_path)),
-                             firstError->userInfo());
+            throw StoreError(
+                firstError->extendedCode(),
+                QStringLiteral("%1. Saved jokes lie in \"%2\", which can be read only in a folder "
+                               "that can be written")
+                    .arg(firstError->localizedDescription(), writeAheadLogOf(m_path)),
+                firstError->userInfo());
         try {
             auto database = std::make_unique<Database>(m_path, mode);
             database->keepWriteAheadLog(true);

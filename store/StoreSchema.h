@@ -23,8 +23,8 @@ inline constexpr std::int64_t ApplicationId = 0x47696741;
 /// The version that this program writes.
 inline constexpr std::int64_t CurrentVersion = 1;
 
-/// Whether there is nothing at @p path yet: no file, or an empty one. Throws StoreError when a write-ahead log lies
-/// beside it all the same: SQLite would throw away what was saved there.
+/// Whether there is nothing at @p path yet: no file, or an empty one. Throws StoreError when a write-ahead
+/// log lies beside it all the same: SQLite would throw away what was saved there.
 [[nodiscard]] bool isAbsent(const QString& path);
 
 /// Reads the header of the file at @p path without SQLite, so that nothing on disk is touched.

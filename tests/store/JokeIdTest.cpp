@@ -13,12 +13,8 @@ using Ids = std::vector<std::optional<std::int16_t>>;
 TEST(NextJokeIdTest, FollowsTheHighestId)
 {
     const std::vector<std::pair<Ids, int>> cases = {
-        {{}, 1},
-        {{1, 2, 7}, 8},
-        {{std::nullopt}, 1},
-        {{-5, std::nullopt}, -4},
-        {{0, -32768}, 1},
-        {{32766}, 32767},
+        {{}, 1},          {{1, 2, 7}, 8},   {{std::nullopt}, 1}, {{-5, std::nullopt}, -4},
+        {{0, -32768}, 1}, {{32766}, 32767},
     };
     for (const auto& [ids, next] : cases) {
         CollectionFolder folder;
