@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/Storyboard.h"
 
+#include "jokes/AddJokeViewController.h"
+#include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
+#include "shell/JokeOfDayViewController.h"
 #include "shell/ViewController.h"
 
 #include <algorithm>
@@ -24,6 +27,12 @@ struct SceneDescription {
 };
 
 constexpr std::array Scenes{
+    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>,
+                     QLatin1StringView("AddJokeView")},
+    SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
+                     QLatin1StringView("EditJokeView")},
+    SceneDescription{SegueId::JokeOfDay, makeScreen<JokeOfDayViewController>,
+                     QLatin1StringView("JokeOfDayView")},
     SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,
                      QLatin1StringView("JokeListView")},
 };

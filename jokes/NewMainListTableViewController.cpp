@@ -6,6 +6,7 @@
 #include "store/AppDelegate.h"
 #include "store/FatalError.h"
 #include "store/TextSearch.h"
+#include "ui/DisplayText.h"
 #include "ui/MainQueue.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
@@ -36,11 +37,6 @@ constexpr std::array SearchedAttributes{Attribute::category, Attribute::rating, 
 
 // One step of preparing the search takes well under the time of a frame.
 constexpr std::size_t JokesPreparedAtOnce = 1000;
-
-QString text(OptionalText utf8)
-{
-    return utf8 ? QString::fromUtf8(*utf8) : QString();
-}
 
 } // namespace
 
@@ -209,7 +205,7 @@ NewMainListTableViewCell NewMainListTableViewController::cellAt(int row) const
     cell.CategoryLabel = categoryLabel(joke);
     showJokeText(cell, joke);
     cell.favorite = joke.favorite().value_or(false);
-    cell.RatingLabel = QStringLiteral("Rating: ") + text(joke.rating().value_or("N/A"));
+    cell.RatingLabel = QStringLiteral("Rating: ") + textOrEmpty(joke.rating().value_or("N/A"));
     return cell;
 }
 
@@ -217,7 +213,7 @@ QString NewMainListTableViewController::categoryLabel(const Jokes& joke) const
 {
     const bool showsMissing =
         !isSearching() && (m_selectedSegment == RatingMode || m_selectedSegment == JokeMode);
-    return QStringLiteral("Category: ") + text(joke.category().value_or(showsMissing ? "N/A" : ""));
+    return QStringLiteral("Category: ") + textOrEmpty(joke.category().value_or(showsMissing ? "N/A" : ""));
 }
 
 void NewMainListTableViewController::showJokeText(NewMainListTableViewCell& cell, const Jokes& joke) const
@@ -238,10 +234,10 @@ void NewMainListTableViewController::selectRow(int row)
         return;
     const Jokes& joke = jokeAt(row);
     SharedSelection& selection = environment().selection;
-    selection.SelectedCategory = text(joke.category());
-    selection.SelectedJokeText = text(joke.joke());
+    selection.SelectedCategory = textOrEmpty(joke.category());
+    selection.SelectedJokeText = textOrEmpty(joke.joke());
     selection.SelectedFavorite = joke.favorite().value_or(false) ? QStringLiteral("T") : QStringLiteral("F");
-    selection.SelectedRating = text(joke.rating());
+    selection.SelectedRating = textOrEmpty(joke.rating());
     environment().navigator.performSegue(SegueId::EditJoke);
 }
 

@@ -12,6 +12,7 @@ namespace giggle {
 struct AlertAction {
     QString title;
     std::function<void()> handler;
+    bool isCancel = false; ///< leaves everything as it is: has the keyboard first, and Escape presses it
 };
 
 /// A dialog with a title, a message and one or more buttons, shown over the current screen.

@@ -16,12 +16,14 @@ struct AlertContent {
     Q_PROPERTY(QString title MEMBER title CONSTANT)
     Q_PROPERTY(QString message MEMBER message CONSTANT)
     Q_PROPERTY(QStringList actions MEMBER actions CONSTANT)
+    Q_PROPERTY(int cancelAction MEMBER cancelAction CONSTANT)
 
 public:
     bool shown = false;
     QString title;
     QString message;
     QStringList actions;
+    int cancelAction = -1; ///< what Escape presses; a single action is one
 
     bool operator==(const AlertContent&) const = default;
 };

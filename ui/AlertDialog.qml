@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Follows `alert`: shows its title, message and buttons while it is shown. A press on a button sends
-// `answered` with its position; Escape does so where there is only one. What was shown stays readable while
-// the dialog fades out.
+// `answered` with its position; so does Escape for the one that leaves things as they are. What was shown stays
+// readable while the dialog fades out.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -14,6 +14,7 @@ Dialog {
     required property alertContent alert
     property string message
     property list<string> actions
+    property int cancelAction: -1
 
     signal answered(int index)
 
@@ -114,10 +115,10 @@ Dialog {
                 text: modelData
                 fill: Theme.yellow
                 ink: Theme.brightInk
-                focus: index === 0
+                focus: index === Math.max(0, dialog.cancelAction)
                 onClicked: dialog.answered(index)
-                Keys.onEscapePressed: if (dialog.actions.length === 1)
-                    dialog.answered(0)
+                Keys.onEscapePressed: if (dialog.cancelAction >= 0)
+                    dialog.answered(dialog.cancelAction)
             }
         }
     }
@@ -129,6 +130,7 @@ Dialog {
         }
         title = alert.title;
         message = alert.message;
+        cancelAction = alert.cancelAction;
         actions = alert.actions;
         open();
     }

@@ -1,22 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DisplayText.h"
 
+#include <algorithm>
 #include <array>
 
 namespace giggle {
 
 namespace {
 
-// All allowed characters are ASCII, so that filtering bytes of UTF-8 filters code points.
-constexpr std::array<bool, 256> allowedBytes()
+// All allowed characters are ASCII, so that filtering bytes of UTF-8, or the code units of a QString, filters
+// code points.
+using CharacterSet = std::array<bool, 256>;
+
+constexpr CharacterSet setOf(std::string_view characters)
 {
-    std::array<bool, 256> allowed{};
-    for (const char c : AllowedDisplayCharacters)
-        allowed[static_cast<unsigned char>(c)] = true;
-    return allowed;
+    CharacterSet set{};
+    for (const char c : characters)
+        set[static_cast<unsigned char>(c)] = true;
+    return set;
 }
 
-constexpr std::array<bool, 256> IsAllowed = allowedBytes();
+constexpr CharacterSet IsDisplayed = setOf(AllowedDisplayCharacters);
+constexpr CharacterSet IsTyped = setOf(AllowedEditCharacters);
+
+bool isIn(const CharacterSet& set, QChar character)
+{
+    return character.unicode() < set.size() && set[character.unicode()];
+}
+
+bool isBlank(QChar character)
+{
+    return character == u'\t' || character.category() == QChar::Separator_Space;
+}
 
 } // namespace
 
@@ -25,9 +40,33 @@ QString filteredForDisplay(std::string_view utf8)
     QByteArray kept;
     kept.reserve(static_cast<qsizetype>(utf8.size()));
     for (const char c : utf8)
-        if (IsAllowed[static_cast<unsigned char>(c)])
+        if (IsDisplayed[static_cast<unsigned char>(c)])
             kept.append(c);
     return QString::fromLatin1(kept);
+}
+
+QString filteredForDisplay(const QString& text)
+{
+    QString kept = text;
+    kept.removeIf([](QChar c) { return !isIn(IsDisplayed, c); });
+    return kept;
+}
+
+bool isAllowedInEditing(const QString& text)
+{
+    return std::ranges::all_of(text, [](QChar c) { return isIn(IsTyped, c); });
+}
+
+QString trimmedOfBlanks(const QString& text)
+{
+    const auto begin = std::ranges::find_if_not(text, isBlank);
+    const auto end = std::find_if_not(text.rbegin(), text.rend(), isBlank).base();
+    return begin < end ? QString(begin, end - begin) : QString();
+}
+
+QString textOrEmpty(OptionalText utf8)
+{
+    return utf8 ? QString::fromUtf8(*utf8) : QString();
 }
 
 } // namespace giggle

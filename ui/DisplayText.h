@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "store/Attribute.h"
+
 #include <QString>
 
 #include <string_view>
@@ -13,7 +15,21 @@ namespace giggle {
 inline constexpr std::string_view AllowedDisplayCharacters =
     ".0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ,;:-=?!@#$%&*()[]{}/<>_+~`\n ";
 
+/// The characters that can be typed while a joke is edited: the same without the line feed.
+inline constexpr std::string_view AllowedEditCharacters =
+    ".0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ,;:-=?!@#$%&*()[]{}/<>_+~` ";
+
 /// The text without every character (code point) that is not allowed in display.
 [[nodiscard]] QString filteredForDisplay(std::string_view utf8);
+[[nodiscard]] QString filteredForDisplay(const QString& text);
+
+/// Whether every character of the text can be typed while a joke is edited.
+[[nodiscard]] bool isAllowedInEditing(const QString& text);
+
+/// The text without the blanks at both ends: tabs and every space separator of Unicode, but no line break.
+[[nodiscard]] QString trimmedOfBlanks(const QString& text);
+
+/// A record's text; an unset one is empty.
+[[nodiscard]] QString textOrEmpty(OptionalText utf8);
 
 } // namespace giggle

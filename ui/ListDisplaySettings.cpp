@@ -23,6 +23,19 @@ constexpr std::array NamedColors{
     NamedColor{u"green", Qt::green}, NamedColor{u"magenta", Qt::magenta}, NamedColor{u"white", Qt::white},
 };
 
+ListDisplaySettings readSettings(const Preferences& userDefaults, QStringView sizeKey, double defaultSize)
+{
+    ListDisplaySettings settings{PreferenceDefaults::ListFontName.toString(), defaultSize,
+                                 PreferenceDefaults::ListFontColor.toString()};
+    if (userDefaults.isPresent(PreferenceKeys::ListFontName))
+        settings.ListFontName = userDefaults.text(PreferenceKeys::ListFontName);
+    if (userDefaults.isPresent(sizeKey))
+        settings.ListFontSize = userDefaults.real(sizeKey);
+    if (userDefaults.isPresent(PreferenceKeys::ListFontColor))
+        settings.ListFontColor = userDefaults.text(PreferenceKeys::ListFontColor);
+    return settings;
+}
+
 } // namespace
 
 std::optional<QColor> colorNamed(const QString& name)
@@ -35,16 +48,12 @@ std::optional<QColor> colorNamed(const QString& name)
 
 ListDisplaySettings ListDisplaySettings::read(const Preferences& userDefaults)
 {
-    ListDisplaySettings settings{PreferenceDefaults::ListFontName.toString(),
-                                 PreferenceDefaults::ListFontSize,
-                                 PreferenceDefaults::ListFontColor.toString()};
-    if (userDefaults.isPresent(PreferenceKeys::ListFontName))
-        settings.ListFontName = userDefaults.text(PreferenceKeys::ListFontName);
-    if (userDefaults.isPresent(PreferenceKeys::ListFontSize))
-        settings.ListFontSize = userDefaults.real(PreferenceKeys::ListFontSize);
-    if (userDefaults.isPresent(PreferenceKeys::ListFontColor))
-        settings.ListFontColor = userDefaults.text(PreferenceKeys::ListFontColor);
-    return settings;
+    return readSettings(userDefaults, PreferenceKeys::ListFontSize, PreferenceDefaults::ListFontSize);
+}
+
+ListDisplaySettings ListDisplaySettings::readForViewer(const Preferences& userDefaults)
+{
+    return readSettings(userDefaults, PreferenceKeys::ViewerFontSize, PreferenceDefaults::ViewerFontSize);
 }
 
 QFont ListDisplaySettings::requiredFont(Fonts& fonts) const

@@ -26,7 +26,10 @@ struct ListDisplaySettings {
     /// What is stored, where something is, otherwise the defaults. A value of a wrong type ends the program.
     [[nodiscard]] static ListDisplaySettings read(const Preferences& userDefaults);
 
-    /// The font of the rows. A name that the system has no font for ends the program.
+    /// The same for a single joke on a page of its own, which has a text size of its own.
+    [[nodiscard]] static ListDisplaySettings readForViewer(const Preferences& userDefaults);
+
+    /// The font of jokes. A name that the system has no font for ends the program.
     [[nodiscard]] QFont requiredFont(Fonts& fonts) const;
 
     /// A joke as its row shows it: filtered, followed by a line feed, centred, in @p font and the chosen

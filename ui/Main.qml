@@ -36,6 +36,10 @@ ApplicationWindow {
     }
 
     Component.onCompleted: navigation.start()
+    onClosing: close => close.accepted = isDiscarding || navigation.mayClose()
+
+    /// The user has agreed to lose what is not saved.
+    property bool isDiscarding: false
 
     Binding {
         target: Theme
@@ -117,6 +121,10 @@ ApplicationWindow {
     Connections {
         target: window.navigation
 
+        function onCloseRequested() {
+            window.isDiscarding = true;
+            window.close();
+        }
         function onPushed(screen, page, animated) {
             window.push(screen, page, animated ? StackView.PushTransition : StackView.Immediate);
         }

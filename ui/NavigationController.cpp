@@ -52,6 +52,36 @@ void NavigationController::start()
 
 void NavigationController::back()
 {
+    if (hasUnsavedChanges())
+        askToDiscard([this] { popTop(); });
+    else
+        popTop();
+}
+
+bool NavigationController::mayClose()
+{
+    if (!hasUnsavedChanges())
+        return true;
+    askToDiscard([this] { emit closeRequested(); });
+    return false;
+}
+
+bool NavigationController::hasUnsavedChanges() const
+{
+    return !m_stack.empty() && m_stack.back().screen->hasUnsavedChanges();
+}
+
+void NavigationController::askToDiscard(std::function<void()> discard)
+{
+    if (m_isAlertShown)
+        return;
+    present({QStringLiteral("Discard Changes?"),
+             QStringLiteral("What you have changed here is not saved."),
+             {{QStringLiteral("Discard"), std::move(discard)}, {QStringLiteral("Keep Editing"), {}, true}}});
+}
+
+void NavigationController::popTop()
+{
     if (m_stack.size() > 1)
         popTo(m_stack.size() - 2);
 }
@@ -124,8 +154,11 @@ AlertContent NavigationController::alert() const
         return {};
     const Alert& alert = m_alerts.front();
     AlertContent content{true, alert.title, alert.message, {}};
-    for (const AlertAction& action : alert.actions)
+    for (const AlertAction& action : alert.actions) {
+        if (action.isCancel || alert.actions.size() == 1)
+            content.cancelAction = static_cast<int>(content.actions.size());
         content.actions.append(action.title);
+    }
     return content;
 }
 

@@ -9,6 +9,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -62,8 +63,12 @@ public:
     /// Opens the root screen; called once by the main window, when it can take pages.
     Q_INVOKABLE void start();
 
-    /// One screen back; at the root nothing happens.
+    /// One screen back; at the root nothing happens. A screen with unsaved changes is left only when the user
+    /// agrees to lose them.
     Q_INVOKABLE void back();
+
+    /// Whether the window may be closed now. If not, the user is asked, and `closeRequested` may follow.
+    Q_INVOKABLE bool mayClose();
 
     /// The page of @p screen has come to rest on top. Safe to call more than once.
     Q_INVOKABLE void pageDidAppear(giggle::Screen* screen);
@@ -87,6 +92,7 @@ signals:
     void depthChanged();
     void alertChanged();
     void noticeChanged();
+    void closeRequested();
 
 private:
     enum class Appearing { No, Underway, Done };
@@ -99,6 +105,9 @@ private:
 
     void push(Scene scene, std::optional<SegueId> openedBy);
     void popTo(std::size_t target);
+    void popTop();
+    [[nodiscard]] bool hasUnsavedChanges() const;
+    void askToDiscard(std::function<void()> discard);
     static void disappear(Entry& entry);
 
     SceneFactory& m_scenes;

@@ -27,6 +27,9 @@ public:
     /// Whether @p route ends at this screen.
     [[nodiscard]] virtual bool isTargetOf([[maybe_unused]] UnwindRoute route) const { return false; }
 
+    /// Whether going back would lose something that the user has typed; the user is then asked first.
+    [[nodiscard]] virtual bool hasUnsavedChanges() const { return false; }
+
     /// @name Life cycle, called by the navigation controller in this order
     /// @{
     virtual void viewDidLoad() {}

@@ -16,6 +16,10 @@ QtObject {
     readonly property color mutedText: dark ? "#aab3b9" : "#565e64"
     /// Borders of fields and dialogs.
     readonly property color line: dark ? "#ffffff" : "#000000"
+    /// Labels of fields that must be filled in.
+    readonly property color requiredText: dark ? "#ff8a80" : "#b00000"
+    /// Names that are chosen.
+    readonly property color accentText: dark ? "#9cc2ff" : "#0026a6"
     readonly property color focus: dark ? "#9cc2ff" : "#0a52c4"
 
     // The same in both styles.

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+// Takes a new joke.
+import GiggleArchives
+
+JokeEditorPage {
+    required property AddJokeViewController screen
+
+    editor: screen
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// Shows a joke and changes it: above the fields the favourite mark and the tools.
+import QtQuick
+import QtQuick.Layouts
+import GiggleArchives
+
+JokeEditorPage {
+    id: page
+
+    required property EditJokeViewController screen
+
+    editor: screen
+
+    component ToolButton: IconButton {
+        Layout.preferredWidth: 1.25 * Theme.touchTarget
+        fill: Theme.yellow
+    }
+
+    tools: Flow {
+        width: parent.width
+        spacing: Theme.unit
+
+        VaneCheckbox {
+            id: favorite
+
+            objectName: "CheckBox"
+            name: qsTr("Favorite")
+            checkState: page.screen.CheckBox === "Checked" ? Qt.Checked : Qt.Unchecked
+            onClicked: page.screen.CheckBoxChecked(checked ? "Checked" : "Unchecked")
+        }
+        ToolButton {
+            objectName: "DecreaseFontSizeButton"
+            text: qsTr("Smaller text")
+            iconSource: Theme.icon("smaller", false)
+            onClicked: page.screen.DecreaseFontSize()
+        }
+        ToolButton {
+            objectName: "IncreaseFontSizeButton"
+            text: qsTr("Larger text")
+            iconSource: Theme.icon("larger", false)
+            onClicked: page.screen.IncreaseFontSize()
+        }
+        ToolButton {
+            objectName: "ShareButton"
+            text: qsTr("Share")
+            iconSource: Theme.icon("share", false)
+            enabled: false
+        }
+        ToolButton {
+            objectName: "PrintButton"
+            text: qsTr("Print")
+            iconSource: Theme.icon("print", false)
+            enabled: false
+        }
+    }
+    jokeView {
+        fill: Theme.teal
+        ink: screen.hasTextColor ? screen.textColor : Theme.brightInk
+        horizontalAlignment: TextEdit.AlignHCenter
+        textFont.family: screen.textFont.family
+        textFont.pixelSize: Math.max(1, screen.textFont.pixelSize * Theme.textScale)
+    }
+}

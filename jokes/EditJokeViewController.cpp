@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "jokes/EditJokeViewController.h"
+
+#include "platform/Platform.h"
+#include "store/ManagedObjectContext.h"
+#include "store/PreferenceKeys.h"
+#include "store/Preferences.h"
+#include "ui/DisplayText.h"
+#include "ui/MainQueue.h"
+#include "ui/SharedSelection.h"
+#include "ui/StoreCalls.h"
+
+#include <QPointer>
+
+namespace giggle {
+
+namespace {
+
+constexpr std::chrono::seconds ReviewDelay{5};
+
+QString checkedName()
+{
+    return QStringLiteral("Checked");
+}
+
+QString uncheckedName()
+{
+    return QStringLiteral("Unchecked");
+}
+
+} // namespace
+
+EditJokeViewController::EditJokeViewController(ScreenEnvironment& environment)
+    : JokeEditor(environment), m_reviewService(environment.userDefaults, environment.platform.storeReview),
+      m_checkBox(uncheckedName())
+{
+}
+
+void EditJokeViewController::viewDidLoad()
+{
+    FetchRequest<Category> categories = Category::fetchRequest();
+    categories.sortDescriptors = {{"category"}};
+    loadLists(categories, Duplicates::Dropped);
+    showSelection();
+    requestReviewLater();
+}
+
+void EditJokeViewController::showSelection()
+{
+    const SharedSelection& selection = environment().selection;
+    setCategoryTextField(selection.SelectedCategory);
+    setRatingTextField(selection.SelectedRating);
+    if (!selection.SelectedFavorite.isEmpty())
+        CheckBoxChecked(selection.SelectedFavorite == QLatin1StringView("T") ? checkedName()
+                                                                             : uncheckedName());
+    m_displaySettings = ListDisplaySettings::readForViewer(environment().userDefaults);
+    m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
+    const QString joke = filteredForDisplay(selection.SelectedJokeText);
+    m_hasDisplayLineFeed = !joke.isEmpty();
+    if (m_hasDisplayLineFeed)
+        setJokeTextView(joke + u'\n');
+    markAsSaved();
+}
+
+void EditJokeViewController::requestReviewLater()
+{
+    environment().mainQueue.asyncAfter(ReviewDelay, [self = QPointer(this)] {
+        if (self)
+            self->m_reviewService.requestReviewIfDue();
+    });
+}
+
+bool EditJokeViewController::shouldChangeText(const QString& replacement) const
+{
+    return isAllowedInEditing(replacement);
+}
+
+bool EditJokeViewController::hasTextColor() const
+{
+    return colorNamed(m_displaySettings.ListFontColor).has_value();
+}
+
+QColor EditJokeViewController::textColor() const
+{
+    return colorNamed(m_displaySettings.ListFontColor).value_or(QColor());
+}
+
+void EditJokeViewController::CheckBoxChecked(const QString& stateName)
+{
+    if (stateName == m_checkBox)
+        return;
+    m_checkBox = stateName;
+    emit checkBoxChanged();
+}
+
+void EditJokeViewController::IncreaseFontSize()
+{
+    changeFontSize(1);
+}
+
+void EditJokeViewController::DecreaseFontSize()
+{
+    changeFontSize(-1);
+}
+
+void EditJokeViewController::changeFontSize(double difference)
+{
+    m_displaySettings.ListFontSize += difference;
+    m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
+    emit textFontChanged();
+    Preferences& userDefaults = environment().userDefaults;
+    userDefaults.setReal(PreferenceKeys::ViewerFontSize, m_displaySettings.ListFontSize);
+    userDefaults.synchronize();
+}
+
+QString EditJokeViewController::enteredJoke() const
+{
+    QString joke = jokeTextView();
+    if (m_hasDisplayLineFeed && joke.endsWith(u'\n'))
+        joke.chop(1);
+    return joke;
+}
+
+void EditJokeViewController::SaveButtonClicked()
+{
+    if (!validate(enteredJoke(), QStringLiteral("Joke Not Saved"),
+                  QStringLiteral("Required Fields Labeled in RED Not Entered")))
+        return;
+    FetchRequest<Jokes> request = Jokes::fetchRequest();
+    request.predicate = Predicate<Jokes>("joke = %@", environment().selection.SelectedJokeText.toStdString());
+    // When the fetch fails, what an earlier save found counts on.
+    loggingFailure([&] { m_results = viewContext().fetch(request); });
+    if (m_results.empty())
+        return;
+    updateRecord(*m_results.front());
+    saveContext();
+    goBack();
+}
+
+void EditJokeViewController::updateRecord(Jokes& joke) const
+{
+    joke.setCategory(trimmedOfBlanks(categoryTextField()).toStdString());
+    joke.setJoke(filteredForDisplay(enteredJoke()).toStdString());
+    joke.setFavorite(m_checkBox == checkedName());
+    if (!ratingTextField().isEmpty())
+        joke.setRating(ratingTextField().toStdString());
+}
+
+bool EditJokeViewController::hasUnsavedChanges() const
+{
+    return JokeEditor::hasUnsavedChanges() || m_checkBox != m_savedCheckBox;
+}
+
+void EditJokeViewController::markAsSaved()
+{
+    JokeEditor::markAsSaved();
+    m_savedCheckBox = m_checkBox;
+}
+
+void EditJokeViewController::goBack()
+{
+    const QString& callingScreen = environment().selection.CallingScreen;
+    if (callingScreen == QLatin1StringView("MainList"))
+        environment().navigator.unwind(UnwindRoute::ToList);
+    else if (callingScreen == QLatin1StringView("CategoryBreakdown"))
+        environment().navigator.unwind(UnwindRoute::ToCategoryBreakdown);
+    else if (callingScreen == QLatin1StringView("RatingBreakdown"))
+        environment().navigator.unwind(UnwindRoute::ToRatingBreakdown);
+}
+
+} // namespace giggle

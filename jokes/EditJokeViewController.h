@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "jokes/JokeEditor.h"
+#include "shell/ReviewService.h"
+#include "ui/ListDisplaySettings.h"
+
+#include <QColor>
+#include <QFont>
+
+namespace giggle {
+
+/// The screen that shows the joke chosen in a list and changes it. The record is found again by its text.
+/// After a save it goes back to the joke list or to a breakdown, whichever opened it; opened from elsewhere
+/// it stays.
+///
+/// The text view shows the joke less the characters that are not displayed, and a line feed behind it that a
+/// save takes off again.
+class EditJokeViewController : public giggle::JokeEditor {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The storyboard makes the screens.")
+    Q_PROPERTY(QString CheckBox READ checkBox NOTIFY checkBoxChanged)
+    Q_PROPERTY(QFont textFont READ textFont NOTIFY textFontChanged)
+    Q_PROPERTY(bool hasTextColor READ hasTextColor CONSTANT)
+    Q_PROPERTY(QColor textColor READ textColor CONSTANT)
+
+public:
+    explicit EditJokeViewController(ScreenEnvironment& environment);
+
+    [[nodiscard]] QString title() const override { return QStringLiteral("Edit Joke"); }
+
+    [[nodiscard]] bool hasUnsavedChanges() const override;
+
+    void viewDidLoad() override;
+
+    /// Refuses whatever holds a character that cannot be typed here, a line feed included.
+    bool shouldChangeText(const QString& replacement) const override;
+
+    /// The name of the check box's state: "Checked" for a favourite.
+    [[nodiscard]] const QString& checkBox() const { return m_checkBox; }
+
+    /// The font of the joke, which ends the program where the system has none of its name, and the colour
+    /// where the user's choice names one.
+    [[nodiscard]] const QFont& textFont() const { return m_textFont; }
+
+    [[nodiscard]] bool hasTextColor() const;
+    [[nodiscard]] QColor textColor() const;
+
+public slots:
+    /// The check box was tapped, and is in the state of that name now.
+    void CheckBoxChecked(const QString& stateName);
+
+    /// One point larger or smaller, without limits; stored at once. A size below 1 is drawn as 1.
+    void IncreaseFontSize();
+    void DecreaseFontSize();
+
+    /// Changes the first joke that has the chosen text. Without a category or a text it says so instead;
+    /// where no joke has the text any more nothing happens. A failed save is logged, and the change waits for
+    /// the next save.
+    void SaveButtonClicked() override;
+
+signals:
+    void checkBoxChanged();
+    void textFontChanged();
+
+protected:
+    void markAsSaved() override;
+
+private:
+    void showSelection();
+    void requestReviewLater();
+    void changeFontSize(double difference);
+
+    /// The text view's text without the line feed that was put behind it for display.
+    [[nodiscard]] QString enteredJoke() const;
+    void updateRecord(Jokes& joke) const;
+    void goBack();
+
+    ReviewService m_reviewService;
+    ListDisplaySettings m_displaySettings;
+    QFont m_textFont;
+    QString m_checkBox;
+    QString m_savedCheckBox;
+    bool m_hasDisplayLineFeed = false;
+    std::vector<Jokes*> m_results; // what the last save found
+};
+
+} // namespace giggle

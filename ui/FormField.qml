@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// A labelled field of one line. `edited` tells of every new text, typed, pasted, picked or set by a screen
+// reader; `text` is bound by the owner and follows what that holds.
+import QtQuick
+import QtQuick.Controls.Basic
+import GiggleArchives
+
+FocusScope {
+    id: control
+
+    required property string name
+    property string text
+    property bool isRequired: false
+    property bool readOnly: false
+    property color borderColor: Theme.line
+    /// Room at the field's right end that the text leaves free.
+    property real ornamentWidth: 0
+    readonly property Item inputItem: input
+    /// The field without its label.
+    readonly property rect inputArea: Qt.rect(input.x, input.y, input.width, input.height)
+
+    signal edited(string text)
+    signal accepted
+    signal pressed
+
+    implicitWidth: 200
+    implicitHeight: input.y + input.height
+
+    FieldLabel {
+        id: label
+
+        width: parent.width
+        text: control.name
+        isRequired: control.isRequired
+    }
+    TextField {
+        id: input
+
+        y: label.height + Theme.unit / 2
+        width: parent.width
+        height: Math.max(Theme.touchTarget, contentHeight + 2 * Theme.unit)
+        focus: true
+        leftPadding: Theme.unit
+        rightPadding: Theme.unit + control.ornamentWidth
+        text: control.text
+        readOnly: control.readOnly
+        color: Theme.text
+        font.pixelSize: Theme.bodySize
+        selectByMouse: true
+        Accessible.name: control.name
+        Accessible.readOnly: control.readOnly
+        Accessible.onPressAction: if (enabled) control.pressed()
+        onTextChanged: control.edited(text)
+        onAccepted: control.accepted()
+        onPressed: control.pressed()
+
+        background: Rectangle {
+            radius: Theme.fieldRadius
+            color: Theme.surface
+            border.width: 1
+            border.color: control.borderColor
+
+            FocusRing {
+                radius: Theme.fieldRadius + 3
+                visible: input.activeFocus
+            }
+        }
+    }
+}

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+// The wheel of names at the bottom of a page, shown for one field at a time. The field keeps the keyboard. The
+// name in the middle is the field's when it is marked; turning the wheel or pressing a name picks it. "Done" puts
+// the sheet away.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import GiggleArchives
+
+Rectangle {
+    id: sheet
+
+    /// The field that is being filled in, or none, and the names for it: texts.
+    property FormField field: null
+    property var choices: []
+    readonly property int rowHeight: Math.max(Theme.touchTarget, Theme.bodySize + 2 * Theme.unit)
+    property real maximumHeight: 300
+
+    /// A name was picked for the field.
+    signal picked(int row)
+
+    visible: field !== null
+    height: visible ? Math.min(implicitHeight, maximumHeight) : 0
+    implicitHeight: bar.height + 5 * rowHeight
+    color: Theme.surface
+
+    // Presses beside the names must not reach the page below.
+    MouseArea {
+        anchors.fill: parent
+    }
+    Rectangle {
+        width: parent.width
+        height: 1
+        color: Theme.line
+    }
+    Item {
+        id: bar
+
+        width: parent.width
+        height: done.height + Theme.unit
+
+        Text {
+            anchors.left: parent.left
+            anchors.right: done.left
+            anchors.margins: 2 * Theme.unit
+            anchors.verticalCenter: parent.verticalCenter
+            text: sheet.field?.name ?? ""
+            textFormat: Text.PlainText
+            color: Theme.text
+            font.pixelSize: Theme.bodySize
+            elide: Text.ElideRight
+        }
+        AppButton {
+            id: done
+
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.unit
+            anchors.verticalCenter: parent.verticalCenter
+            text: qsTr("Done")
+            fill: Theme.yellow
+            ink: Theme.brightInk
+            focusPolicy: Qt.NoFocus // the field keeps it; Enter and Escape do the same
+            onClicked: sheet.field = null
+        }
+    }
+    Rectangle {
+        anchors.centerIn: wheel
+        width: Math.min(wheel.width - 2 * Theme.unit, Theme.readableWidth / 2 * Theme.textScale)
+        height: sheet.rowHeight
+        radius: Theme.fieldRadius
+        color: "transparent"
+        border.width: 1
+        border.color: Theme.mutedText
+        visible: wheel.count > 0
+    }
+    ListView {
+        id: wheel
+
+        anchors.top: bar.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        clip: true
+        model: sheet.choices
+        snapMode: ListView.SnapToItem
+        highlightRangeMode: ListView.StrictlyEnforceRange
+        preferredHighlightBegin: (height - sheet.rowHeight) / 2
+        preferredHighlightEnd: preferredHighlightBegin + sheet.rowHeight
+        highlightMoveDuration: 0
+        Accessible.role: Accessible.List
+        Accessible.name: sheet.field ? qsTr("%1 choices").arg(sheet.field.name) : ""
+        onMovementEnded: sheet.picked(currentIndex)
+
+        /// Turns to the field's name, where it is one of the choices.
+        function showChoice() {
+            const chosen = sheet.choices.indexOf(sheet.field?.text ?? "");
+            if (chosen >= 0)
+                currentIndex = chosen;
+        }
+
+        delegate: Text {
+            id: choice
+
+            required property int index
+            required property string modelData
+            readonly property bool isPicked: modelData === (sheet.field?.text ?? "")
+
+            width: wheel.width
+            height: sheet.rowHeight
+            text: modelData
+            textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            leftPadding: 3 * Theme.unit
+            rightPadding: 3 * Theme.unit
+            elide: Text.ElideRight
+            color: isPicked ? Theme.accentText : Theme.text
+            opacity: 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
+            font.bold: true
+            font.pixelSize: Theme.bodySize
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData
+            Accessible.selectable: true
+            Accessible.selected: isPicked
+            Accessible.onPressAction: sheet.picked(index)
+
+            MouseArea {
+                anchors.fill: parent
+                onClicked: sheet.picked(choice.index)
+            }
+        }
+    }
+    Text {
+        anchors.fill: wheel
+        anchors.margins: 2 * Theme.unit
+        visible: wheel.count === 0
+        text: qsTr("There are no names to pick from yet. Type one.")
+        color: Theme.mutedText
+        font.pixelSize: Theme.bodySize
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+    }
+    /// Shows the names for a field, with the field's own in the middle.
+    function show(newField: FormField, names: var) {
+        field = newField;
+        choices = names;
+        wheel.showChoice();
+    }
+
+    Connections {
+        target: sheet.field
+
+        function onTextChanged() {
+            wheel.showChoice();
+        }
+    }
+
+}

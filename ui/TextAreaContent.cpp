@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "ui/TextAreaContent.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QQuickTextDocument>
+#include <QTextDocument>
+
+namespace giggle {
+
+namespace {
+
+bool isReturn(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool isTabulator(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
+/// What a key would insert; empty for a key that inserts nothing.
+QString insertedBy(const QKeyEvent& event)
+{
+    if (event.matches(QKeySequence::Paste))
+        return QGuiApplication::clipboard()->text();
+    if (event.modifiers().testFlag(Qt::ControlModifier) || isTabulator(event))
+        return {};
+    if (isReturn(event))
+        return QStringLiteral("\n");
+    const QString text = event.text();
+    return !text.isEmpty() && (text.front().isPrint() || text.front().isSurrogate()) ? text : QString();
+}
+
+} // namespace
+
+void TextAreaContent::setTextArea(QQuickItem* textArea)
+{
+    if (textArea == m_textArea)
+        return;
+    m_textArea = textArea;
+    if (textArea) {
+        textArea->installEventFilter(this);
+        connect(textArea, SIGNAL(textChanged()), this, SIGNAL(textChanged()));
+        setText(m_textToBe);
+    }
+    emit textAreaChanged();
+}
+
+QTextDocument* TextAreaContent::document() const
+{
+    if (!m_textArea)
+        return nullptr;
+    const auto* holder = m_textArea->property("textDocument").value<QQuickTextDocument*>();
+    return holder ? holder->textDocument() : nullptr;
+}
+
+QString TextAreaContent::text() const
+{
+    const QTextDocument* contents = document();
+    return contents ? contents->toRawText().replace(QChar::ParagraphSeparator, u'\n') : m_textToBe;
+}
+
+void TextAreaContent::setText(const QString& text)
+{
+    m_textToBe = text;
+    if (m_textArea && text != this->text())
+        m_textArea->setProperty("text", text);
+}
+
+void TextAreaContent::setShouldChange(const QJSValue& function)
+{
+    m_shouldChange = function;
+    emit shouldChangeChanged();
+}
+
+bool TextAreaContent::accepts(const QString& replacement) const
+{
+    if (replacement.isEmpty() || !m_shouldChange.isCallable())
+        return true;
+    return m_shouldChange.call({QJSValue(replacement)}).toBool();
+}
+
+bool TextAreaContent::filterKey(const QKeyEvent& event)
+{
+    if (!accepts(insertedBy(event)))
+        return true;
+    if (!isReturn(event) || !event.modifiers().testFlag(Qt::ShiftModifier))
+        return false;
+    // A line separator, which the key would insert with Shift, is no line break to anybody else.
+    QKeyEvent plainReturn(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    QCoreApplication::sendEvent(m_textArea, &plainReturn);
+    return true;
+}
+
+bool TextAreaContent::filterInputMethod(const QInputMethodEvent& event)
+{
+    if (accepts(event.commitString()))
+        return false;
+    QInputMethodEvent withdrawal;
+    QCoreApplication::sendEvent(m_textArea, &withdrawal);
+    return true;
+}
+
+bool TextAreaContent::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return filterKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::InputMethod:
+        return filterInputMethod(*static_cast<QInputMethodEvent*>(event));
+    case QEvent::MouseButtonRelease:
+        // The middle button pastes what is selected elsewhere.
+        return static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton &&
+               !accepts(QGuiApplication::clipboard()->text(QClipboard::Selection));
+    default:
+        return QObject::eventFilter(watched, event);
+    }
+}
+
+} // namespace giggle

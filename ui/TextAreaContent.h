@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QJSValue>
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+class QInputMethodEvent;
+class QKeyEvent;
+class QTextDocument;
+
+namespace giggle {
+
+/// The text of a TextArea as it is, to the last code point, and the say over what is typed or pasted into it.
+///
+/// A TextArea's own `text` turns no-break spaces into blanks and line separators into line feeds; what a
+/// joke keeps must not be decided there.
+class TextAreaContent : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QQuickItem* textArea READ textArea WRITE setTextArea NOTIFY textAreaChanged REQUIRED)
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    Q_PROPERTY(QJSValue shouldChange READ shouldChange WRITE setShouldChange NOTIFY shouldChangeChanged)
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] QQuickItem* textArea() const { return m_textArea; }
+
+    void setTextArea(QQuickItem* textArea);
+
+    /// Line breaks are line feeds.
+    [[nodiscard]] QString text() const;
+
+    /// Setting another text than is there moves the cursor to the beginning.
+    void setText(const QString& text);
+
+    /// A function that is given a replacement and says whether it may be typed or pasted. Anything else refuses
+    /// nothing.
+    [[nodiscard]] QJSValue shouldChange() const { return m_shouldChange; }
+
+    void setShouldChange(const QJSValue& function);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    void textAreaChanged();
+    void textChanged();
+    void shouldChangeChanged();
+
+private:
+    [[nodiscard]] QTextDocument* document() const;
+
+    [[nodiscard]] bool accepts(const QString& replacement) const;
+    bool filterKey(const QKeyEvent& event);
+    bool filterInputMethod(const QInputMethodEvent& event);
+
+    QPointer<QQuickItem> m_textArea;
+    QJSValue m_shouldChange;
+    QString m_textToBe; // until there is a TextArea
+};
+
+} // namespace giggle
