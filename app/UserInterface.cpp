@@ -30,7 +30,8 @@ void bringToFront(QWindow& window)
 UserInterface::UserInterface(AppDelegate& appDelegate, Preferences& userDefaults, Platform platform)
     : m_platform(platform), m_navigation(m_storyboard), m_environment{appDelegate,  userDefaults, m_selection,
                                                                       m_navigation, m_mainQueue,  m_platform},
-      m_appearance(platform.interfaceStyle)
+      m_appearance(platform.interfaceStyle),
+      m_reviewInvitation(platform.storeReview, platform.addressOpener, m_navigation)
 {
     m_storyboard.setEnvironment(m_environment);
 }
@@ -39,8 +40,10 @@ QQuickWindow& UserInterface::load()
 {
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_engine.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
-                                   {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)}});
+    m_engine.setInitialProperties(
+        {{QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
+         {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
+         {QStringLiteral("reviewInvitation"), QVariant::fromValue(&m_reviewInvitation)}});
     m_engine.load(MainPage);
     auto* window = m_engine.rootObjects().isEmpty()
                        ? nullptr

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "ui/Appearance.h"
 #include "ui/NavigationController.h"
+#include "ui/ReviewInvitation.h"
 #include "ui/ScreenEnvironment.h"
 #include "ui/SharedSelection.h"
 #include "ui/TimerMainQueue.h"
@@ -38,6 +39,7 @@ private:
     NavigationController m_navigation;
     ScreenEnvironment m_environment;
     Appearance m_appearance;
+    ReviewInvitation m_reviewInvitation;
     QQmlApplicationEngine m_engine;
 };
 

@@ -2,8 +2,10 @@
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
+#include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/DesktopNotification.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/StoragePlaces.h"
@@ -77,7 +79,10 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation)
     PortalInterfaceStyle interfaceStyle;
     LinuxFonts fonts;
     BundleResources resources;
-    UserInterface interface(appDelegate, userDefaults, {interfaceStyle, fonts, resources, windowActivation});
+    LinuxStoreReview storeReview;
+    DesktopAddressOpener addressOpener;
+    UserInterface interface(appDelegate, userDefaults,
+                            {interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener});
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));

@@ -3,7 +3,9 @@
 
 #include "app/UserInterface.h"
 #include "platform/linux/BundleResources.h"
+#include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
 #include "store/AppDelegate.h"
@@ -42,6 +44,8 @@ private:
     LinuxFonts m_fonts;
     BundleResources m_resources;
     SingleInstance m_windowActivation;
+    LinuxStoreReview m_storeReview;
+    DesktopAddressOpener m_addressOpener;
     UserInterface m_interface;
     QQuickWindow* m_window = nullptr;
 };

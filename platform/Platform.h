@@ -3,9 +3,11 @@
 
 namespace giggle {
 
+class AddressOpener;
 class Fonts;
 class InterfaceStyle;
 class Resources;
+class StoreReview;
 class WindowActivation;
 
 /// What the application asks of the system, handed to the screens as one value. It owns nothing: whoever puts
@@ -15,6 +17,8 @@ struct Platform {
     Fonts& fonts;
     Resources& resources;
     WindowActivation& windowActivation;
+    StoreReview& storeReview;
+    AddressOpener& addressOpener;
 };
 
 } // namespace giggle

@@ -10,6 +10,7 @@ ApplicationWindow {
 
     required property NavigationController navigation
     required property Appearance appearance
+    required property ReviewInvitation reviewInvitation
 
     title: qsTr("Giggle Archives")
     width: 420
@@ -73,7 +74,7 @@ ApplicationWindow {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.bottom: notice.visible ? notice.top : parent.bottom
+        anchors.bottom: notices.top
         focus: true
         enabled: !window.navigation.alert.shown // for clients that press what lies behind the alert, too
         Accessible.name: window.title
@@ -96,17 +97,38 @@ ApplicationWindow {
         }
     }
 
-    NoticeBar {
-        id: notice
+    Column {
+        id: notices
 
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        maximumHeight: window.height / 3
-        text: window.navigation.notice
-        onDismissed: {
-            window.navigation.dismissNotice();
-            window.focusPage();
+
+        NoticeBar {
+            id: notice
+
+            width: parent.width
+            maximumHeight: window.height / 3
+            text: window.navigation.notice
+            onDismissed: {
+                window.navigation.dismissNotice();
+                window.focusPage();
+            }
+        }
+        // It waits behind a notice: both together would leave little room for the page.
+        NoticeBar {
+            width: parent.width
+            maximumHeight: window.height / 3
+            text: window.reviewInvitation.shown && !notice.visible ? qsTr("Do you enjoy Giggle Archives?") : ""
+            actionText: qsTr("Rate")
+            onActed: {
+                window.reviewInvitation.rate();
+                window.focusPage();
+            }
+            onDismissed: {
+                window.reviewInvitation.dismiss();
+                window.focusPage();
+            }
         }
     }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A message at the bottom of the window that stays until it is dismissed and keeps nobody from working on. It
+// A message at the bottom of the window that stays until it is answered and keeps nobody from working on. It
 // is there while its text is not empty.
 import QtQuick
 import QtQuick.Controls.Basic
@@ -9,16 +9,19 @@ Rectangle {
     id: bar
 
     property string text
+    /// What can be done about it, if anything, besides dismissing it.
+    property string actionText
     /// A longer text scrolls.
     property real maximumHeight: 200
 
-    /// The button then stands below the text.
-    readonly property bool isNarrow: width < 24 * Theme.smallSize
+    /// The buttons then stand below the text.
+    readonly property bool isNarrow: width - buttons.width < 10 * Theme.smallSize + 4 * Theme.unit
 
+    signal acted
     signal dismissed
 
     visible: text.length > 0
-    implicitHeight: Math.max(scroller.y + scroller.height, dismiss.y + dismiss.height) + Theme.unit
+    implicitHeight: Math.max(scroller.y + scroller.height, buttons.y + buttons.height) + Theme.unit
     color: Theme.surface
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
@@ -33,7 +36,7 @@ Rectangle {
 
         x: 2 * Theme.unit
         y: Theme.unit
-        width: (bar.isNarrow ? parent.width - Theme.unit : dismiss.x) - x - Theme.unit
+        width: (bar.isNarrow ? parent.width - Theme.unit : buttons.x) - x - Theme.unit
         height: Math.min(label.implicitHeight, bar.maximumHeight)
         contentHeight: label.implicitHeight
         clip: true
@@ -54,12 +57,21 @@ Rectangle {
             wrapMode: Text.Wrap
         }
     }
-    AppButton {
-        id: dismiss
+    Row {
+        id: buttons
 
         x: parent.width - width - Theme.unit
         y: bar.isNarrow ? scroller.y + scroller.height + Theme.unit : Theme.unit
-        text: qsTr("Dismiss")
-        onClicked: bar.dismissed()
+        spacing: Theme.unit
+
+        AppButton {
+            visible: bar.actionText.length > 0
+            text: bar.actionText
+            onClicked: bar.acted()
+        }
+        AppButton {
+            text: qsTr("Dismiss")
+            onClicked: bar.dismissed()
+        }
     }
 }

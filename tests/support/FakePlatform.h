@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/AddressOpener.h"
 #include "platform/Fonts.h"
 #include "platform/InterfaceStyle.h"
 #include "platform/Platform.h"
 #include "platform/Resources.h"
+#include "platform/StoreReview.h"
 #include "platform/WindowActivation.h"
 
 #include <QMap>
 #include <QStringList>
+#include <QUrl>
+
+#include <optional>
 
 namespace giggle {
 
@@ -60,13 +65,52 @@ public:
     FakeWindowActivation() = default;
 };
 
+/// Grants every request, and leaves it to the window to show the invitation.
+class FakeStoreReview : public StoreReview {
+public:
+    FakeStoreReview() = default;
+
+    [[nodiscard]] int systemMajorVersion() const override { return majorVersion; }
+
+    [[nodiscard]] std::vector<Scene> connectedScenes() const override { return scenes; }
+
+    void requestReview() override { grant(std::nullopt); }
+
+    void requestReviewInScene(const Scene& scene) override { grant(scene.identifier); }
+
+    int majorVersion = 14;
+    std::vector<Scene> scenes{{.identifier = 1, .activationState = ActivationState::ForegroundActive}};
+    std::vector<std::optional<int>> requests; ///< The scene that each request named, if it named one.
+
+private:
+    void grant(std::optional<int> scene)
+    {
+        requests.push_back(scene);
+        emit invitationRequested();
+    }
+};
+
+class FakeAddressOpener : public AddressOpener {
+public:
+    [[nodiscard]] bool open(const QUrl& address) override
+    {
+        opened.append(address);
+        return canOpen;
+    }
+
+    bool canOpen = true;
+    QList<QUrl> opened;
+};
+
 /// A system that does what a test tells it.
 struct FakePlatform {
     FakeInterfaceStyle interfaceStyle;
     FakeFonts fonts;
     FakeResources resources;
     FakeWindowActivation windowActivation;
-    Platform platform{interfaceStyle, fonts, resources, windowActivation};
+    FakeStoreReview storeReview;
+    FakeAddressOpener addressOpener;
+    Platform platform{interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener};
 };
 
 } // namespace giggle

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxStoreReview.h"
+
+#include <QGuiApplication>
+
+namespace giggle {
+
+namespace {
+
+// Not the kernel's: the first that a request can name a scene on.
+constexpr int VersionWithRequestsInScenes = 14;
+
+StoreReview::ActivationState activationState()
+{
+    switch (QGuiApplication::applicationState()) {
+    case Qt::ApplicationActive:
+        return StoreReview::ActivationState::ForegroundActive;
+    case Qt::ApplicationInactive:
+        return StoreReview::ActivationState::ForegroundInactive;
+    case Qt::ApplicationHidden:
+    case Qt::ApplicationSuspended:
+        break;
+    }
+    return StoreReview::ActivationState::Background;
+}
+
+} // namespace
+
+int LinuxStoreReview::systemMajorVersion() const
+{
+    return VersionWithRequestsInScenes;
+}
+
+std::vector<StoreReview::Scene> LinuxStoreReview::connectedScenes() const
+{
+    return {{.activationState = activationState()}};
+}
+
+void LinuxStoreReview::requestReview()
+{
+    emit invitationRequested();
+}
+
+void LinuxStoreReview::requestReviewInScene(const Scene&)
+{
+    emit invitationRequested();
+}
+
+} // namespace giggle

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "shell/ReviewService.h"
+
+#include "store/PreferenceKeys.h"
+#include "store/Preferences.h"
+#include "tests/support/CollectionFolder.h"
+#include "tests/support/FakePlatform.h"
+
+#include <csignal>
+#include <ctime>
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+constexpr std::nullopt_t WithoutScene = std::nullopt;
+
+class ReviewServiceTest : public testing::Test {
+protected:
+    ReviewServiceTest()
+    {
+        // On Sunday, 29 March, clocks are put forward.
+        qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+        ::tzset();
+    }
+
+    ~ReviewServiceTest() override
+    {
+        qunsetenv("TZ");
+        ::tzset();
+    }
+
+    [[nodiscard]] QString preferenceFile() const
+    {
+        return folder.filePath(QStringLiteral("preferences.json"));
+    }
+
+    CollectionFolder folder;
+    FakeStoreReview store;
+    Preferences defaults{preferenceFile()};
+    QDateTime now = utc("2026-11-21T10:00:00Z");
+    ReviewService service{defaults, store, [this] { return now; }};
+
+    static QDateTime utc(const char* text)
+    {
+        return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
+    }
+};
+
+TEST_F(ReviewServiceTest, AsksOnceInSevenDaysOfTheCalendar)
+{
+    struct Case {
+        const char* what;
+        const char* last;
+        const char* now;
+        bool isDue;
+    };
+
+    for (const Case& c :
+         {Case{"never asked", nullptr, "2026-11-21T10:00:00Z", true},
+          Case{"a moment ago", "2026-11-21T10:00:00Z", "2026-11-21T10:00:01Z", false},
+          Case{"just less", "2026-11-14T10:00:01Z", "2026-11-21T10:00:00Z", false},
+          Case{"exactly", "2026-11-14T10:00:00Z", "2026-11-21T10:00:00Z", false},
+          Case{"just more", "2026-11-14T09:59:59Z", "2026-11-21T10:00:00Z", true},
+          Case{"to come", "2027-01-01T00:00:00Z", "2026-11-21T10:00:00Z", false},
+          Case{"167 hours, clocks put forward", "2026-03-25T10:30:00Z", "2026-04-01T10:00:00Z", true}}) {
+        SCOPED_TRACE(c.what);
+        const std::optional<QDateTime> last = c.last ? std::optional(utc(c.last)) : std::nullopt;
+        service.setLastRequest(last);
+        store.requests.clear();
+        now = utc(c.now);
+        service.requestReviewIfDue();
+        EXPECT_EQ(store.requests.size(), c.isDue ? 1U : 0U);
+        EXPECT_EQ(Preferences(preferenceFile()).date(PreferenceKeys::ReviewServiceLastRequest),
+                  c.isDue ? now : last);
+    }
+}
+
+TEST_F(ReviewServiceTest, AValueThatIsNoDateCountsAsNeverAsked)
+{
+    defaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("2026-11-21T09:00:00Z"));
+    service.requestReviewIfDue();
+    EXPECT_EQ(store.requests.size(), 1U);
+    EXPECT_EQ(service.lastRequest(), now);
+}
+
+TEST_F(ReviewServiceTest, TheRequestSuitsTheSystemAndTheMomentIsRememberedAnyway)
+{
+    using enum StoreReview::ActivationState;
+    const std::vector<StoreReview::Scene> none;
+    const std::vector<StoreReview::Scene> behind{{1, ForegroundInactive}, {2, Background}};
+    const std::vector<StoreReview::Scene> inFront{
+        {1, Background}, {2, ForegroundActive}, {3, ForegroundActive}};
+    const std::vector<StoreReview::Scene> noWindow{{1, ForegroundActive, false}, {2, ForegroundActive}};
+
+    struct Case {
+        int version;
+        std::vector<StoreReview::Scene> scenes;
+        std::vector<std::optional<int>> requests; ///< The scene that each names.
+    };
+
+    for (const Case& c :
+         {Case{12, none, {WithoutScene}}, Case{13, none, {}}, Case{13, behind, {}},
+          Case{13, inFront, {WithoutScene}}, Case{13, noWindow, {}}, Case{14, none, {}}, Case{14, behind, {}},
+          Case{14, inFront, {2}}, Case{14, noWindow, {}}, Case{15, inFront, {2}}}) {
+        SCOPED_TRACE(testing::Message() << "version " << c.version << ", " << c.scenes.size() << " scenes");
+        service.setLastRequest(std::nullopt);
+        store.requests.clear();
+        store.majorVersion = c.version;
+        store.scenes = c.scenes;
+        service.requestReviewIfDue();
+        EXPECT_EQ(store.requests, c.requests);
+        EXPECT_EQ(service.lastRequest(), now);
+    }
+}
+
+TEST_F(ReviewServiceTest, AClockWithoutAMomentEndsTheProgram)
+{
+    service.setLastRequest(now);
+    now = QDateTime();
+    EXPECT_EXIT(service.requestReviewIfDue(), testing::KilledBySignal(SIGABRT), "7 days ago");
+}
+
+} // namespace
+
+} // namespace giggle
