@@ -105,6 +105,8 @@ Dialog {
         spacing: Theme.unit
 
         Repeater {
+            id: buttonList
+
             model: dialog.actions
 
             AppButton {
@@ -133,5 +135,8 @@ Dialog {
         cancelAction = alert.cancelAction;
         actions = alert.actions;
         open();
+        // Where there is a choice it has to be seen which button has the keyboard.
+        if (actions.length > 1)
+            (buttonList.itemAt(Math.max(0, cancelAction)) as AppButton).forceActiveFocus(Qt.TabFocusReason);
     }
 }
