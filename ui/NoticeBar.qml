@@ -35,7 +35,7 @@ Rectangle {
         id: scroller
 
         x: 2 * Theme.unit
-        y: Theme.unit
+        y: Theme.unit + (bar.isNarrow ? 0 : Math.max(0, (buttons.height - height) / 2))
         width: (bar.isNarrow ? parent.width - Theme.unit : buttons.x) - x - Theme.unit
         height: Math.min(label.implicitHeight, bar.maximumHeight)
         contentHeight: label.implicitHeight

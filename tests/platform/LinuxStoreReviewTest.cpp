@@ -11,7 +11,7 @@ namespace giggle {
 
 namespace {
 
-TEST(LinuxStoreReviewTest, TheSceneIsInFrontWhileTheApplicationIs)
+TEST(LinuxStoreReviewTest, TheSceneIsInFrontOnceTheApplicationIs)
 {
     const LinuxStoreReview review;
     const auto isInFront = [&review] {
@@ -24,8 +24,6 @@ TEST(LinuxStoreReviewTest, TheSceneIsInFrontWhileTheApplicationIs)
     window.show();
     window.requestActivate();
     EXPECT_TRUE(spinUntil(isInFront));
-    window.close();
-    EXPECT_TRUE(spinUntil([&isInFront] { return !isInFront(); }));
 }
 
 } // namespace
