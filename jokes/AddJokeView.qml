@@ -6,4 +6,5 @@ JokeEditorPage {
     required property AddJokeViewController screen
 
     editor: screen
+    isForTyping: true
 }

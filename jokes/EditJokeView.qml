@@ -28,6 +28,18 @@ JokeEditorPage {
             checkState: page.screen.CheckBox === "Checked" ? Qt.Checked : Qt.Unchecked
             onClicked: page.screen.CheckBoxChecked(checked ? "Checked" : "Unchecked")
         }
+        Text {
+            height: Math.max(Theme.touchTarget, implicitHeight)
+            rightPadding: Theme.unit
+            verticalAlignment: Text.AlignVCenter
+            text: favorite.name
+            color: Theme.text
+            font.pixelSize: Theme.smallSize
+
+            TapHandler {
+                onTapped: favorite.toggle()
+            }
+        }
         ToolButton {
             objectName: "DecreaseFontSizeButton"
             text: qsTr("Smaller text")

@@ -9,6 +9,8 @@ AppPage {
     id: page
 
     required property JokeEditor editor
+    /// Whether the first field has the keyboard from the beginning.
+    property bool isForTyping: false
     property alias tools: toolBox.data
     property alias jokeView: joke
 
@@ -43,7 +45,7 @@ AppPage {
             name: qsTr("Category")
             isRequired: true
             borderColor: Theme.buttonBorder
-            focus: true
+            focus: page.isForTyping
             picker: picker
             choices: page.editor.ListOfCatagories
             text: page.editor.CategoryTextField

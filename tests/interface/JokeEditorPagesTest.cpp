@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/InterfaceFixture.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QTest>
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class JokeEditorPages : public InterfaceFixture {
+protected:
+    void fill()
+    {
+        skipSeeding();
+        insertCategory(context(), "Animal");
+        insertCategory(context(), "Puns");
+        insertCategory(context(), std::nullopt);
+        insertRating(context(), "Mild");
+        insertJoke(context(), {.category = "Animal", .rating = "Mild", .id = 1, .joke = "Moo\nBoo"});
+        context().save();
+    }
+
+    QString fieldText(const QString& name)
+    {
+        QAccessibleInterface* field = waitFor(QAccessible::EditableText, name);
+        if (!field)
+            return {};
+        return field->textInterface()
+            ->text(0, field->textInterface()->characterCount())
+            .replace(QChar::ParagraphSeparator, u'\n');
+    }
+
+    /// Opens a joke of the list, which is gone once the editor has come to rest.
+    void openJoke(const QString& row)
+    {
+        press(QAccessible::ListItem, row);
+        waitFor(QAccessible::Button, u"Larger text"_qs);
+        waitUntil([&] { return !find(QAccessible::List, u"Joke List"_qs); });
+    }
+
+    void openOnlyJoke()
+    {
+        openArea(u"Joke List"_qs);
+        openJoke(u"Moo\nBoo, Category: Animal, Rating: Mild"_qs);
+    }
+
+    void focus(QAccessible::Role role, const QString& name)
+    {
+        waitFor(role, name)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    }
+};
+
+TEST_F(JokeEditorPages, AJokeIsAddedFoundEditedAndThereAfterARestart)
+{
+    fill();
+    openWindow();
+    openArea(u"Joke List"_qs);
+    press(QAccessible::Button, u"Add"_qs);
+    press(QAccessible::EditableText, u"Category"_qs);
+    waitFor(QAccessible::List, u"Category choices"_qs);
+    EXPECT_EQ(names(QAccessible::ListItem).filter(u"Puns"_qs).size(), 1);
+    press(QAccessible::ListItem, u"Puns"_qs);
+    press(QAccessible::Button, u"Done"_qs);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Category choices"_qs); }));
+    focus(QAccessible::EditableText, u"Joke"_qs);
+    type(u"It's new"_qs);
+    key(Qt::Key_Return, Qt::ShiftModifier);
+    type(u"!"_qs);
+    focus(QAccessible::EditableText, u"Rating"_qs);
+    type(u"Own"_qs);
+    press(QAccessible::Button, u"Save"_qs);
+    openJoke(u"Its new\n!, Category: Puns, Rating: Own"_qs);
+
+    press(QAccessible::CheckBox, u"Favorite"_qs);
+    focus(QAccessible::EditableText, u"Joke"_qs);
+    key(Qt::Key_Home, Qt::ControlModifier);
+    type(u"So "_qs);
+    key(Qt::Key_S, Qt::ControlModifier);
+    waitFor(QAccessible::ListItem, u"So Its new\n!, Category: Puns, Rating: Own"_qs);
+
+    restart();
+    openArea(u"Joke List"_qs);
+    press(QAccessible::RadioButton, u"Favorites"_qs);
+    waitFor(QAccessible::ListItem, u"So Its new\n!, Category: Puns, Rating: Own"_qs);
+}
+
+TEST_F(JokeEditorPages, TheArrowKeysPickAndLeavingTheFieldPutsThePickerAway)
+{
+    fill();
+    openWindow();
+    openArea(u"Add Joke"_qs);
+    waitUntil([&] { return window().activeFocusItem() != nullptr; });
+    key(Qt::Key_Down);
+    waitFor(QAccessible::List, u"Category choices"_qs);
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    EXPECT_EQ(fieldText(u"Category"_qs), u"Puns"_qs);
+    key(Qt::Key_Tab);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Category choices"_qs); }));
+    type(u"x"_qs);
+    EXPECT_EQ(fieldText(u"Joke"_qs), u"x"_qs);
+    key(Qt::Key_Tab);
+    type(u"y"_qs);
+    EXPECT_EQ(fieldText(u"Rating"_qs), u"y"_qs);
+}
+
+TEST_F(JokeEditorPages, WhatMayNotBeTypedLeavesTheFieldAsItIs)
+{
+    fill();
+    openWindow();
+    openOnlyJoke();
+    focus(QAccessible::EditableText, u"Joke"_qs);
+    key(Qt::Key_Home, Qt::ControlModifier);
+    type(u"a'b\"c"_qs);
+    key(Qt::Key_Return);
+    QGuiApplication::clipboard()->setText(u"d\u2019e"_qs);
+    key(Qt::Key_V, Qt::ControlModifier);
+    QGuiApplication::clipboard()->setText(u"f g"_qs);
+    key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(fieldText(u"Joke"_qs), u"abcf gMoo\nBoo\n"_qs);
+    QInputMethodEvent composed(u"\u00B4"_qs, {});
+    composed.setCommitString(u"\u00E9"_qs);
+    QCoreApplication::sendEvent(window().activeFocusItem(), &composed);
+    EXPECT_EQ(fieldText(u"Joke"_qs), u"abcf gMoo\nBoo\n"_qs);
+}
+
+TEST_F(JokeEditorPages, ChangesAreLostOnlyWhenTheUserAgrees)
+{
+    fill();
+    openWindow();
+    openOnlyJoke();
+    focus(QAccessible::EditableText, u"Rating"_qs);
+    type(u"x"_qs);
+    window().close();
+    press(QAccessible::Button, u"Keep Editing"_qs);
+    EXPECT_TRUE(window().isVisible());
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Button, u"Discard"_qs); }));
+    press(QAccessible::Button, u"Back"_qs);
+    waitFor(QAccessible::Dialog, u"Discard Changes?"_qs);
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Button, u"Discard"_qs); }));
+    EXPECT_EQ(fieldText(u"Rating"_qs), u"Mildx"_qs);
+    press(QAccessible::Button, u"Back"_qs);
+    press(QAccessible::Button, u"Discard"_qs);
+    waitFor(QAccessible::ListItem, u"Moo\nBoo, Category: Animal, Rating: Mild"_qs);
+}
+
+TEST_F(JokeEditorPages, TheJokeOfTheDayIsReadOnly)
+{
+    fill();
+    openWindow();
+    openArea(u"Joke of the Day"_qs);
+    press(QAccessible::Button, u"Shuffle"_qs);
+    EXPECT_EQ(fieldText(u"Category"_qs), u"Animal"_qs);
+    EXPECT_EQ(fieldText(u"Joke"_qs), u"Moo\nBoo"_qs);
+    EXPECT_TRUE(find(QAccessible::EditableText, u"Rating"_qs)->state().readOnly);
+}
+
+} // namespace
+
+} // namespace giggle

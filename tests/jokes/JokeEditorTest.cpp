@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include "jokes/AddJokeViewController.h"
+#include "jokes/EditJokeViewController.h"
+#include "store/PreferenceKeys.h"
+#include "tests/support/ScreenFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+class JokeEditorTest : public ScreenFixture {
+protected:
+    /// Chooses a joke as a list does, and opens it.
+    std::unique_ptr<EditJokeViewController> openEditor(const Jokes& joke, const char* callingScreen)
+    {
+        const auto text = [](OptionalText utf8) { return QString::fromUtf8(utf8.value_or("")); };
+        selection = {QString::fromLatin1(callingScreen), text(joke.category()), text(joke.joke()),
+                     joke.favorite().value_or(false) ? u"T"_qs : u"F"_qs, text(joke.rating())};
+        auto editor = std::make_unique<EditJokeViewController>(environment);
+        editor->viewDidLoad();
+        return editor;
+    }
+
+    std::unique_ptr<AddJokeViewController> openAddScreen(const char* callingScreen = "MainList")
+    {
+        selection.CallingScreen = QString::fromLatin1(callingScreen);
+        auto screen = std::make_unique<AddJokeViewController>(environment);
+        screen->viewDidLoad();
+        return screen;
+    }
+
+    std::vector<std::string> stored() { return storedRows(folder.file()); }
+};
+
+struct AddedJoke {
+    QString category;
+    QString joke;
+    QString rating;
+    std::string stored; // as "category|favorite|id|joke|rating", or empty where the alert comes instead
+};
+
+TEST_F(JokeEditorTest, AddStoresWhatTheFieldsHoldLessWhatIsNotDisplayed)
+{
+    const std::vector<AddedJoke> cases = {
+        {u"Puns"_qs, u"A"_qs, u"Mild"_qs, "Puns|NULL|1|A|Mild"},
+        {u" \t Two words\u00A0\u3000"_qs, u"Two\nlines "_qs, {}, "Two words|NULL|2|Two\nlines |NULL"},
+        {u"  "_qs, u"\u201CCaf\u00E9\u201D isn't \U0001F600^|\\"_qs, u" \t"_qs, "|NULL|3|Caf isnt | \t"},
+        {u"\nNo blank\n"_qs, u"\u05E9\u05DC\u05D5\u05DD\t"_qs, {}, "\nNo blank\n|NULL|4||NULL"},
+        {{}, u"text"_qs, u"Mild"_qs, {}},
+        {u"Puns"_qs, {}, u"Mild"_qs, {}},
+    };
+    for (const auto& [category, joke, rating, row] : cases) {
+        const auto screen = openAddScreen();
+        screen->setCategoryTextField(category);
+        screen->setJokeTextView(joke);
+        screen->setRatingTextField(rating);
+        EXPECT_TRUE(screen->hasUnsavedChanges());
+        const std::vector<std::string> before = liveRows(context());
+        navigator.unwound.clear();
+        screen->SaveButtonClicked();
+        if (row.empty()) {
+            EXPECT_EQ(liveRows(context()), before);
+            EXPECT_TRUE(navigator.unwound.empty());
+            EXPECT_EQ(navigator.alerts.back().title, u"Movie Not Saved"_qs);
+            EXPECT_EQ(
+                navigator.alerts.back().message,
+                u"Required Fields Labeled in RED Not Entered or Date Released is not 4 numbers (yyyy)"_qs);
+            EXPECT_EQ(navigator.alerts.back().actions.at(0).title, u"OK"_qs);
+        } else {
+            EXPECT_EQ(stored().back(), std::to_string(before.size() + 1) + '|' + row);
+            EXPECT_THAT(navigator.unwound, ElementsAre(UnwindRoute::ToList));
+            EXPECT_FALSE(screen->hasUnsavedChanges());
+        }
+    }
+    EXPECT_EQ(navigator.alerts.size(), 2U);
+}
+
+TEST_F(JokeEditorTest, ARefusedSaveKeepsTheJokeForTheNextOne)
+{
+    static_cast<void>(liveRows(context()));
+    RawDatabase other(folder.file());
+    other.execute("CREATE TRIGGER t BEFORE INSERT ON jokes BEGIN SELECT RAISE(ABORT, 'no room'); END");
+    testing::internal::CaptureStderr();
+    for (const char* text : {"first", "second"}) {
+        const auto screen = openAddScreen("MainMenu");
+        screen->setCategoryTextField(u"Puns"_qs);
+        screen->setJokeTextView(QString::fromLatin1(text));
+        screen->SaveButtonClicked();
+        if (text == std::string_view("first"))
+            other.execute("DROP TRIGGER t");
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("no room"));
+    EXPECT_THAT(navigator.unwound, ElementsAre(UnwindRoute::ToMenu, UnwindRoute::ToMenu));
+    EXPECT_THAT(storedRows(other), ElementsAre("1|Puns|NULL|1|first|NULL", "2|Puns|NULL|2|second|NULL"));
+}
+
+TEST_F(JokeEditorTest, NoIdAboveTheHighestEndsTheProgramWithNothingHalf)
+{
+    addJoke({.id = 32767, .joke = "last"});
+    const auto screen = openAddScreen();
+    screen->setCategoryTextField(u"Puns"_qs);
+    screen->setJokeTextView(u"one too many"_qs);
+    EXPECT_DEATH(screen->SaveButtonClicked(), "Fatal error: Arithmetic overflow");
+    EXPECT_THAT(stored(), ElementsAre("1|NULL|NULL|32767|last|NULL"));
+}
+
+TEST_F(JokeEditorTest, PickersOfferTheNamesThatThereAre)
+{
+    for (const char* name : {"b", "a", "b", "B"})
+        insertCategory(context(), name);
+    insertCategory(context(), std::nullopt);
+    for (const char* name : {"Mild", "Adult", "Mild"})
+        insertRating(context(), name);
+    const auto add = openAddScreen();
+    const auto edit = openEditor(addJoke({.joke = "x"}), "MainList");
+    EXPECT_EQ(add->listOfCatagories(), QStringList({u"B"_qs, u"a"_qs, u"b"_qs, u"b"_qs}));
+    EXPECT_EQ(edit->listOfCatagories(), QStringList({u"B"_qs, u"a"_qs, u"b"_qs}));
+    for (JokeEditor* editor : std::initializer_list<JokeEditor*>{add.get(), edit.get()}) {
+        EXPECT_EQ(editor->listOfRatings(), QStringList({u"Adult"_qs, u"Mild"_qs}));
+        editor->didSelectRow(2, JokeEditor::CategoryPicker);
+        editor->didSelectRow(1, JokeEditor::RatingPicker);
+        editor->didSelectRow(2, JokeEditor::RatingPicker);
+        EXPECT_EQ(editor->categoryTextField(), u"b"_qs);
+        EXPECT_EQ(editor->ratingTextField(), u"Mild"_qs);
+    }
+    insertRating(context(), std::nullopt);
+    EXPECT_DEATH(openAddScreen(), "a rating without a name");
+}
+
+struct Return {
+    const char* callingScreen;
+    std::vector<UnwindRoute> afterAdding;
+    std::vector<UnwindRoute> afterEditing;
+};
+
+TEST_F(JokeEditorTest, ASaveGoesBackToTheCallingScreen)
+{
+    const std::vector<Return> returns = {
+        {"MainMenu", {UnwindRoute::ToMenu}, {}},
+        {"MainList", {UnwindRoute::ToList}, {UnwindRoute::ToList}},
+        {"CategoryBreakdown", {}, {UnwindRoute::ToCategoryBreakdown}},
+        {"RatingBreakdown", {}, {UnwindRoute::ToRatingBreakdown}},
+        {"CategoryGroup", {}, {}},
+        {"RatingGroup", {}, {}},
+        {"", {}, {}},
+    };
+    const Jokes& joke = addJoke({.category = "Puns", .joke = "text"});
+    for (const auto& [callingScreen, afterAdding, afterEditing] : returns) {
+        SCOPED_TRACE(callingScreen);
+        navigator.unwound.clear();
+        const auto add = openAddScreen(callingScreen);
+        add->setCategoryTextField(u"Puns"_qs);
+        add->setJokeTextView(u"new"_qs);
+        add->SaveButtonClicked();
+        EXPECT_EQ(navigator.unwound, afterAdding);
+        navigator.unwound.clear();
+        openEditor(joke, callingScreen)->SaveButtonClicked();
+        EXPECT_EQ(navigator.unwound, afterEditing);
+    }
+}
+
+TEST_F(JokeEditorTest, AnUnchangedJokeKeepsItsTextReducedToWhatIsDisplayed)
+{
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"Plain", "Plain"}, {"Ends in a line\n", "Ends in a line\n"}, {"Caf\xC3\xA9 \"x\"\ty", "Caf xy"}};
+    for (const auto& [before, after] : cases) {
+        Jokes& joke = addJoke({.category = "Puns", .rating = "Mild", .joke = before});
+        const auto editor = openEditor(joke, "MainList");
+        EXPECT_EQ(editor->jokeTextView().toStdString(), after + '\n');
+        EXPECT_FALSE(editor->hasUnsavedChanges());
+        editor->SaveButtonClicked();
+        EXPECT_EQ(joke.joke(), after);
+        EXPECT_EQ(joke.favorite(), false);
+        EXPECT_FALSE(context().hasChanges());
+    }
+}
+
+TEST_F(JokeEditorTest, EditChangesTheFirstJokeWithTheChosenText)
+{
+    addJoke({.category = "Puns", .rating = "Mild", .id = 1, .joke = "same"});
+    const Jokes& second = addJoke({.category = "Dad", .rating = "Adult", .id = 2, .joke = "same"});
+    const auto editor = openEditor(second, "MainList");
+    EXPECT_EQ(editor->checkBox(), u"Unchecked"_qs);
+    editor->CheckBoxChecked(u"Checked"_qs);
+    EXPECT_TRUE(editor->hasUnsavedChanges());
+    editor->setCategoryTextField(u" Corny "_qs);
+    editor->setRatingTextField({});
+    editor->setJokeTextView(u"\u00E9\u00E9"_qs);
+    editor->SaveButtonClicked();
+    EXPECT_THAT(stored(), ElementsAre("1|Corny|1|1||Mild", "2|Dad|NULL|2|same|Adult"));
+}
+
+TEST_F(JokeEditorTest, EditSaysWhatIsMissingAndIsSilentWhereTheJokeIsGone)
+{
+    Jokes& joke = addJoke({.category = "Puns", .joke = "text"});
+    const auto editor = openEditor(joke, "MainList");
+    editor->setJokeTextView(u"\n"_qs); // what is left of the line that display puts behind the text
+    editor->SaveButtonClicked();
+    ASSERT_EQ(navigator.alerts.size(), 1U);
+    EXPECT_EQ(navigator.alerts[0].title, u"Joke Not Saved"_qs);
+    EXPECT_EQ(navigator.alerts[0].message, u"Required Fields Labeled in RED Not Entered"_qs);
+
+    context().deleteObject(joke);
+    editor->setJokeTextView(u"changed"_qs);
+    editor->SaveButtonClicked();
+    EXPECT_EQ(navigator.alerts.size(), 1U);
+    EXPECT_TRUE(navigator.unwound.empty());
+    EXPECT_TRUE(editor->hasUnsavedChanges());
+}
+
+TEST_F(JokeEditorTest, TypingIsRefusedAsAWhole)
+{
+    const auto editor = openEditor(addJoke({.joke = "x"}), "MainList");
+    for (const QString& text : {u""_qs, u"Knock! ~`{}"_qs, QString(1'000'000, u'a')})
+        EXPECT_TRUE(editor->shouldChangeText(text));
+    for (const QString& text : {u"\n"_qs, u"don't"_qs, u"\t"_qs, u"caf\u00E9"_qs, QString(QChar(0)),
+                                QString(1'000'000, u'a') + u'^'})
+        EXPECT_FALSE(editor->shouldChangeText(text));
+    EXPECT_TRUE(openAddScreen()->shouldChangeText(u"\n\u00E9"_qs));
+}
+
+TEST_F(JokeEditorTest, TextSizeIsOfTheViewersOwnAndStoredAtOnce)
+{
+    userDefaults.setText(PreferenceKeys::ListFontName, u"Courier New"_qs);
+    userDefaults.setReal(PreferenceKeys::ListFontSize, 40);
+    userDefaults.setText(PreferenceKeys::ListFontColor, u"Red"_qs);
+    userDefaults.setReal(PreferenceKeys::ViewerFontSize, 2.0);
+    const Jokes& joke = addJoke({.joke = "x"});
+    const auto editor = openEditor(joke, "MainList");
+    EXPECT_FALSE(editor->hasTextColor());
+    EXPECT_EQ(editor->textFont().family(), u"Courier New"_qs);
+    EXPECT_EQ(editor->textFont().pixelSize(), 2);
+    editor->IncreaseFontSize();
+    for (int i = 0; i < 4; ++i)
+        editor->DecreaseFontSize();
+    EXPECT_EQ(editor->textFont().pixelSize(), 1);
+    const Preferences nextLaunch(folder.filePath(u"preferences.json"_qs));
+    EXPECT_EQ(nextLaunch.real(PreferenceKeys::ViewerFontSize), -1.0);
+
+    userDefaults.setText(PreferenceKeys::ListFontName, u"No Such Font"_qs);
+    EXPECT_DEATH(openEditor(joke, "MainList"), "No Such Font");
+}
+
+TEST_F(JokeEditorTest, TheReviewIsAskedForAfterFiveSecondsIfTheScreenIsStillThere)
+{
+    const Jokes& joke = addJoke({.joke = "x"});
+    const auto isAsked = [&] { return userDefaults.isPresent(PreferenceKeys::ReviewServiceLastRequest); };
+    openEditor(joke, "MainList").reset();
+    mainQueue.advance(std::chrono::seconds(10));
+    EXPECT_FALSE(isAsked());
+    const auto editor = openEditor(joke, "MainList");
+    mainQueue.advance(std::chrono::milliseconds(4999));
+    EXPECT_FALSE(isAsked());
+    mainQueue.advance(std::chrono::milliseconds(1));
+    EXPECT_TRUE(isAsked());
+}
+
+} // namespace
+
+} // namespace giggle
