@@ -10,6 +10,7 @@ SwipeRow {
 
     required property newMainListTableViewCell cell
     readonly property real margin: 1.5 * Theme.unit
+    property bool isComplete: false
 
     signal favoriteTicked(bool checked)
 
@@ -19,7 +20,10 @@ SwipeRow {
     onSpacePressed: if (cell.hasContent)
         favoriteBox.toggle()
     onCellChanged: showFavorite()
-    Component.onCompleted: showFavorite()
+    Component.onCompleted: {
+        showFavorite();
+        isComplete = true;
+    }
 
     Text {
         id: category
@@ -35,7 +39,7 @@ SwipeRow {
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
     }
-    VaneCheckbox {
+    FavoriteCheckBox {
         id: favoriteBox
 
         x: row.width - width - Theme.unit / 2
@@ -76,7 +80,9 @@ SwipeRow {
         wrapMode: Text.Wrap
     }
 
+    /// Animated where the user can follow it: neither in a row that has just come nor in one that flies past.
     function showFavorite() {
-        favoriteBox.checkState = cell.favorite ? Qt.Checked : Qt.Unchecked;
+        const isSettled = isComplete && !pooled && list !== null && !list.moving;
+        favoriteBox.setCheckState(cell.favorite ? VaneCheckbox.Checked : VaneCheckbox.Unchecked, isSettled);
     }
 }
