@@ -33,7 +33,6 @@ VaneCheckbox::VaneCheckbox(QQuickItem* parent) : QQuickPaintedItem(parent)
 {
     setImplicitSize(m_boxSize, m_boxSize);
     setAcceptedMouseButtons(Qt::LeftButton);
-    setActiveFocusOnTab(true);
 }
 
 VaneCheckbox::~VaneCheckbox() = default;

@@ -13,7 +13,8 @@ class QVariantAnimation;
 namespace giggle {
 
 /// A box that is unchecked, checked or mixed, in the middle of the item; all of the item takes taps. A tap
-/// and Space toggle it. Sizes are in logical pixels, times in milliseconds.
+/// and Space toggle it; it becomes a stop for the Tab key where `activeFocusOnTab` says so. Sizes are in
+/// logical pixels, times in milliseconds.
 ///
 /// The state is what was set last, from that moment on; an animation only catches up with it, and is cut
 /// short where nobody sees it. A box whose look and state stay as they are is not drawn again.
