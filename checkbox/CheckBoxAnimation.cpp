@@ -99,7 +99,7 @@ class BounceAnimation final : public CheckBoxAnimation {
     static double sprung(double t) { return 1 - std::exp(-5 * t) * std::cos(2.5 * std::numbers::pi * t); }
 };
 
-/// The mark grows from the middle of its line to both ends.
+/// The mark grows from its corner to both ends.
 class ExpandAnimation final : public CheckBoxAnimation {
     CheckBoxFrame appear(BoxState state, double t) const override
     {
@@ -115,8 +115,11 @@ class ExpandAnimation final : public CheckBoxAnimation {
 
     static MarkStroke expanded(const QPolygonF& line, double share)
     {
-        return {
-            .line = line, .from = 0.5 - share / 2, .to = 0.5 + share / 2, .width = std::min(1.0, 4 * share)};
+        const double corner = lengthOf(line.first(2)) / lengthOf(line);
+        return {.line = line,
+                .from = corner * (1 - share),
+                .to = corner + (1 - corner) * share,
+                .width = std::min(1.0, 4 * share)};
     }
 };
 
@@ -239,7 +242,7 @@ const CheckBoxAnimation& checkBoxAnimation(AnimationKind kind)
     case AnimationKind::Dot:
         return dot;
     }
-    Q_UNREACHABLE();
+    return stroke; // scripts may send any number
 }
 
 } // namespace giggle

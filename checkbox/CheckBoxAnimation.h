@@ -47,7 +47,7 @@ protected:
     [[nodiscard]] virtual CheckBoxFrame change(BoxState from, BoxState to, double t) const;
 };
 
-/// The animation of that kind; lives as long as the program.
+/// The animation of that kind; lives as long as the program. Strokes for an unknown one.
 [[nodiscard]] const CheckBoxAnimation& checkBoxAnimation(AnimationKind kind);
 
 } // namespace giggle

@@ -3,11 +3,9 @@
 
 #include "checkbox/CheckBoxPaths.h"
 
-#include <QMutex>
 #include <QPainter>
 
 #include <algorithm>
-#include <deque>
 
 namespace giggle {
 
@@ -64,21 +62,6 @@ void paintMark(QPainter& painter, const MarkStroke& mark, const CheckBoxStyle& s
     painter.restore();
 }
 
-struct RestPicture {
-    BoxState state;
-    CheckBoxStyle style;
-    QImage image;
-};
-
-QImage paintedRest(BoxState state, const CheckBoxStyle& style, int side)
-{
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paintCheckBox(painter, restFrame(state), style, side);
-    return image;
-}
-
 } // namespace
 
 void paintCheckBox(QPainter& painter, const CheckBoxFrame& frame, const CheckBoxStyle& style, double side)
@@ -99,25 +82,6 @@ void paintCheckBox(QPainter& painter, const CheckBoxFrame& frame, const CheckBox
     for (const MarkStroke& mark : frame.marks)
         paintMark(painter, mark, style, side);
     painter.restore();
-}
-
-QImage restPicture(BoxState state, const CheckBoxStyle& style, int side)
-{
-    // The boxes on show look alike but for their states and, at times, a style that is on its way out.
-    constexpr std::size_t Kept = 12;
-    static QMutex mutex;
-    static std::deque<RestPicture> pictures;
-    if (side <= 0)
-        return {};
-    const QMutexLocker locker(&mutex);
-    const auto found = std::ranges::find_if(pictures, [&](const RestPicture& picture) {
-        return picture.state == state && picture.image.width() == side && picture.style == style;
-    });
-    if (found != pictures.end())
-        return found->image;
-    if (pictures.size() == Kept)
-        pictures.pop_front();
-    return pictures.emplace_back(RestPicture{state, style, paintedRest(state, style, side)}).image;
 }
 
 } // namespace giggle

@@ -43,7 +43,7 @@ QPolygonF markLine(BoxState state)
     case BoxState::Checked:
         return {{0.255, 0.53}, {0.43, 0.705}, {0.755, 0.305}};
     case BoxState::Mixed:
-        return {{0.27, 0.5}, {0.43, 0.5}, {0.73, 0.5}};
+        return {{0.27, 0.5}, {0.5, 0.5}, {0.73, 0.5}};
     case BoxState::Unchecked:
         break;
     }
@@ -60,7 +60,7 @@ QPainterPath markPath(BoxState state, double side)
 QPolygonF spiralInto(const QPolygonF& mark)
 {
     constexpr double Turns = 1.25;
-    constexpr double OuterRadius = 0.38;
+    constexpr double OuterRadius = 0.34;
     constexpr int Steps = 48;
     if (mark.isEmpty())
         return {};

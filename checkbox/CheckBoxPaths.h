@@ -12,8 +12,8 @@ namespace giggle {
 /// it is traced. A corner radius that does not fit is made smaller.
 [[nodiscard]] QPainterPath boxPath(const QRectF& bounds, BoxShape shape, double cornerRadius);
 
-/// The middle of the mark's line, in a box with sides of length 1: always three points, so that one mark can
-/// turn into another; none for an unchecked box.
+/// The middle of the mark's line, in a box with sides of length 1: always three points, the second one its
+/// corner or middle, so that one mark can turn into another; none for an unchecked box.
 [[nodiscard]] QPolygonF markLine(BoxState state);
 
 /// The middle of the mark's line in a box with sides of length @p side.

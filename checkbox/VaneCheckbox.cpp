@@ -152,11 +152,7 @@ void VaneCheckbox::paint(QPainter* painter)
     style.boxLineWidth = wholePixels(style.boxLineWidth, scale);
     painter->scale(1 / scale, 1 / scale);
     painter->translate(std::round((width() * scale - side) / 2), std::round((height() * scale - side) / 2));
-    if (m_progress < 1)
-        paintCheckBox(*painter, checkBoxAnimation(m_runningKind).frame(m_from, m_state, m_progress), style,
-                      side);
-    else
-        painter->drawImage(0, 0, restPicture(m_state, style, side));
+    paintCheckBox(*painter, checkBoxAnimation(m_runningKind).frame(m_from, m_state, m_progress), style, side);
 }
 
 void VaneCheckbox::keyPressEvent(QKeyEvent* event)

@@ -10,7 +10,6 @@ SwipeRow {
 
     required property newMainListTableViewCell cell
     readonly property real margin: 1.5 * Theme.unit
-    property bool isComplete: false
 
     signal favoriteTicked(bool checked)
 
@@ -20,10 +19,7 @@ SwipeRow {
     onSpacePressed: if (cell.hasContent)
         favoriteBox.toggle()
     onCellChanged: showFavorite()
-    Component.onCompleted: {
-        showFavorite();
-        isComplete = true;
-    }
+    Component.onCompleted: showFavorite()
 
     Text {
         id: category
@@ -80,9 +76,8 @@ SwipeRow {
         wrapMode: Text.Wrap
     }
 
-    /// Animated where the user can follow it: neither in a row that has just come nor in one that flies past.
+    /// Animated where the user can follow it: a row that comes into view is not seen yet while it is filled.
     function showFavorite() {
-        const isSettled = isComplete && !pooled && list !== null && !list.moving;
-        favoriteBox.setCheckState(cell.favorite ? VaneCheckbox.Checked : VaneCheckbox.Unchecked, isSettled);
+        favoriteBox.setCheckState(cell.favorite ? VaneCheckbox.Checked : VaneCheckbox.Unchecked, true);
     }
 }

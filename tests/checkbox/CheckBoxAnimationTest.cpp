@@ -58,7 +58,7 @@ TEST_P(CheckBoxAnimationTest, LeadsSmoothlyFromRestToRestAndBack)
             const double progress = double(step) / Steps;
             const QImage now = at(way, progress);
             ASSERT_LT(difference(last, now), Leap) << "jumps at " << progress;
-            ASSERT_LT(difference(now, at({way.to, way.from}, 1 - progress)), 1e-3) << "back at " << progress;
+            ASSERT_LT(difference(now, at({way.to, way.from}, 1 - progress)), 5e-3) << "back at " << progress;
             furthest = std::max(furthest, std::min(difference(now, start), difference(now, end)));
             last = now;
         }
@@ -127,8 +127,8 @@ TEST(CheckBoxPictures, ShowStateShapeAndColours)
             EXPECT_EQ(inkOf(image, Qt::red) > 0.3, state != BoxState::Unchecked);
             EXPECT_EQ(inkOf(image, Qt::yellow) > 0.03, state != BoxState::Unchecked);
             EXPECT_GT(inkOf(image, Qt::blue), 0.15);
-            // The edge is a row of whole pixels, and the corners are free.
-            EXPECT_EQ(image.pixelColor(PictureSide / 2, 0), QColor(Qt::blue));
+            // A straight edge is a row of whole pixels, and the corners are free.
+            EXPECT_EQ(image.pixelColor(PictureSide / 2, 0) == QColor(Qt::blue), shape == BoxShape::Square);
             EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
             EXPECT_EQ(image.pixelColor(7, 7).alpha() < 255, shape == BoxShape::Circle);
         }
@@ -180,7 +180,7 @@ TEST(CheckBoxPictures, AreWrittenToLookAt)
         painter.end();
         EXPECT_TRUE(strip.save(folder.filePath(QLatin1StringView(kind.name) + QStringLiteral(".png"))));
     }
-    QImage states(600, 220, QImage::Format_RGB32);
+    QImage states(720, 168, QImage::Format_RGB32);
     states.fill(QColor(0x30, 0xb0, 0xc7));
     QPainter painter(&states);
     int y = 8;
@@ -192,7 +192,7 @@ TEST(CheckBoxPictures, AreWrittenToLookAt)
                                           .cornerRadius = side / 4.0,
                                           .boxLineWidth = std::round(side / 12.0),
                                           .markLineWidth = side / 8.0};
-                painter.drawImage(x, y, restPicture(state, style, side));
+                painter.drawImage(x, y, picture(restFrame(state), style, side));
                 x += std::min(side + 4, 76);
             }
         y += 80;
