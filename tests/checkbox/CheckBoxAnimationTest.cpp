@@ -7,6 +7,7 @@
 #include <QDir>
 
 #include <array>
+#include <ostream>
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,11 @@ struct NamedKind {
     AnimationKind kind;
     const char* name;
 };
+
+void PrintTo(const NamedKind& kind, std::ostream* out)
+{
+    *out << kind.name;
+}
 
 constexpr std::array Kinds{
     NamedKind{AnimationKind::Stroke, "Stroke"}, NamedKind{AnimationKind::Fill, "Fill"},
