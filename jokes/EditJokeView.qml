@@ -20,13 +20,12 @@ JokeEditorPage {
         width: parent.width
         spacing: Theme.unit
 
-        VaneCheckbox {
+        FavoriteCheckBox {
             id: favorite
 
             objectName: "CheckBox"
             name: qsTr("Favorite")
-            checkState: page.screen.CheckBox === "Checked" ? Qt.Checked : Qt.Unchecked
-            onClicked: page.screen.CheckBoxChecked(checked ? "Checked" : "Unchecked")
+            onClicked: page.screen.CheckBoxChecked(stateName)
         }
         Text {
             height: Math.max(Theme.touchTarget, implicitHeight)
@@ -65,6 +64,16 @@ JokeEditorPage {
             enabled: false
         }
     }
+    Component.onCompleted: favorite.setStateName(screen.CheckBox, true)
+
+    Connections {
+        target: page.screen
+
+        function onCheckBoxChanged() {
+            favorite.setStateName(page.screen.CheckBox, true);
+        }
+    }
+
     jokeView {
         fill: Theme.teal
         ink: screen.hasTextColor ? screen.textColor : Theme.brightInk

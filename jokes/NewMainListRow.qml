@@ -35,7 +35,7 @@ SwipeRow {
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
     }
-    VaneCheckbox {
+    FavoriteCheckBox {
         id: favoriteBox
 
         x: row.width - width - Theme.unit / 2
@@ -76,7 +76,8 @@ SwipeRow {
         wrapMode: Text.Wrap
     }
 
+    /// Animated where the user can follow it: a row that comes into view is not seen yet while it is filled.
     function showFavorite() {
-        favoriteBox.checkState = cell.favorite ? Qt.Checked : Qt.Unchecked;
+        favoriteBox.setCheckState(cell.favorite ? VaneCheckbox.Checked : VaneCheckbox.Unchecked, true);
     }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "checkbox/VaneCheckbox.h"
 #include "tests/interface/InterfaceFixture.h"
 
+#include <QQuickItem>
 #include <QTest>
 
 namespace giggle {
@@ -141,6 +143,43 @@ TEST_F(MenuAndJokeList, TickingARowStoresNothing)
     press(QAccessible::CheckBox, u"Favorite"_qs);
     EXPECT_FALSE(isTicked());
     EXPECT_FALSE(context().hasChanges());
+}
+
+TEST_F(MenuAndJokeList, BoxesOfRowsThatFlyPastDoNotMove)
+{
+    skipSeeding();
+    for (int i = 0; i < 100; ++i)
+        insertJoke(context(),
+                   {.category = "Animal", .favorite = i % 2 == 0, .joke = std::to_string(1000 + i)});
+    context().save();
+    openWindow();
+    openArea(u"Joke List"_qs);
+    auto* list = window().findChild<QQuickItem*>(u"JokeTableView"_qs);
+    ASSERT_NE(list, nullptr);
+    const auto boxes = [&] {
+        QList<VaneCheckbox*> shown;
+        const auto collect = [&](const auto& self, const QQuickItem& item) -> void {
+            for (QQuickItem* child : item.childItems())
+                if (auto* box = qobject_cast<VaneCheckbox*>(child); box && box->isVisible())
+                    shown << box;
+                else
+                    self(self, *child);
+        };
+        collect(collect, *list);
+        return shown;
+    };
+    int ticked = 0;
+    for (int step = 0; step < 40; ++step) {
+        list->setProperty("contentY", list->property("contentY").toReal() + 70);
+        ASSERT_FALSE(boxes().isEmpty());
+        for (const VaneCheckbox* box : boxes()) {
+            EXPECT_FALSE(box->isAnimating()) << step;
+            ticked += box->isChecked();
+        }
+    }
+    EXPECT_GT(ticked, 40);
+    boxes().first()->toggle();
+    EXPECT_TRUE(boxes().first()->isAnimating());
 }
 
 TEST_F(MenuAndJokeList, KeysThatAreHeldDownMoveButDeleteOneRow)

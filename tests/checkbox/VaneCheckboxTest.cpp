@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "checkbox/VaneCheckbox.h"
+
+#include "tests/checkbox/Pictures.h"
+
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+/// Counts how often it is drawn.
+class CountingBox : public VaneCheckbox {
+public:
+    using VaneCheckbox::VaneCheckbox;
+
+    void paint(QPainter* painter) override
+    {
+        ++paints;
+        VaneCheckbox::paint(painter);
+    }
+
+    int paints = 0;
+};
+
+class VaneCheckboxTest : public ::testing::Test {
+protected:
+    VaneCheckboxTest()
+    {
+        m_window.resize(100, 100);
+        m_window.setColor(Qt::white);
+        box = new CountingBox(m_window.contentItem());
+        box->setPosition({20, 20});
+        box->setSize({44, 44});
+        m_window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&m_window));
+    }
+
+    QImage shown() { return m_window.grabWindow(); }
+
+    QQuickWindow m_window;
+    CountingBox* box = nullptr;
+};
+
+using Action = std::function<void(VaneCheckbox&)>;
+
+QImage drawn(VaneCheckbox& item, double scale)
+{
+    QImage image((item.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    item.paint(&painter);
+    return image;
+}
+
+constexpr auto U = VaneCheckbox::Unchecked;
+constexpr auto C = VaneCheckbox::Checked;
+constexpr auto M = VaneCheckbox::Mixed;
+
+Action set(VaneCheckbox::CheckState state)
+{
+    return [=](VaneCheckbox& item) { item.setCheckState(state); };
+}
+
+Action animate(VaneCheckbox::CheckState state)
+{
+    return [=](VaneCheckbox& item) { item.setCheckState(state, true); };
+}
+
+const Action toggle = [](VaneCheckbox& item) { item.toggle(); };
+const Action hide = [](VaneCheckbox& item) { item.setVisible(false); };
+const Action leave = [](VaneCheckbox& item) { item.setParentItem(nullptr); };
+const Action disable = [](VaneCheckbox& item) { item.setEnabled(false); };
+const Action takeNoTime = [](VaneCheckbox& item) { item.setAnimationDuration(0); };
+const Action useDot = [](VaneCheckbox& item) { item.setAnimation(VaneCheckbox::Dot); };
+
+const struct {
+    const char* name;
+    VaneCheckbox::CheckState start;
+    std::vector<Action> actions; // with time for a part of an animation before each
+    VaneCheckbox::CheckState end;
+    int clicks;
+    bool animates; // after the last action
+} Courses[] = {
+    {"set", U, {set(C)}, C, 0, false},
+    {"set animated", U, {animate(M)}, M, 0, true},
+    {"set to what it is", C, {animate(C)}, C, 0, false},
+    {"no state", C, {animate(VaneCheckbox::CheckState(3))}, C, 0, false},
+    {"toggle", U, {toggle}, C, 1, true},
+    {"toggle checked", C, {toggle}, U, 1, true},
+    {"toggle mixed", M, {toggle}, C, 1, true},
+    {"turned round", U, {toggle, toggle}, U, 2, true},
+    {"cut short", U, {toggle, set(M)}, M, 1, false},
+    {"cut short where it goes", U, {toggle, set(C)}, C, 1, false},
+    {"asked for twice", U, {animate(C), animate(C)}, C, 0, true},
+    {"other goal", U, {animate(C), animate(M)}, M, 0, true},
+    {"other goal, from a mark", C, {animate(M), animate(U)}, U, 0, true},
+    {"hidden", U, {toggle, hide}, C, 1, false},
+    {"while hidden", U, {hide, animate(C)}, C, 0, false},
+    {"out of the window", U, {toggle, leave}, C, 1, false},
+    {"disabled", U, {disable, toggle}, U, 0, false},
+    {"no time", U, {takeNoTime, toggle}, C, 1, false},
+    {"no time any more", U, {toggle, takeNoTime, toggle}, U, 2, false},
+    {"other animation amid one", U, {toggle, useDot, toggle}, U, 2, true},
+};
+
+TEST_F(VaneCheckboxTest, StateIsWhatWasSetLast)
+{
+    for (const auto& [name, start, actions, end, clicks, animates] : Courses) {
+        SCOPED_TRACE(name);
+        VaneCheckbox item(m_window.contentItem());
+        item.setAnimationDuration(250);
+        item.setCheckState(start);
+        const QSignalSpy clicked(&item, &VaneCheckbox::clicked);
+        for (const Action& action : actions) {
+            QTest::qWait(20);
+            action(item);
+        }
+        EXPECT_EQ(item.checkState(), end);
+        EXPECT_EQ(clicked.count(), clicks);
+        EXPECT_EQ(item.isAnimating(), animates);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !item.isAnimating(); }));
+        EXPECT_EQ(item.checkState(), end);
+        item.setSize({24, 24});
+        EXPECT_EQ(difference(drawn(item, 1), picture(restFrame(BoxState(end)), CheckBoxStyle(), 24)), 0);
+    }
+}
+
+TEST_F(VaneCheckboxTest, StatesHaveNames)
+{
+    for (const QString& name :
+         {QStringLiteral("Mixed"), QStringLiteral("Checked"), QStringLiteral("Unchecked")}) {
+        EXPECT_TRUE(box->setStateName(name));
+        EXPECT_EQ(box->stateName(), name);
+        EXPECT_EQ(box->isChecked(), name == u"Checked");
+        EXPECT_EQ(box->isMixed(), name == u"Mixed");
+    }
+    EXPECT_FALSE(box->setStateName(QStringLiteral("checked")));
+    EXPECT_EQ(box->checkState(), VaneCheckbox::Unchecked);
+}
+
+TEST_F(VaneCheckboxTest, TapsAndSpaceToggle)
+{
+    const QSignalSpy clicked(box, &VaneCheckbox::clicked);
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, {22, 22}); // beside the box, but within the item
+    EXPECT_TRUE(box->isChecked());
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, {10, 10});
+    QTest::mousePress(&m_window, Qt::LeftButton, {}, {40, 40});
+    QTest::mouseRelease(&m_window, Qt::LeftButton, {}, {10, 10}); // slid off
+    EXPECT_TRUE(box->isChecked());
+    m_window.requestActivate();
+    box->forceActiveFocus();
+    QTest::keyClick(&m_window, Qt::Key_Space);
+    EXPECT_FALSE(box->isChecked());
+    QTest::keyClick(&m_window, Qt::Key_Return);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST_F(VaneCheckboxTest, DrawsOnlyWhatChanges)
+{
+    const auto paintsOf = [&](const Action& action) {
+        shown();
+        const int before = box->paints;
+        action(*box);
+        shown();
+        return box->paints - before;
+    };
+    EXPECT_EQ(paintsOf([](VaneCheckbox& item) { item.setY(35); }), 0); // as in a list that scrolls
+    EXPECT_EQ(paintsOf([](VaneCheckbox& item) { item.setCheckState(VaneCheckbox::Unchecked, true); }), 0);
+    EXPECT_EQ(paintsOf([](VaneCheckbox& item) { item.setTintColor(item.tintColor()); }), 0);
+    EXPECT_EQ(paintsOf([](VaneCheckbox& item) { item.setCheckState(VaneCheckbox::Checked); }), 1);
+    EXPECT_EQ(paintsOf([](VaneCheckbox& item) { item.setTintColor(Qt::red); }), 1);
+}
+
+TEST_F(VaneCheckboxTest, IsDrawnSharplyAtEveryScale)
+{
+    box->setCheckState(VaneCheckbox::Checked);
+    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        const QImage image = drawn(*box, scale);
+        // From the left, in the middle: clear pixels, the line's black ones, and the ground, none between.
+        int black = 0;
+        for (int x = 0; x < int(13 * scale); ++x) {
+            const QColor color = image.pixelColor(x, image.height() / 2);
+            black += color == QColor(Qt::black);
+            EXPECT_TRUE(color.alpha() == 0 || color == QColor(Qt::black) || color == box->tintColor())
+                << "scale " << scale << ", pixel " << x << ", " << color.name(QColor::HexArgb).toStdString();
+        }
+        EXPECT_EQ(black, std::lround(2 * scale)) << scale;
+    }
+}
+
+TEST_F(VaneCheckboxTest, AnimationIsSeenAndEndsAtRest)
+{
+    const QImage start = shown();
+    box->setAnimationDuration(200);
+    box->toggle();
+    int between = 0;
+    QImage last = start;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        const QImage now = shown();
+        between += now != last;
+        last = now;
+        return !box->isAnimating();
+    }));
+    EXPECT_GE(between, 2);
+    const QImage end = shown();
+    EXPECT_EQ(end.pixelColor(42, 50), box->tintColor()); // within the box, below the mark
+    const int paints = box->paints;
+    QTest::qWait(50);
+    shown();
+    EXPECT_EQ(box->paints, paints);
+
+    box->toggle();
+    delete box; // amid an animation
+    QTest::qWait(30);
+}
+
+} // namespace
+
+} // namespace giggle
