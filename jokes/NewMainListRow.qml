@@ -61,7 +61,7 @@ SwipeRow {
         font.family: row.cell.fontFamily
         font.pixelSize: Math.max(1, row.cell.fontPixelSize * Theme.textScale)
         horizontalAlignment: Text.AlignHCenter
-        wrapMode: Text.Wrap
+        wrapMode: row.cell.hasLongWord ? Text.WrapAnywhere : Text.Wrap
     }
     Text {
         id: rating

@@ -20,6 +20,7 @@ class NewMainListTableViewCell {
     Q_PROPERTY(QString RatingLabel MEMBER RatingLabel CONSTANT)
     Q_PROPERTY(bool hasContent MEMBER hasContent CONSTANT)
     Q_PROPERTY(bool favorite MEMBER favorite CONSTANT)
+    Q_PROPERTY(bool hasLongWord MEMBER hasLongWord CONSTANT)
     Q_PROPERTY(bool hasTextColor MEMBER hasTextColor CONSTANT)
     Q_PROPERTY(QColor textColor MEMBER textColor CONSTANT)
     Q_PROPERTY(QString fontFamily MEMBER fontFamily CONSTANT)
@@ -31,7 +32,8 @@ public:
     bool hasContent = false;
 
     QString CategoryLabel;
-    QString JokeLabel; ///< ends with a line feed
+    QString JokeLabel;        ///< ends with a line feed
+    bool hasLongWord = false; ///< the joke has to be wrapped anywhere
     QString RatingLabel;
     bool favorite = false;
 

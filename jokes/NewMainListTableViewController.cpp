@@ -222,6 +222,7 @@ void NewMainListTableViewController::showJokeText(NewMainListTableViewCell& cell
     const AttributedText rowText = m_displaySettings.rowText(joke.joke(), font);
     const TextAttributes& attributes = rowText.runs().front().attributes;
     cell.JokeLabel = rowText.plainText();
+    cell.hasLongWord = holdsLongWord(cell.JokeLabel);
     cell.hasTextColor = attributes.foregroundColor.has_value();
     cell.textColor = attributes.foregroundColor.value_or(QColor());
     cell.fontFamily = font.family();

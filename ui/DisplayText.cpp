@@ -69,4 +69,17 @@ QString textOrEmpty(OptionalText utf8)
     return utf8 ? QString::fromUtf8(*utf8) : QString();
 }
 
+bool holdsLongWord(const QString& text)
+{
+    constexpr qsizetype LongestUsual = 2000;
+    qsizetype wordStart = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isSpace())
+            wordStart = i + 1;
+        else if (i - wordStart >= LongestUsual)
+            return true;
+    }
+    return false;
+}
+
 } // namespace giggle

@@ -29,6 +29,11 @@ inline constexpr std::string_view AllowedEditCharacters =
 /// The text without the blanks at both ends: tabs and every space separator of Unicode, but no line break.
 [[nodiscard]] QString trimmedOfBlanks(const QString& text);
 
+/// Whether the text holds a word of some thousand characters. To wrap such a word only where it cannot be
+/// helped takes the square of its length, which for a megabyte is a minute and more: it has to be wrapped
+/// anywhere.
+[[nodiscard]] bool holdsLongWord(const QString& text);
+
 /// A record's text; an unset one is empty.
 [[nodiscard]] QString textOrEmpty(OptionalText utf8);
 

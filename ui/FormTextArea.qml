@@ -67,7 +67,7 @@ FocusScope {
             color: control.ink
             font: control.textFont
             textFormat: TextEdit.PlainText
-            wrapMode: TextEdit.Wrap
+            wrapMode: content.hasLongWord ? TextEdit.WrapAnywhere : TextEdit.Wrap
             horizontalAlignment: control.horizontalAlignment
             selectByMouse: true
             background: null
@@ -83,6 +83,8 @@ FocusScope {
         visible: input.activeFocus
     }
     TextAreaContent {
+        id: content
+
         textArea: input
         text: control.text
         shouldChange: control.shouldChange

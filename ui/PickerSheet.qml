@@ -37,7 +37,8 @@ Rectangle {
     Item {
         id: bar
 
-        width: parent.width
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width, Theme.readableWidth + 2 * Theme.unit)
         height: done.height + Theme.unit
 
         Text {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/TextAreaContent.h"
 
+#include "ui/DisplayText.h"
+
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -45,7 +47,7 @@ void TextAreaContent::setTextArea(QQuickItem* textArea)
     m_textArea = textArea;
     if (textArea) {
         textArea->installEventFilter(this);
-        connect(textArea, SIGNAL(textChanged()), this, SIGNAL(textChanged()));
+        connect(textArea, SIGNAL(textChanged()), this, SLOT(textAreaTextChanged()));
         setText(m_textToBe);
     }
     emit textAreaChanged();
@@ -68,8 +70,24 @@ QString TextAreaContent::text() const
 void TextAreaContent::setText(const QString& text)
 {
     m_textToBe = text;
-    if (m_textArea && text != this->text())
-        m_textArea->setProperty("text", text);
+    if (!m_textArea || text == this->text())
+        return;
+    setHasLongWord(holdsLongWord(text));
+    m_textArea->setProperty("text", text);
+}
+
+void TextAreaContent::textAreaTextChanged()
+{
+    setHasLongWord(holdsLongWord(text()));
+    emit textChanged();
+}
+
+void TextAreaContent::setHasLongWord(bool hasLongWord)
+{
+    if (hasLongWord == m_hasLongWord)
+        return;
+    m_hasLongWord = hasLongWord;
+    emit hasLongWordChanged();
 }
 
 void TextAreaContent::setShouldChange(const QJSValue& function)
@@ -78,11 +96,14 @@ void TextAreaContent::setShouldChange(const QJSValue& function)
     emit shouldChangeChanged();
 }
 
-bool TextAreaContent::accepts(const QString& replacement) const
+bool TextAreaContent::accepts(const QString& replacement)
 {
-    if (replacement.isEmpty() || !m_shouldChange.isCallable())
-        return true;
-    return m_shouldChange.call({QJSValue(replacement)}).toBool();
+    if (!replacement.isEmpty() && m_shouldChange.isCallable() &&
+        !m_shouldChange.call({QJSValue(replacement)}).toBool())
+        return false;
+    if (holdsLongWord(replacement))
+        setHasLongWord(true);
+    return true;
 }
 
 bool TextAreaContent::filterKey(const QKeyEvent& event)

@@ -22,6 +22,7 @@ class TextAreaContent : public QObject {
     QML_ELEMENT
     Q_PROPERTY(QQuickItem* textArea READ textArea WRITE setTextArea NOTIFY textAreaChanged REQUIRED)
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    Q_PROPERTY(bool hasLongWord READ hasLongWord NOTIFY hasLongWordChanged)
     Q_PROPERTY(QJSValue shouldChange READ shouldChange WRITE setShouldChange NOTIFY shouldChangeChanged)
 
 public:
@@ -37,8 +38,11 @@ public:
     /// Setting another text than is there moves the cursor to the beginning.
     void setText(const QString& text);
 
-    /// A function that is given a replacement and says whether it may be typed or pasted. Anything else refuses
-    /// nothing.
+    /// Whether the TextArea should wrap anywhere: see holdsLongWord(). Known before a long text comes in.
+    [[nodiscard]] bool hasLongWord() const { return m_hasLongWord; }
+
+    /// A function that is given a replacement and says whether it may be typed or pasted. Anything else
+    /// refuses nothing.
     [[nodiscard]] QJSValue shouldChange() const { return m_shouldChange; }
 
     void setShouldChange(const QJSValue& function);
@@ -48,17 +52,24 @@ public:
 signals:
     void textAreaChanged();
     void textChanged();
+    void hasLongWordChanged();
     void shouldChangeChanged();
+
+private slots:
+    void textAreaTextChanged();
 
 private:
     [[nodiscard]] QTextDocument* document() const;
 
-    [[nodiscard]] bool accepts(const QString& replacement) const;
+    [[nodiscard]] bool accepts(const QString& replacement);
+    void setHasLongWord(bool hasLongWord);
+
     bool filterKey(const QKeyEvent& event);
     bool filterInputMethod(const QInputMethodEvent& event);
 
     QPointer<QQuickItem> m_textArea;
     QJSValue m_shouldChange;
+    bool m_hasLongWord = false;
     QString m_textToBe; // until there is a TextArea
 };
 

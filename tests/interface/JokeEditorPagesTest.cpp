@@ -129,6 +129,23 @@ TEST_F(JokeEditorPages, WhatMayNotBeTypedLeavesTheFieldAsItIs)
     EXPECT_EQ(fieldText(u"Joke"_qs), u"abcf gMoo\nBoo\n"_qs);
 }
 
+/// Without care for long words this takes more than a minute.
+TEST_F(JokeEditorPages, AMegabyteInOneWordIsPastedSavedAndListed)
+{
+    fill();
+    openWindow();
+    openArea(u"Joke List"_qs);
+    press(QAccessible::Button, u"Add"_qs);
+    focus(QAccessible::EditableText, u"Category"_qs);
+    type(u"A"_qs);
+    focus(QAccessible::EditableText, u"Joke"_qs);
+    QGuiApplication::clipboard()->setText(QString(1'000'000, u'a'));
+    key(Qt::Key_V, Qt::ControlModifier);
+    key(Qt::Key_S, Qt::ControlModifier);
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    EXPECT_EQ(context().fetch(Jokes::fetchRequest()).back()->joke()->size(), 1'000'000U);
+}
+
 TEST_F(JokeEditorPages, ChangesAreLostOnlyWhenTheUserAgrees)
 {
     fill();
