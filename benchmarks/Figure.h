@@ -47,7 +47,7 @@ struct Figure {
 [[nodiscard]] std::vector<Figure> exchangeFigures();
 [[nodiscard]] std::vector<Figure> screenFigures();
 
-enum class ScreenMeasurement { MenuFrame, JokeListFrame, ScrolledFrame, Memory };
+enum class ScreenMeasurement { MenuFrame, JokeListFrame, ScrolledFrame, Memory, EditorFrame, EditorSave };
 
 /// Shows the screens over the collection in @p folder, in this process, and measures one thing about them:
 /// seconds, or bytes of memory. Once in a process; needs a QGuiApplication.

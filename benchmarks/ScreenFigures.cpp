@@ -50,6 +50,30 @@ Sides firstFrameSides(Collections& collections, std::size_t size)
             }};
 }
 
+Sides editorFrameSides(Collections& collections, std::size_t size)
+{
+    const QString folder = collections.folder(size);
+    const QString small = collections.folder(1000);
+    return {[folder] { return measured(ScreenMeasurement::EditorFrame, folder); },
+            [small] { return measured(ScreenMeasurement::EditorFrame, small); }};
+}
+
+/// Against the same change to the same row, by its text, with the plain API.
+Sides editorSaveSides(Collections& collections, std::size_t size)
+{
+    const QString folder = collections.folder(size);
+    return {[folder] { return measured(ScreenMeasurement::EditorSave, folder); },
+            [folder, size] {
+                RawDatabase database(Collections::fileIn(folder), RawDatabase::Sync::Full);
+                RawJoke row = database.jokes("ORDER BY category, joke")[size / 2];
+                row.favorite = 1 - row.favorite;
+                return secondsFor([&] {
+                    database.upsert(row);
+                    return database.jokes("ORDER BY category, joke").size();
+                });
+            }};
+}
+
 double percentile99(std::vector<double> values)
 {
     const auto place = values.begin() + static_cast<std::ptrdiff_t>(values.size() * 99 / 100);
@@ -68,6 +92,10 @@ double measureScreens(ScreenMeasurement measurement, const QString& folder)
     const double listFrame = session.openJokeList();
     if (measurement == ScreenMeasurement::JokeListFrame)
         return listFrame;
+    if (measurement == ScreenMeasurement::EditorFrame || measurement == ScreenMeasurement::EditorSave) {
+        const double editorFrame = session.openEditor();
+        return measurement == ScreenMeasurement::EditorFrame ? editorFrame : session.saveInEditor();
+    }
     const std::vector<double> frames = session.scroll(ScrolledFrames);
     return measurement == ScreenMeasurement::ScrolledFrame ? percentile99(frames) : double(residentBytes());
 }
@@ -86,6 +114,12 @@ std::vector<Figure> screenFigures()
          against(ScreenMeasurement::MenuFrame),
          5},
         {"joke list, tap to first frame", "raw ORDER BY", {.largestValue = 0.3}, firstFrameSides, 5},
+        {"editor, tap to first frame", "with 1,000 jokes", {.largestValue = 0.1}, editorFrameSides, 5},
+        {"editor, save and list anew",
+         "raw upsert and ORDER BY",
+         {.largestValue = 20e-3},
+         editorSaveSides,
+         5},
         {"scrolling, 99 % of frames",
          "empty collection",
          {.largestValue = 16e-3},

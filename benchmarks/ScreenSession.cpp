@@ -4,6 +4,7 @@
 #include "benchmarks/Figure.h"
 #include "store/PreferenceKeys.h"
 
+#include <QAbstractItemModel>
 #include <QEventLoop>
 #include <QQuickItem>
 #include <QTimer>
@@ -46,10 +47,45 @@ double ScreenSession::openJokeList()
         awaitFrame();
         return 0;
     });
+    rest();
+    return seconds;
+}
+
+double ScreenSession::openEditor()
+{
+    QObject& list = screenAround(QStringLiteral("JokeTableView"));
+    const auto& table = *list.property("JokeTableView").value<QAbstractItemModel*>();
+    const double seconds = secondsFor([&] {
+        QMetaObject::invokeMethod(&list, "selectRow", Q_ARG(int, table.rowCount() / 2));
+        awaitFrame();
+        return 0;
+    });
+    rest();
+    return seconds;
+}
+
+double ScreenSession::saveInEditor()
+{
+    QObject& editor = screenAround(QStringLiteral("SaveButton"));
+    const bool isFavorite = editor.property("CheckBox").toString() == QStringLiteral("Checked");
+    const QString other = isFavorite ? QStringLiteral("Unchecked") : QStringLiteral("Checked");
+    QMetaObject::invokeMethod(&editor, "CheckBoxChecked", Q_ARG(QString, other));
+    return secondsFor([&] { return QMetaObject::invokeMethod(&editor, "SaveButtonClicked"); });
+}
+
+QObject& ScreenSession::screenAround(const QString& itemName) const
+{
+    for (auto* item = m_window->findChild<QQuickItem*>(itemName); item; item = item->parentItem())
+        if (auto* screen = item->property("screen").value<QObject*>())
+            return *screen;
+    throw std::runtime_error(itemName.toStdString() + " is not on show");
+}
+
+void ScreenSession::rest()
+{
     QEventLoop loop;
     QTimer::singleShot(1000, &loop, &QEventLoop::quit);
     loop.exec();
-    return seconds;
 }
 
 std::vector<double> ScreenSession::scroll(int frames)

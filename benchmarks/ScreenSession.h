@@ -34,8 +34,20 @@ public:
     /// took.
     std::vector<double> scroll(int frames);
 
+    /// Taps a row in the middle of the joke list; returns the seconds until the editor's first frame, and
+    /// waits until it has come to rest.
+    double openEditor();
+
+    /// Ticks the favourite box in the editor and presses Save; returns the seconds until the save is done and
+    /// the list has fetched anew.
+    double saveInEditor();
+
 private:
     void awaitFrame();
+    static void rest();
+
+    /// The screen of the page that shows the item of that name.
+    [[nodiscard]] QObject& screenAround(const QString& itemName) const;
 
     QTemporaryDir m_settings;
     Preferences m_userDefaults;
