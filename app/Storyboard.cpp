@@ -27,8 +27,7 @@ struct SceneDescription {
 };
 
 constexpr std::array Scenes{
-    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>,
-                     QLatin1StringView("AddJokeView")},
+    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>, QLatin1StringView("AddJokeView")},
     SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
                      QLatin1StringView("EditJokeView")},
     SceneDescription{SegueId::JokeOfDay, makeScreen<JokeOfDayViewController>,

@@ -15,7 +15,6 @@ FocusScope {
     property color borderColor: Theme.line
     /// Room at the field's right end that the text leaves free.
     property real ornamentWidth: 0
-    readonly property Item inputItem: input
     /// The field without its label.
     readonly property rect inputArea: Qt.rect(input.x, input.y, input.width, input.height)
 
