@@ -1,0 +1,365 @@
+// SPDX-License-Identifier: MIT
+#include "tests/lists/NameSide.h"
+#include "tests/support/ScreenFixture.h"
+
+#include <QAbstractItemModelTester>
+
+#include <gmock/gmock.h>
+
+namespace giggle {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using Names = std::vector<std::string>;
+
+/// One side's screens over the names that a test stores.
+class NameScreens : public ScreenFixture {
+protected:
+    explicit NameScreens(const NameSide& side) : m_side(side) {}
+
+    [[nodiscard]] const NameSide& side() const { return m_side; }
+
+    void store(const std::vector<OptionalText>& names)
+    {
+        for (const OptionalText name : names)
+            side().insert(context(), name);
+        context().save();
+    }
+
+    /// What is in the file, in the order of insertion.
+    [[nodiscard]] Names stored()
+    {
+        return RawDatabase(folder.file())
+            .rows("SELECT " + side().table + " FROM " + side().table + " ORDER BY oid");
+    }
+
+    [[nodiscard]] Names rows() const
+    {
+        Names names;
+        const TableModel& table = *list->tableView();
+        for (int row = 0; row < table.rowCount(); ++row)
+            names.push_back(side().label(table.data(table.index(row), TableModel::CellRole)).toStdString());
+        return names;
+    }
+
+    [[nodiscard]] QString header() const { return list->tableView()->headerText(); }
+
+    /// Types a name into the add screen and saves.
+    void add(const QString& name)
+    {
+        const auto screen = side().makeAdd(environment);
+        screen->viewDidLoad();
+        screen->setName(name);
+        screen->SaveGenre();
+    }
+
+    /// Chooses a name, types another into the rename screen and saves.
+    void rename(const QString& from, const QString& to)
+    {
+        selection.*side().selectedName = from;
+        const auto screen = side().makeEdit(environment);
+        screen->viewDidLoad();
+        EXPECT_EQ(screen->name(), from);
+        screen->setName(to);
+        screen->SaveGenre();
+    }
+
+    void removeAll()
+    {
+        list->viewDidLoad();
+        while (list->numberOfRows() > 0)
+            list->deleteRow(0);
+        navigator = {};
+    }
+
+    /// Lets saves fail until the triggers are gone.
+    void refuseWrites()
+    {
+        RawDatabase database(folder.file());
+        for (const std::string event : {"INSERT", "UPDATE"})
+            database.execute("CREATE TRIGGER refuse_" + event + " BEFORE " + event + " ON " + side().table +
+                             " BEGIN SELECT RAISE(ABORT, 'the disk is full'); END");
+    }
+
+private:
+    const NameSide& m_side; // before the list, which is made from it
+
+protected:
+    std::unique_ptr<NameListViewController> list = side().makeList(environment);
+    QAbstractItemModelTester tester{list->tableView(), QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+class NameScreensTest : public NameScreens, public ::testing::WithParamInterface<NameSide> {
+protected:
+    NameScreensTest() : NameScreens(GetParam()) {}
+};
+
+class CategoryListTest : public NameScreens {
+protected:
+    CategoryListTest() : NameScreens(CategoryNames) {}
+};
+
+class RatingListTest : public NameScreens {
+protected:
+    RatingListTest() : NameScreens(RatingNames) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(Sides, NameScreensTest, ::testing::Values(CategoryNames, RatingNames),
+                         [](const auto& side) { return side.param.name; });
+
+} // namespace
+
+TEST_P(NameScreensTest, EveryTextIsTheSides)
+{
+    EXPECT_EQ(list->title(), side().listTitle);
+    EXPECT_EQ(list->searchPlaceholder(), side().searchPlaceholder);
+    EXPECT_EQ(list->hasSearch(), !side().searchPlaceholder.isEmpty());
+    EXPECT_EQ(side().makeAdd(environment)->title(), side().addTitle);
+    EXPECT_EQ(side().makeEdit(environment)->title(), side().editTitle);
+    EXPECT_EQ(side().makeAdd(environment)->fieldName(), side().fieldName);
+}
+
+TEST_P(NameScreensTest, SortTurnsTheOrderOfThisVisitRound)
+{
+    list->viewDidLoad();
+    EXPECT_EQ(header(), side().header + u'0');
+    EXPECT_FALSE(selection.SortAsc);
+
+    store({"b", "", "B", "\u00e9", "a", "a"});
+    list->SortButtonTapped();
+    EXPECT_THAT(rows(), ElementsAre("\u00e9", "b", "a", "a", "B", ""));
+    EXPECT_EQ(header(), side().header + u'6');
+    EXPECT_EQ(selection.SortAsc, false);
+    list->SortButtonTapped();
+    EXPECT_THAT(rows(), ElementsAre("", "B", "a", "a", "b", "\u00e9"));
+    EXPECT_EQ(selection.SortAsc, true);
+
+    list->SortButtonTapped();
+    const auto next = side().makeList(environment);
+    next->viewDidLoad();
+    EXPECT_TRUE(next->sortAsc());
+}
+
+TEST_P(NameScreensTest, LeadsToTheEditorsAndFetchesOnTheWayBack)
+{
+    store({"b", "a"});
+    list->viewDidLoad();
+    list->AddTapped();
+    list->selectRow(1);
+    EXPECT_THAT(navigator.performed, ElementsAre(side().addSegue, side().editSegue));
+    EXPECT_EQ(selection.*side().selectedName, QStringLiteral("b"));
+    for (const int row : {-1, 2})
+        list->selectRow(row);
+    EXPECT_EQ(navigator.performed.size(), 2u);
+
+    store({"c"});
+    EXPECT_TRUE(list->isTargetOf(side().route));
+    EXPECT_FALSE(list->isTargetOf(UnwindRoute::ToList));
+    list->unwound(side().route);
+    EXPECT_THAT(rows(), ElementsAre("a", "b", "c"));
+}
+
+TEST_P(NameScreensTest, DeletesOneRecordForGoodAndNoJoke)
+{
+    addJoke({.category = "twin", .rating = "twin", .id = 1, .joke = "j"});
+    store({"twin", "a", "twin"});
+    list->viewDidLoad();
+    list->deleteRow(1);
+    EXPECT_THAT(rows(), ElementsAre("a", "twin"));
+    EXPECT_EQ(header(), side().header + u'2');
+    EXPECT_THAT(stored(), ElementsAre("a", "twin"));
+    for (const int row : {-1, 2})
+        list->deleteRow(row);
+    EXPECT_EQ(stored().size(), 2u);
+    EXPECT_THAT(RawDatabase(folder.file()).rows("SELECT category, rating FROM jokes"),
+                ElementsAre("twin|twin"));
+}
+
+TEST_P(NameScreensTest, AddStoresTheNameLessBlanksOrSaysWhyNot)
+{
+    struct Case {
+        QString typed;
+        Names stored;
+        QString refusal = {};
+    };
+
+    const std::string taken = "Taken";
+    const QString longName = QStringLiteral("x").repeated(10'000);
+    const Case cases[] = {
+        {{}, {taken}, QStringLiteral("Category not Entered")},
+        {QStringLiteral("Taken"), {taken}, QStringLiteral("Duplicates not allowed")},
+        {QStringLiteral("taken"), {taken, "taken"}},
+        {QStringLiteral(" Taken"), {taken, taken}}, // what is typed is compared, what is trimmed is stored
+        {QStringLiteral("\t\u00a0a b\u3000 "), {taken, "a b"}},
+        {QStringLiteral("  "), {taken, ""}},
+        {QStringLiteral(" \na\n "), {taken, "\na\n"}},
+        {QStringLiteral("a^'\"|\\"), {taken, "a^'\"|\\"}},
+        {longName, {taken, longName.toStdString()}},
+    };
+    for (const Case& c : cases) {
+        removeAll();
+        store({taken});
+        add(c.typed);
+        EXPECT_EQ(stored(), c.stored) << c.typed.left(20).toStdString();
+        ASSERT_EQ(navigator.alerts.size(), c.refusal.isEmpty() ? 0u : 1u);
+        ASSERT_EQ(navigator.unwound.size(), c.refusal.isEmpty() ? 1u : 0u);
+        if (!c.refusal.isEmpty()) {
+            EXPECT_EQ(navigator.alerts[0].title, QStringLiteral("Record not Saved!"));
+            EXPECT_EQ(navigator.alerts[0].message, c.refusal);
+            ASSERT_EQ(navigator.alerts[0].actions.size(), 1u);
+            EXPECT_EQ(navigator.alerts[0].actions[0].title, QStringLiteral("OK"));
+        }
+    }
+}
+
+TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
+{
+    struct Case {
+        QString from;
+        QString to;
+        Names stored;
+    };
+
+    const Case cases[] = {
+        {QStringLiteral("b"), QStringLiteral(" c\u00a0"), {"a", "c", "b"}},
+        {QStringLiteral("b"), QStringLiteral("a"), {"a", "a", "b"}},
+        {QStringLiteral("b"), {}, {"a", "", "b"}},
+        {QStringLiteral("b"), QStringLiteral(" "), {"a", "", "b"}},
+        {QStringLiteral("B"), QStringLiteral("c"), {"a", "b", "b"}}, // there is none
+        {{}, QStringLiteral("c"), {"a", "b", "b"}},
+    };
+    for (const Case& c : cases) {
+        removeAll();
+        store({"a", "b", "b"});
+        rename(c.from, c.to);
+        EXPECT_EQ(stored(), c.stored) << c.to.toStdString();
+        EXPECT_THAT(navigator.unwound, ElementsAre(side().route));
+        EXPECT_THAT(navigator.alerts, IsEmpty());
+    }
+}
+
+TEST_P(NameScreensTest, OnlyTypedChangesAreWorthAQuestion)
+{
+    store({"a"});
+    selection.*side().selectedName = QStringLiteral("a");
+    for (const auto make : {side().makeAdd, side().makeEdit}) {
+        const auto screen = make(environment);
+        screen->viewDidLoad();
+        EXPECT_FALSE(screen->hasUnsavedChanges());
+        screen->setName(QStringLiteral("b"));
+        EXPECT_TRUE(screen->hasUnsavedChanges());
+        screen->SaveGenre();
+        EXPECT_FALSE(screen->hasUnsavedChanges());
+    }
+}
+
+TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
+{
+    store({"a"});
+    list->viewDidLoad();
+    refuseWrites();
+    ::testing::internal::CaptureStderr();
+    add(QStringLiteral("new"));
+    rename(QStringLiteral("a"), QStringLiteral("z"));
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("the disk is full"));
+    EXPECT_THAT(navigator.unwound, ElementsAre(side().route, side().route));
+    list->unwound(side().route);
+    EXPECT_THAT(rows(), ElementsAre("new", "z"));
+    EXPECT_THAT(stored(), ElementsAre("a"));
+
+    RawDatabase(folder.file()).execute("DROP TRIGGER refuse_INSERT; DROP TRIGGER refuse_UPDATE");
+    add(QStringLiteral("newer"));
+    EXPECT_THAT(stored(), ElementsAre("z", "new", "newer"));
+}
+
+TEST_P(NameScreensTest, ATableThatCannotBeReadLeavesTheScreensUsable)
+{
+    RawDatabase(folder.file()).execute("DROP TABLE " + side().table);
+    ::testing::internal::CaptureStderr();
+    list->viewDidLoad();
+    add(QStringLiteral("new"));
+    rename(QStringLiteral("a"), QStringLiteral("b"));
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr(side().table));
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_EQ(navigator.unwound.size(), 2u);
+}
+
+TEST_F(CategoryListTest, OneWithoutANameIsAnEmptyRowThatCanBeDeletedButNotRenamed)
+{
+    store({std::nullopt, "a", std::nullopt});
+    list->viewDidLoad();
+    EXPECT_THAT(rows(), ElementsAre("", "", "a"));
+    selection.selectedCategoryName = QStringLiteral("a");
+    list->selectRow(0);
+    rename(selection.selectedCategoryName, QStringLiteral("b"));
+    EXPECT_THAT(stored(), ElementsAre("NULL", "a", "NULL"));
+    list->deleteRow(0);
+    EXPECT_THAT(stored(), ElementsAre("a", "NULL"));
+    add(QStringLiteral("a"));
+    EXPECT_EQ(navigator.alerts.size(), 1u) << "the records without a name hide the others";
+}
+
+TEST_F(CategoryListTest, ASearchTextNarrowsNothing)
+{
+    store({"a", "b"});
+    list->viewDidLoad();
+    list->setSearchText(QStringLiteral("a"));
+    EXPECT_THAT(rows(), ElementsAre("a", "b"));
+    EXPECT_EQ(header(), QStringLiteral("# Categories = 2"));
+}
+
+TEST_F(RatingListTest, OneWithoutANameEndsTheProgram)
+{
+    store({"a", std::nullopt});
+    EXPECT_DEATH(list->viewDidLoad(), "a rating without a name");
+}
+
+TEST_F(RatingListTest, SearchFindsTheTextAnywhereInEitherCase)
+{
+    store({"Mild", "Mild+", "Adult", "Ämild"});
+    list->viewDidLoad();
+    list->setSearchText(QStringLiteral("MILD"));
+    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+", "Ämild"));
+    EXPECT_EQ(header(), QStringLiteral("# Ratings = 3"));
+    list->setSearchText(QStringLiteral("ä"));
+    EXPECT_THAT(rows(), ElementsAre("Ämild"));
+    list->selectRow(0);
+    EXPECT_EQ(selection.selectedRatingName, QStringLiteral("Ämild"));
+    list->setSearchText(QStringLiteral("nothing like it"));
+    EXPECT_EQ(header(), QStringLiteral("# Ratings = 0"));
+    list->setSearchText({});
+    EXPECT_EQ(header(), QStringLiteral("# Ratings = 4"));
+}
+
+TEST_F(RatingListTest, DeletingWhileSearchingLeavesTheWholeListAsItWas)
+{
+    store({"Mild", "Mild+", "Adult"});
+    list->viewDidLoad();
+    list->setSearchText(QStringLiteral("mild"));
+    list->deleteRow(0);
+    EXPECT_THAT(rows(), ElementsAre("Mild+"));
+    EXPECT_THAT(stored(), ElementsAre("Mild+", "Adult"));
+    list->setSearchText({});
+    EXPECT_THAT(rows(), ElementsAre("Adult", "Mild", "Mild+"));
+    rename(QStringLiteral("Mild"), QStringLiteral("back from the dead"));
+    list->deleteRow(1);
+    EXPECT_THAT(stored(), ElementsAre("Mild+", "Adult"));
+    list->SortButtonTapped();
+    EXPECT_THAT(rows(), ElementsAre("Mild+", "Adult"));
+}
+
+TEST_F(RatingListTest, WhatASearchHasFoundStaysUntilTheTextChanges)
+{
+    store({"Mild", "Mild+"});
+    list->viewDidLoad();
+    list->setSearchText(QStringLiteral("mild"));
+    list->SortButtonTapped();
+    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
+    list->setSearchText(QStringLiteral("mil"));
+    EXPECT_THAT(rows(), ElementsAre("Mild+", "Mild"));
+}
+
+} // namespace giggle
