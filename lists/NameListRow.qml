@@ -10,7 +10,7 @@ SwipeRow {
     required property NameListViewController controller
     property string label
 
-    name: label.trim() || qsTr("No name")
+    name: label.trim().length > 0 ? label : qsTr("No name")
     actionText: qsTr("delete")
     height: Math.round(40 * Theme.textScale)
     onClicked: controller.selectRow(index)

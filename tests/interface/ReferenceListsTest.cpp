@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/interface/InterfaceFixture.h"
 
-#include <QTest>
-
-#include <gmock/gmock.h>
-
 namespace giggle {
 
 namespace {
 
 using namespace Qt::StringLiterals;
-
-using ::testing::ElementsAre;
 
 class ReferenceLists : public InterfaceFixture {
 protected:
@@ -55,69 +49,46 @@ protected:
         EXPECT_TRUE(waitFor(QAccessible::EditableText, field)->state().focused);
     }
 
-    void setFocus(const QString& row)
-    {
-        waitFor(QAccessible::ListItem, row)
-            ->actionInterface()
-            ->doAction(QAccessibleActionInterface::setFocusAction());
-    }
-
-    /// Adds "Ape", renames it and deletes it again, on the page of one side.
-    void addRenameAndDelete(const QString& list, const QString& field, const QStringList& rest)
+    /// On the page of one side: adds "Ape", renames @p name to "Zoo" and deletes "Ape" again. @p before are
+    /// the rows above them.
+    void addRenameAndDelete(const QString& list, const QString& field, const QString& name,
+                            const QStringList& before)
     {
         open(QAccessible::Button, list);
-        waitForRows(rest);
+        waitForRows(before + QStringList{name});
         openEditor(QAccessible::Button, u"Add"_qs, field);
         type(u"Ape"_qs);
-        press(QAccessible::Button, u"Save"_qs);
-        waitForRows(QStringList{rest}.mid(0, rest.size() - 1) + QStringList{u"Ape"_qs, rest.last()});
-
+        key(Qt::Key_Return);
+        key(Qt::Key_Return); // while the page slides out: no second Ape
+        waitForRows(before + QStringList{u"Ape"_qs, name});
         waitForRest();
 
-        openEditor(QAccessible::ListItem, u"Ape"_qs, field);
+        openEditor(QAccessible::ListItem, name, field);
         key(Qt::Key_A, Qt::ControlModifier);
         type(u"Zoo"_qs);
-        key(Qt::Key_Return);
-        waitForRows(rest + QStringList{u"Zoo"_qs});
+        press(QAccessible::Button, u"Save"_qs);
+        waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
         waitForRest();
 
-        setFocus(u"Zoo"_qs);
+        waitFor(QAccessible::ListItem, u"Ape"_qs)
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::setFocusAction());
         key(Qt::Key_Delete);
-        waitForRows(rest);
+        waitForRows(before + QStringList{u"Zoo"_qs});
         key(Qt::Key_Escape);
         waitForRest();
     }
 };
 
-TEST_F(ReferenceLists, NamesOfBothSidesAreAddedRenamedAndDeleted)
+TEST_F(ReferenceLists, NamesOfBothSidesAreAddedRenamedAndDeletedAndJokesLeftAlone)
 {
     openWithNames();
-    addRenameAndDelete(u"Categories"_qs, u"Category"_qs, {u"No name"_qs, u"Puns"_qs});
-    addRenameAndDelete(u"Ratings"_qs, u"Rating"_qs, {u"Mild"_qs});
+    addRenameAndDelete(u"Categories"_qs, u"Category"_qs, u"Puns"_qs, {u"No name"_qs});
+    addRenameAndDelete(u"Ratings"_qs, u"Rating"_qs, u"Mild"_qs, {});
     EXPECT_FALSE(context().hasChanges());
-}
-
-TEST_F(ReferenceLists, RenamingLeavesJokesAlone)
-{
-    openWithNames();
-    open(QAccessible::Button, u"Categories"_qs);
-    openEditor(QAccessible::ListItem, u"Puns"_qs, u"Category"_qs);
-    key(Qt::Key_End);
-    type(u"ch"_qs);
-    key(Qt::Key_S, Qt::ControlModifier);
-    waitForRows({u"No name"_qs, u"Punsch"_qs});
-    EXPECT_EQ(context().fetch(Jokes::fetchRequest()).front()->category(), "Puns");
-}
-
-TEST_F(ReferenceLists, EnterPressedTwiceStoresANameOnce)
-{
-    openWithNames();
-    open(QAccessible::Button, u"Ratings"_qs);
-    openEditor(QAccessible::Button, u"Add"_qs, u"Rating"_qs);
-    type(u"Adult"_qs);
-    key(Qt::Key_Return);
-    key(Qt::Key_Return);
-    waitForRows({u"Adult"_qs, u"Mild"_qs});
+    const Jokes& joke = *context().fetch(Jokes::fetchRequest()).front();
+    EXPECT_EQ(joke.category(), "Puns");
+    EXPECT_EQ(joke.rating(), "Mild");
 }
 
 TEST_F(ReferenceLists, OddNamesPassThroughTheFieldUnchanged)
@@ -148,18 +119,6 @@ TEST_F(ReferenceLists, ARefusalGivesTheFieldBackAndTypedTextIsNotLostUnasked)
     key(Qt::Key_Escape);
     waitFor(QAccessible::Dialog, u"Discard Changes?"_qs);
     press(QAccessible::Button, u"Discard"_qs);
-    waitForRows({u"Mild"_qs});
-}
-
-TEST_F(ReferenceLists, TypingInTheRatingSearchNarrowsTheRows)
-{
-    insertRating(context(), "Adult");
-    openWithNames();
-    open(QAccessible::Button, u"Ratings"_qs);
-    waitForRows({u"Adult"_qs, u"Mild"_qs});
-    key(Qt::Key_F, Qt::ControlModifier);
-    type(u"ILD"_qs);
-    waitFor(QAccessible::Heading, u"# Ratings = 1"_qs);
     waitForRows({u"Mild"_qs});
 }
 

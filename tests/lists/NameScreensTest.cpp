@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "tests/lists/NameSide.h"
+#include "lists/AddCategoryViewController.h"
+#include "lists/AddRatingViewController.h"
+#include "lists/CategoryTableViewController.h"
+#include "lists/EditCategoryViewController.h"
+#include "lists/EditRatingViewController.h"
+#include "lists/RatingTableViewController.h"
 #include "tests/support/ScreenFixture.h"
+#include "ui/SharedSelection.h"
 
 #include <QAbstractItemModelTester>
 
@@ -15,6 +21,45 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Names = std::vector<std::string>;
 
+/// One side's classes, and the texts of its screens.
+struct NameSide {
+    std::string table; ///< whose one column has the same name
+    const ListSide& ways;
+    std::unique_ptr<NameListViewController> (*makeList)(ScreenEnvironment&);
+    std::unique_ptr<NameEditor> (*makeAdd)(ScreenEnvironment&);
+    std::unique_ptr<NameEditor> (*makeEdit)(ScreenEnvironment&);
+    QString (*label)(const QVariant& cell);
+    QString header;
+    QStringList texts;
+};
+
+template <class Base, class ScreenClass>
+std::unique_ptr<Base> make(ScreenEnvironment& environment)
+{
+    return std::make_unique<ScreenClass>(environment);
+}
+
+const NameSide CategoryNames{
+    "category",
+    CategorySide,
+    make<NameListViewController, CategoryTableViewController>,
+    make<NameEditor, AddCategoryViewController>,
+    make<NameEditor, EditCategoryViewController>,
+    [](const QVariant& cell) { return cell.value<CategoryTableViewCell>().CategoryNameLabel; },
+    "# Categories = ",
+    {"Categories", "", "Add Category", "Edit Category", "Category"},
+};
+const NameSide RatingNames{
+    "rating",
+    RatingSide,
+    make<NameListViewController, RatingTableViewController>,
+    make<NameEditor, AddRatingViewController>,
+    make<NameEditor, EditRatingViewController>,
+    [](const QVariant& cell) { return cell.value<RatingTableViewCell>().RatingNameLabel; },
+    "# Ratings = ",
+    {"Ratings", "Sort and Search By Rating", "Add Rating", "Edit Rating", "Rating"},
+};
+
 /// One side's screens over the names that a test stores.
 class NameScreens : public ScreenFixture {
 protected:
@@ -24,8 +69,12 @@ protected:
 
     void store(const std::vector<OptionalText>& names)
     {
-        for (const OptionalText name : names)
-            side().insert(context(), name);
+        for (const OptionalText name : names) {
+            if (side().table == "category")
+                insertCategory(context(), name);
+            else
+                insertRating(context(), name);
+        }
         context().save();
     }
 
@@ -59,7 +108,7 @@ protected:
     /// Chooses a name, types another into the rename screen and saves.
     void rename(const QString& from, const QString& to)
     {
-        selection.*side().selectedName = from;
+        selection.*side().ways.selectedName = from;
         const auto screen = side().makeEdit(environment);
         screen->viewDidLoad();
         EXPECT_EQ(screen->name(), from);
@@ -108,18 +157,17 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Sides, NameScreensTest, ::testing::Values(CategoryNames, RatingNames),
-                         [](const auto& side) { return side.param.name; });
+                         [](const auto& side) { return side.param.table; });
 
 } // namespace
 
 TEST_P(NameScreensTest, EveryTextIsTheSides)
 {
-    EXPECT_EQ(list->title(), side().listTitle);
-    EXPECT_EQ(list->searchPlaceholder(), side().searchPlaceholder);
-    EXPECT_EQ(list->hasSearch(), !side().searchPlaceholder.isEmpty());
-    EXPECT_EQ(side().makeAdd(environment)->title(), side().addTitle);
-    EXPECT_EQ(side().makeEdit(environment)->title(), side().editTitle);
-    EXPECT_EQ(side().makeAdd(environment)->fieldName(), side().fieldName);
+    const auto add = side().makeAdd(environment);
+    const auto edit = side().makeEdit(environment);
+    EXPECT_EQ(QStringList(
+                  {list->title(), list->searchPlaceholder(), add->title(), edit->title(), edit->fieldName()}),
+              side().texts);
 }
 
 TEST_P(NameScreensTest, SortTurnsTheOrderOfThisVisitRound)
@@ -149,16 +197,16 @@ TEST_P(NameScreensTest, LeadsToTheEditorsAndFetchesOnTheWayBack)
     list->viewDidLoad();
     list->AddTapped();
     list->selectRow(1);
-    EXPECT_THAT(navigator.performed, ElementsAre(side().addSegue, side().editSegue));
-    EXPECT_EQ(selection.*side().selectedName, QStringLiteral("b"));
+    EXPECT_THAT(navigator.performed, ElementsAre(side().ways.addSegue, side().ways.editSegue));
+    EXPECT_EQ(selection.*side().ways.selectedName, QStringLiteral("b"));
     for (const int row : {-1, 2})
         list->selectRow(row);
     EXPECT_EQ(navigator.performed.size(), 2u);
 
     store({"c"});
-    EXPECT_TRUE(list->isTargetOf(side().route));
+    EXPECT_TRUE(list->isTargetOf(side().ways.unwindRoute));
     EXPECT_FALSE(list->isTargetOf(UnwindRoute::ToList));
-    list->unwound(side().route);
+    list->unwound(side().ways.unwindRoute);
     EXPECT_THAT(rows(), ElementsAre("a", "b", "c"));
 }
 
@@ -236,7 +284,7 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
         store({"a", "b", "b"});
         rename(c.from, c.to);
         EXPECT_EQ(stored(), c.stored) << c.to.toStdString();
-        EXPECT_THAT(navigator.unwound, ElementsAre(side().route));
+        EXPECT_THAT(navigator.unwound, ElementsAre(side().ways.unwindRoute));
         EXPECT_THAT(navigator.alerts, IsEmpty());
     }
 }
@@ -244,7 +292,7 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
 TEST_P(NameScreensTest, OnlyTypedChangesAreWorthAQuestion)
 {
     store({"a"});
-    selection.*side().selectedName = QStringLiteral("a");
+    selection.*side().ways.selectedName = QStringLiteral("a");
     for (const auto make : {side().makeAdd, side().makeEdit}) {
         const auto screen = make(environment);
         screen->viewDidLoad();
@@ -265,8 +313,8 @@ TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
     add(QStringLiteral("new"));
     rename(QStringLiteral("a"), QStringLiteral("z"));
     EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("the disk is full"));
-    EXPECT_THAT(navigator.unwound, ElementsAre(side().route, side().route));
-    list->unwound(side().route);
+    EXPECT_THAT(navigator.unwound, ElementsAre(side().ways.unwindRoute, side().ways.unwindRoute));
+    list->unwound(side().ways.unwindRoute);
     EXPECT_THAT(rows(), ElementsAre("new", "z"));
     EXPECT_THAT(stored(), ElementsAre("a"));
 
