@@ -58,15 +58,15 @@ protected:
         waitForRows(before + QStringList{name});
         openEditor(QAccessible::Button, u"Add"_qs, field);
         type(u"Ape"_qs);
-        key(Qt::Key_Return);
-        key(Qt::Key_Return); // while the page slides out: no second Ape
+        press(QAccessible::Button, u"Save"_qs);
+        press(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
         waitForRows(before + QStringList{u"Ape"_qs, name});
         waitForRest();
 
         openEditor(QAccessible::ListItem, name, field);
         key(Qt::Key_A, Qt::ControlModifier);
         type(u"Zoo"_qs);
-        press(QAccessible::Button, u"Save"_qs);
+        key(Qt::Key_Return);
         waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
         waitForRest();
 

@@ -112,6 +112,7 @@ protected:
         const auto screen = side().makeEdit(environment);
         screen->viewDidLoad();
         EXPECT_EQ(screen->name(), from);
+        EXPECT_FALSE(screen->hasUnsavedChanges());
         screen->setName(to);
         screen->SaveGenre();
     }
@@ -146,13 +147,11 @@ protected:
     NameScreensTest() : NameScreens(GetParam()) {}
 };
 
-class CategoryListTest : public NameScreens {
-protected:
+struct CategoryListTest : NameScreens {
     CategoryListTest() : NameScreens(CategoryNames) {}
 };
 
-class RatingListTest : public NameScreens {
-protected:
+struct RatingListTest : NameScreens {
     RatingListTest() : NameScreens(RatingNames) {}
 };
 
@@ -199,9 +198,6 @@ TEST_P(NameScreensTest, LeadsToTheEditorsAndFetchesOnTheWayBack)
     list->selectRow(1);
     EXPECT_THAT(navigator.performed, ElementsAre(side().ways.addSegue, side().ways.editSegue));
     EXPECT_EQ(selection.*side().ways.selectedName, QStringLiteral("b"));
-    for (const int row : {-1, 2})
-        list->selectRow(row);
-    EXPECT_EQ(navigator.performed.size(), 2u);
 
     store({"c"});
     EXPECT_TRUE(list->isTargetOf(side().ways.unwindRoute));
@@ -219,9 +215,7 @@ TEST_P(NameScreensTest, DeletesOneRecordForGoodAndNoJoke)
     EXPECT_THAT(rows(), ElementsAre("a", "twin"));
     EXPECT_EQ(header(), side().header + u'2');
     EXPECT_THAT(stored(), ElementsAre("a", "twin"));
-    for (const int row : {-1, 2})
-        list->deleteRow(row);
-    EXPECT_EQ(stored().size(), 2u);
+    list->deleteRow(2); // there is none any more
     EXPECT_THAT(RawDatabase(folder.file()).rows("SELECT category, rating FROM jokes"),
                 ElementsAre("twin|twin"));
 }
@@ -286,21 +280,6 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
         EXPECT_EQ(stored(), c.stored) << c.to.toStdString();
         EXPECT_THAT(navigator.unwound, ElementsAre(side().ways.unwindRoute));
         EXPECT_THAT(navigator.alerts, IsEmpty());
-    }
-}
-
-TEST_P(NameScreensTest, OnlyTypedChangesAreWorthAQuestion)
-{
-    store({"a"});
-    selection.*side().ways.selectedName = QStringLiteral("a");
-    for (const auto make : {side().makeAdd, side().makeEdit}) {
-        const auto screen = make(environment);
-        screen->viewDidLoad();
-        EXPECT_FALSE(screen->hasUnsavedChanges());
-        screen->setName(QStringLiteral("b"));
-        EXPECT_TRUE(screen->hasUnsavedChanges());
-        screen->SaveGenre();
-        EXPECT_FALSE(screen->hasUnsavedChanges());
     }
 }
 
@@ -376,8 +355,6 @@ TEST_F(RatingListTest, SearchFindsTheTextAnywhereInEitherCase)
     EXPECT_THAT(rows(), ElementsAre("Ämild"));
     list->selectRow(0);
     EXPECT_EQ(selection.selectedRatingName, QStringLiteral("Ämild"));
-    list->setSearchText(QStringLiteral("nothing like it"));
-    EXPECT_EQ(header(), QStringLiteral("# Ratings = 0"));
     list->setSearchText({});
     EXPECT_EQ(header(), QStringLiteral("# Ratings = 4"));
 }
@@ -387,27 +364,18 @@ TEST_F(RatingListTest, DeletingWhileSearchingLeavesTheWholeListAsItWas)
     store({"Mild", "Mild+", "Adult"});
     list->viewDidLoad();
     list->setSearchText(QStringLiteral("mild"));
+    list->SortButtonTapped(); // the search is not repeated
+    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
     list->deleteRow(0);
     EXPECT_THAT(rows(), ElementsAre("Mild+"));
     EXPECT_THAT(stored(), ElementsAre("Mild+", "Adult"));
     list->setSearchText({});
-    EXPECT_THAT(rows(), ElementsAre("Adult", "Mild", "Mild+"));
+    EXPECT_THAT(rows(), ElementsAre("Mild+", "Mild", "Adult"));
     rename(QStringLiteral("Mild"), QStringLiteral("back from the dead"));
     list->deleteRow(1);
     EXPECT_THAT(stored(), ElementsAre("Mild+", "Adult"));
     list->SortButtonTapped();
-    EXPECT_THAT(rows(), ElementsAre("Mild+", "Adult"));
-}
-
-TEST_F(RatingListTest, WhatASearchHasFoundStaysUntilTheTextChanges)
-{
-    store({"Mild", "Mild+"});
-    list->viewDidLoad();
-    list->setSearchText(QStringLiteral("mild"));
-    list->SortButtonTapped();
-    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
-    list->setSearchText(QStringLiteral("mil"));
-    EXPECT_THAT(rows(), ElementsAre("Mild+", "Mild"));
+    EXPECT_THAT(rows(), ElementsAre("Adult", "Mild+"));
 }
 
 } // namespace giggle
