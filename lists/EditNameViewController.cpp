@@ -24,7 +24,7 @@ void EditNameViewController::SaveGenre()
 
 const QString& EditNameViewController::selectedName() const
 {
-    return environment().selection.*side().selectedName;
+    return environment().selection.*side().nameToRename;
 }
 
 } // namespace giggle

@@ -80,7 +80,7 @@ constinit const ListSide CategorySide{
     .addSegue = SegueId::AddCategory,
     .editSegue = SegueId::EditCategory,
     .unwindRoute = UnwindRoute::ToCategoryList,
-    .selectedName = &SharedSelection::selectedCategoryName,
+    .nameToRename = &SharedSelection::selectedCategoryName,
     .records = recordsOf<Category>(),
     // ---- end of the name lists ----
 };
@@ -100,7 +100,7 @@ constinit const ListSide RatingSide{
     .addSegue = SegueId::AddRating,
     .editSegue = SegueId::EditRating,
     .unwindRoute = UnwindRoute::ToRatingList,
-    .selectedName = &SharedSelection::selectedRatingName,
+    .nameToRename = &SharedSelection::selectedRatingName,
     .records = recordsOf<Rating>(),
     // ---- end of the name lists ----
 };

@@ -63,7 +63,7 @@ struct ListSide {
     SegueId addSegue;
     SegueId editSegue;
     UnwindRoute unwindRoute;
-    QString SharedSelection::*selectedName; ///< carries the chosen name to the rename screen
+    QString SharedSelection::*nameToRename; ///< the name that was chosen in the list
     /// @}
 
     NameRecords records;

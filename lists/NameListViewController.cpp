@@ -90,7 +90,7 @@ void NameListViewController::selectRow(int row)
 {
     if (!hasRow(row))
         return;
-    environment().selection.*m_side.selectedName = nameInRow(row);
+    environment().selection.*m_side.nameToRename = nameInRow(row);
     environment().navigator.performSegue(m_side.editSegue);
 }
 

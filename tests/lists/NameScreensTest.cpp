@@ -108,7 +108,7 @@ protected:
     /// Chooses a name, types another into the rename screen and saves.
     void rename(const QString& from, const QString& to)
     {
-        selection.*side().ways.selectedName = from;
+        selection.*side().ways.nameToRename = from;
         const auto screen = side().makeEdit(environment);
         screen->viewDidLoad();
         EXPECT_EQ(screen->name(), from);
@@ -197,7 +197,7 @@ TEST_P(NameScreensTest, LeadsToTheEditorsAndFetchesOnTheWayBack)
     list->AddTapped();
     list->selectRow(1);
     EXPECT_THAT(navigator.performed, ElementsAre(side().ways.addSegue, side().ways.editSegue));
-    EXPECT_EQ(selection.*side().ways.selectedName, QStringLiteral("b"));
+    EXPECT_EQ(selection.*side().ways.nameToRename, QStringLiteral("b"));
 
     store({"c"});
     EXPECT_TRUE(list->isTargetOf(side().ways.unwindRoute));
