@@ -41,6 +41,7 @@ FocusScope {
         focus: true
         leftPadding: Theme.unit
         rightPadding: Theme.unit + control.ornamentWidth
+        maximumLength: 0x7fffffff // there is no limit; the usual one would cut off a longer text that is only shown
         text: control.text
         readOnly: control.readOnly
         color: Theme.text

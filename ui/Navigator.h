@@ -26,6 +26,12 @@ enum class Id {
     RateShare,
     AppOverview,
     EditJoke,
+    CategoryList,
+    AddCategory,
+    EditCategory,
+    RatingList,
+    AddRating,
+    EditRating,
 };
 Q_ENUM_NS(Id)
 
