@@ -4,6 +4,9 @@
 #include "jokes/AddJokeViewController.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
+#include "lists/CategoryBreakdownTableViewController.h"
+#include "lists/RatingBreakdownTableViewController.h"
+#include "lists/TabBarController.h"
 #include "shell/JokeOfDayViewController.h"
 #include "shell/ViewController.h"
 
@@ -27,14 +30,19 @@ struct SceneDescription {
 };
 
 constexpr std::array Scenes{
-    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>,
-                     QLatin1StringView("AddJokeView")},
+    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>, QLatin1StringView("AddJokeView")},
+    SceneDescription{SegueId::CategoryBreakdown, makeScreen<CategoryBreakdownTableViewController>,
+                     QLatin1StringView("CategoryBreakdownView")},
     SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
                      QLatin1StringView("EditJokeView")},
     SceneDescription{SegueId::JokeOfDay, makeScreen<JokeOfDayViewController>,
                      QLatin1StringView("JokeOfDayView")},
     SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,
                      QLatin1StringView("JokeListView")},
+    SceneDescription{SegueId::RatingBreakdown, makeScreen<RatingBreakdownTableViewController>,
+                     QLatin1StringView("RatingBreakdownView")},
+    SceneDescription{SegueId::TabBarController, makeScreen<TabBarController>,
+                     QLatin1StringView("TabBarView")},
 };
 
 const SceneDescription* sceneBehind(SegueId segue)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One joke in the joke list: category and check box, the joke, its rating. Thousands of rows fly past, so it
-// has few items and computes its own layout. The check box follows the cell until it is ticked, which
-// `favoriteTicked` tells.
+// One joke in a list of jokes: category and check box, the joke, its rating where the list shows it. Thousands
+// of rows fly past, so it has few items and computes its own layout. The check box follows the cell until it is
+// ticked, which `favoriteTicked` tells.
 import QtQuick
 import GiggleArchives
 
@@ -14,7 +14,6 @@ SwipeRow {
     signal favoriteTicked(bool checked)
 
     name: cell.accessibleName || qsTr("Empty row")
-    actionText: qsTr("delete")
     height: cell.hasContent ? rating.y + rating.height + Theme.unit : Theme.touchTarget
     onSpacePressed: if (cell.hasContent)
         favoriteBox.toggle()
@@ -67,8 +66,10 @@ SwipeRow {
         id: rating
 
         x: row.margin
-        y: joke.y + joke.height + Theme.unit
+        y: joke.y + joke.height + (visible ? Theme.unit : 0)
         width: joke.width
+        height: visible ? implicitHeight : 0
+        visible: text.length > 0
         text: row.cell.RatingLabel
         textFormat: Text.PlainText
         color: Theme.brightInk

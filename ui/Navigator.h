@@ -26,6 +26,8 @@ enum class Id {
     RateShare,
     AppOverview,
     EditJoke,
+    CategoryBreakdown,
+    RatingBreakdown,
 };
 Q_ENUM_NS(Id)
 
