@@ -45,6 +45,7 @@ struct Figure {
 [[nodiscard]] std::vector<Figure> storeFigures();
 [[nodiscard]] std::vector<Figure> searchFigures();
 [[nodiscard]] std::vector<Figure> exchangeFigures();
+[[nodiscard]] std::vector<Figure> groupFigures();
 [[nodiscard]] std::vector<Figure> screenFigures();
 
 enum class ScreenMeasurement { MenuFrame, JokeListFrame, ScrolledFrame, Memory };
