@@ -86,16 +86,28 @@ Sides groupSides(Collections& collections, std::size_t size)
     return {[desk, ours] { return secondsFor(ours); }, [baseline] { return secondsFor(baseline); }};
 }
 
-/// A collection to be changed, 20,000 jokes of whose 65,536 have one category.
-std::shared_ptr<Desk> deskWithLargeCategory(Collections& collections, std::size_t size)
+/// The folder of a collection to be changed, 20,000 jokes of whose 65,536 have one category.
+QString folderWithLargeCategory(Collections& collections, std::size_t size)
 {
-    auto desk = std::make_shared<Desk>(collections.copy(size));
-    const std::vector<Jokes*> jokes = desk->context().fetch(Jokes::fetchRequest());
+    QString folder = collections.copy(size);
+    const PersistentContainer container = Collections::open(folder);
+    const std::vector<Jokes*> jokes = container.viewContext().fetch(Jokes::fetchRequest());
     for (std::size_t i = 0; i < size * 20'000 / LargestSize; ++i)
         jokes[i * 7919 % size]->setCategory(LargeCategory);
-    desk->context().save();
+    container.viewContext().save();
+    return folder;
+}
+
+std::shared_ptr<Desk> deskWithLargeCategory(Collections& collections, std::size_t size)
+{
+    auto desk = std::make_shared<Desk>(folderWithLargeCategory(collections, size));
     desk->selection.SelectedCategory = QString::fromUtf8(LargeCategory);
     return desk;
+}
+
+std::vector<RawJoke> jokesOfLargeCategory(RawDatabase& raw)
+{
+    return raw.jokes("WHERE category = '" + std::string(LargeCategory) + "' ORDER BY joke");
 }
 
 /// Makes the context forget which results it has kept.
@@ -116,15 +128,25 @@ Sides breakdownSides(Collections& collections, std::size_t size)
             benchmark::DoNotOptimize(breakdown.cellForRow(row));
         return breakdown.numberOfRows();
     };
-    const auto baseline = [desk] {
-        return desk->raw.jokes("WHERE category = '" + std::string(LargeCategory) + "' ORDER BY joke");
-    };
+    const auto baseline = [desk] { return jokesOfLargeCategory(desk->raw); };
     if (static_cast<std::size_t>(open()) != baseline().size())
         throw std::logic_error("both sides of a breakdown must find the same jokes");
     return {[desk, open] {
                 fetchOtherThings(desk->context());
                 return secondsFor(open);
             },
+            [baseline] { return secondsFor(baseline); }};
+}
+
+/// The same with its page, from the tap on.
+Sides firstFrameSides(Collections& collections, std::size_t size)
+{
+    const QString folder = folderWithLargeCategory(collections, size);
+    const auto baseline = [folder] {
+        RawDatabase raw(Collections::fileIn(folder), RawDatabase::Sync::Full);
+        return jokesOfLargeCategory(raw);
+    };
+    return {[folder] { return measuredElsewhere(ScreenMeasurement::BreakdownFrame, folder); },
             [baseline] { return secondsFor(baseline); }};
 }
 
@@ -161,6 +183,11 @@ std::vector<Figure> groupFigures()
     return {
         {"groups of both sides, with counts", "raw GROUP BY", {.largestValue = 1e-3}, groupSides, 51},
         {"breakdown, opened", "raw WHERE and ORDER BY", {.largestValue = 0.1}, breakdownSides},
+        {"breakdown, tap to first frame",
+         "raw WHERE and ORDER BY",
+         {.largestValue = 0.1},
+         firstFrameSides,
+         5},
         {"favorite tick", "raw upsert, full sync", {.largestRatio = 1.1}, tickSides, 101},
     };
 }

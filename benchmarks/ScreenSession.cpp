@@ -2,6 +2,7 @@
 #include "benchmarks/ScreenSession.h"
 
 #include "benchmarks/Figure.h"
+#include "lists/TabBarController.h"
 #include "store/PreferenceKeys.h"
 
 #include <QEventLoop>
@@ -46,10 +47,33 @@ double ScreenSession::openJokeList()
         awaitFrame();
         return 0;
     });
-    QEventLoop loop;
-    QTimer::singleShot(1000, &loop, &QEventLoop::quit);
-    loop.exec();
+    awaitRest();
     return seconds;
+}
+
+double ScreenSession::openLargestBreakdown()
+{
+    m_interface.navigation().performSegue(SegueId::TabBarController);
+    awaitRest();
+    TabBarController* tabs = nullptr;
+    for (const QQuickItem* item : m_window->findChildren<QQuickItem*>())
+        if (auto* screen = item->property("screen").value<TabBarController*>())
+            tabs = screen;
+    if (!tabs)
+        throw std::runtime_error("the groups are not on show");
+    GroupTableViewController& groups = *tabs->categoryGroups();
+    const auto count = [&](int row) {
+        return groups.cellForRow(row).value<GroupTableViewCell>().CountLabel.toInt();
+    };
+    int largest = 0;
+    for (int row = 1; row < groups.numberOfRows(); ++row)
+        if (count(row) > count(largest))
+            largest = row;
+    return secondsFor([&] {
+        groups.selectRow(largest);
+        awaitFrame();
+        return 0;
+    });
 }
 
 std::vector<double> ScreenSession::scroll(int frames)
@@ -77,6 +101,13 @@ void ScreenSession::awaitFrame()
 {
     QEventLoop loop;
     QObject::connect(m_window, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void ScreenSession::awaitRest()
+{
+    QEventLoop loop;
+    QTimer::singleShot(1000, &loop, &QEventLoop::quit);
     loop.exec();
 }
 

@@ -111,26 +111,18 @@ void BreakdownTableViewController::selectRow(int row)
 {
     if (!hasRow(row))
         return;
-    m_selectedRow = row;
-    passOnSelection(row);
-    environment().navigator.performSegue(SegueId::EditJoke);
-}
-
-void BreakdownTableViewController::prepareForSegue(SegueId)
-{
-    environment().selection.CallingScreen = side().breakdownCallingScreen.toString();
-    if (hasRow(m_selectedRow))
-        passOnSelection(m_selectedRow);
-}
-
-void BreakdownTableViewController::passOnSelection(int row)
-{
     const Jokes& joke = jokeAt(row);
     SharedSelection& selection = environment().selection;
     if (joke.joke())
         selection.SelectedJokeText = textOrEmpty(joke.joke());
     if (joke.category())
         selection.SelectedCategory = textOrEmpty(joke.category());
+    environment().navigator.performSegue(SegueId::EditJoke);
+}
+
+void BreakdownTableViewController::prepareForSegue(SegueId)
+{
+    environment().selection.CallingScreen = side().breakdownCallingScreen.toString();
 }
 
 void BreakdownTableViewController::checkBoxClicked(int row, bool isChecked)

@@ -65,7 +65,6 @@ private:
     using JokeArray = std::vector<Jokes*>;
 
     void loadJokes();
-    void passOnSelection(int row);
 
     [[nodiscard]] const JokeArray& listOnShow() const
     {
@@ -82,7 +81,6 @@ private:
     QFont m_font;
     JokeArray m_jokeList;
     JokeArray m_filteredJokeList;
-    int m_selectedRow = -1;
     bool m_isSearchPrepared = false;
 };
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A group screen within the tabs: it has a bar of its own, as the navigation bar is hidden here.
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import GiggleArchives

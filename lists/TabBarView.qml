@@ -17,15 +17,18 @@ AppPage {
         anchors.bottom: tabs.top
         width: parent.width
         visible: page.screen.selectedIndex === 0
-        focus: visible
+        focus: true
+        onVisibleChanged: page.follow(categories)
         isActive: page.isActive && visible
         screen: page.screen.CategoryGroups
         title: page.title
     }
     GroupPane {
+        id: ratings
+
         anchors.fill: categories
         visible: page.screen.selectedIndex === 1
-        focus: visible
+        onVisibleChanged: page.follow(ratings)
         isActive: page.isActive && visible
         screen: page.screen.RatingGroups
         title: page.title
@@ -38,5 +41,11 @@ AppPage {
         titles: page.screen.tabTitles
         currentIndex: page.screen.selectedIndex
         onActivated: index => page.screen.selectedIndex = index
+    }
+
+    /// The keyboard goes to the group screen that comes into sight, unless the tabs have it.
+    function follow(pane: Item) {
+        if (pane.visible && !tabs.activeFocus)
+            pane.focus = true;
     }
 }

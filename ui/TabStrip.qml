@@ -77,7 +77,7 @@ FocusScope {
                     minimumPixelSize: 8
                 }
                 background: Rectangle {
-                    color: Qt.tint(Theme.surface, tab.down ? "#30808080" : "transparent")
+                    color: tab.down ? "#30808080" : "transparent"
 
                     Rectangle {
                         width: parent.width

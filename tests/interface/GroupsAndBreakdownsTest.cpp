@@ -119,6 +119,13 @@ TEST_F(GroupsAndBreakdowns, KeysReachEverythingAndActOnce)
         key(Qt::Key_Tab);
     key(Qt::Key_Right);
     waitFor(QAccessible::Heading, u"# Ratings = 2"_qs);
+    key(Qt::Key_Left);
+    waitFor(QAccessible::Heading, u"# Categories = 2"_qs);
+    key(Qt::Key_Backtab);
+    press(QAccessible::PageTab, u"Ratings"_qs);
+    EXPECT_TRUE(hasRows({u"Adult, 1"_qs, u"Mild, 1"_qs}));
+    key(Qt::Key_Return);
+    waitFor(QAccessible::Heading, u"(Adult)"_qs);
 }
 
 } // namespace
