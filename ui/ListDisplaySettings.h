@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/AttributedText.h"
 #include "store/Attribute.h"
-#include "ui/AttributedText.h"
 
 #include <QColor>
 #include <QString>
