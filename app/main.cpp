@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/DailyCopying.h"
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
@@ -75,6 +76,8 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation)
     Preferences userDefaults(places.preferenceFile());
     AppDelegate appDelegate(places.collectionFolder());
     appDelegate.applicationDidFinishLaunching();
+
+    const DailyCopying dailyCopying(appDelegate);
 
     PortalInterfaceStyle interfaceStyle;
     LinuxFonts fonts;
