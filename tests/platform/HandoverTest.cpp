@@ -2,7 +2,7 @@
 #include "platform/MessageAddress.h"
 #include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxMailComposer.h"
-#include "tests/platform/FakePortal.h"
+#include "tests/platform/FakeRequestPortal.h"
 #include "tests/platform/PrivateBus.h"
 #include "tests/platform/SpinUntil.h"
 #include "tests/support/FakePlatform.h"
@@ -10,6 +10,8 @@
 #include <QDateTime>
 #include <QDir>
 #include <QTemporaryDir>
+
+#include <map>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -19,17 +21,39 @@ namespace giggle {
 
 namespace {
 
-/// A bus with or without a portal, an empty PATH, and a desktop that writes down what it opens.
+/// A bus with or without a portal, an empty PATH, one program for mails and texts, and a desktop that writes
+/// down what it opens.
 class HandoverTest : public testing::Test {
 protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_bus.isRunning());
-        m_path = qgetenv("PATH");
-        qputenv("PATH", QFile::encodeName(m_folder.filePath(QStringLiteral("bin"))));
+        set("PATH", QStringLiteral("bin"));
+        set("XDG_DATA_HOME", QStringLiteral("data"));
+        set("XDG_CONFIG_HOME", QStringLiteral("none"));
+        set("XDG_CONFIG_DIRS", QStringLiteral("none"));
+        // Of the system only what tells files apart.
+        set("XDG_DATA_DIRS", QStringLiteral("system"));
+        QDir(m_folder.path()).mkdir(QStringLiteral("system"));
+        QFile::link(QStringLiteral("/usr/share/mime"), m_folder.filePath(QStringLiteral("system/mime")));
+        QDir(m_folder.path()).mkpath(QStringLiteral("data/applications"));
+        QFile program(m_folder.filePath(QStringLiteral("data/applications/program.desktop")));
+        ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+        program.write("[Desktop Entry]\nExec=/bin/sh\nMimeType=x-scheme-handler/mailto;text/plain;\n");
     }
 
-    void TearDown() override { qputenv("PATH", m_path); }
+    void TearDown() override
+    {
+        for (const auto& [name, value] : m_environment)
+            value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    }
+
+    /// Has a variable name a folder of the test until its end.
+    void set(const char* name, const QString& folder)
+    {
+        m_environment.emplace(name, qgetenv(name));
+        qputenv(name, QFile::encodeName(m_folder.filePath(folder)));
+    }
 
     /// A tool that writes its arguments down, one a line.
     void installTool(int status)
@@ -66,7 +90,7 @@ protected:
 
     PrivateBus m_bus;
     QTemporaryDir m_folder;
-    QByteArray m_path;
+    std::map<const char*, QByteArray> m_environment; ///< as it was
     FakeAddressOpener m_desktop;
     QString m_outgoing = m_folder.filePath(QStringLiteral("cache/outgoing"));
     LinuxMailComposer m_composer{m_desktop, m_outgoing, m_bus.connect()};
@@ -87,7 +111,7 @@ const QString ExampleAddress = QStringLiteral("mailto:a+b@example.org?subject=Zw
 
 TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
 {
-    FakePortal portal(m_bus.connect());
+    FakeRequestPortal portal(m_bus.connect());
     EXPECT_EQ(compose(exampleMail()), QString());
     EXPECT_EQ(portal.interface + u'.' + portal.method,
               QStringLiteral("org.freedesktop.portal.Email.ComposeEmail"));
@@ -106,7 +130,7 @@ TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
 
 TEST_F(HandoverTest, ThePortalGetsWhatItTakes)
 {
-    FakePortal portal(m_bus.connect());
+    FakeRequestPortal portal(m_bus.connect());
     Mail mail;
     mail.subject = QString::fromUcs4(U"\U0001F600").repeated(300);
     mail.body = QStringLiteral("<p>Enter your comments: </p><p>&lt;3</p>");
@@ -129,14 +153,15 @@ TEST_F(HandoverTest, ThePortalsAnswerIsAwaited)
     struct {
         const char* name;
         bool isOld;
-        std::function<void(FakePortal&)> act;
+        std::function<void(FakeRequestPortal&)> act;
         bool isToolAsked;
     } const cases[] = {
-        {"done", false, [](FakePortal& portal) { portal.respond(0); }, false},
-        {"a request with a name of its own", true, [](FakePortal& portal) { portal.respond(0); }, false},
-        {"cancelled by the user", false, [](FakePortal& portal) { portal.respond(1); }, false},
-        {"failed", false, [](FakePortal& portal) { portal.respond(2); }, true},
-        {"went away", false, [](FakePortal& portal) { portal.leave(); }, true},
+        {"done", false, [](FakeRequestPortal& portal) { portal.respond(0); }, false},
+        {"a request with a name of its own", true, [](FakeRequestPortal& portal) { portal.respond(0); },
+         false},
+        {"cancelled by the user", false, [](FakeRequestPortal& portal) { portal.respond(1); }, false},
+        {"failed", false, [](FakeRequestPortal& portal) { portal.respond(2); }, true},
+        {"went away", false, [](FakeRequestPortal& portal) { portal.leave(); }, true},
     };
 
     for (const auto& test : cases) {
@@ -144,7 +169,7 @@ TEST_F(HandoverTest, ThePortalsAnswerIsAwaited)
         installTool(0);
         QFile::remove(m_folder.filePath(QStringLiteral("bin/xdg-email.arguments")));
         m_answers.clear();
-        FakePortal portal(m_bus.connect());
+        FakeRequestPortal portal(m_bus.connect());
         portal.response.reset();
         portal.isOld = test.isOld;
         m_composer.present(exampleMail(), answer());
@@ -186,6 +211,12 @@ TEST_F(HandoverTest, WithoutAToolTheUserLearnsThatTheFileStayed)
     m_desktop.canOpen = false;
     m_answers.clear();
     EXPECT_EQ(compose({}), QStringLiteral("No mail program could be opened."));
+    m_desktop.canOpen = true;
+    EXPECT_TRUE(m_composer.canSendMail());
+    QDir(m_folder.filePath(QStringLiteral("data"))).removeRecursively();
+    EXPECT_FALSE(m_composer.canSendMail());
+    m_answers.clear();
+    EXPECT_EQ(compose({}), QStringLiteral("No mail program could be opened."));
 }
 
 TEST_F(HandoverTest, FilesOfEarlierDaysGo)
@@ -211,6 +242,8 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
         EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
         return m_answers.value(0);
     };
+    EXPECT_TRUE(opener.canOpen(path));
+    EXPECT_FALSE(opener.canOpen(QStringLiteral("picture.png")));
     EXPECT_NE(open(), QString()); // there is no file yet
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -222,7 +255,7 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
     m_desktop.canOpen = false;
     EXPECT_NE(open(), QString());
 
-    const FakePortal portal(m_bus.connect());
+    const FakeRequestPortal portal(m_bus.connect());
     EXPECT_EQ(open(), QString());
     EXPECT_EQ(portal.interface + u'.' + portal.method,
               QStringLiteral("org.freedesktop.portal.OpenURI.OpenFile"));

@@ -18,9 +18,9 @@
 namespace giggle {
 
 /// A desktop portal that takes every request, writes down what it was asked, and answers as it is told.
-class FakePortal : public QDBusVirtualObject {
+class FakeRequestPortal : public QDBusVirtualObject {
 public:
-    explicit FakePortal(QDBusConnection bus) : m_bus(std::move(bus))
+    explicit FakeRequestPortal(QDBusConnection bus) : m_bus(std::move(bus))
     {
         m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this);
         m_bus.registerService(service());
