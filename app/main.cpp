@@ -5,7 +5,10 @@
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/DesktopNotification.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -19,6 +22,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <QStandardPaths>
 
 #include <cstdlib>
 
@@ -59,6 +63,12 @@ void notify(const QString& message)
     DesktopNotification().show(ApplicationIdentity::displayName(), message);
 }
 
+/// Where files lie that other programs are handed, see OutgoingFiles.
+QString outgoingFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/outgoing");
+}
+
 void sayWhenReady(QQuickWindow& window)
 {
     QObject::connect(
@@ -84,8 +94,12 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation)
     BundleResources resources;
     LinuxStoreReview storeReview;
     DesktopAddressOpener addressOpener;
+    LinuxMailComposer mailComposer(addressOpener, outgoingFolder());
+    LinuxMessageCapability messageCapability;
+    LinuxFileOpener fileOpener(addressOpener);
     UserInterface interface(appDelegate, userDefaults,
-                            {interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener});
+                            {interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener,
+                             mailComposer, messageCapability, fileOpener});
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));

@@ -4,7 +4,10 @@
 #include "app/UserInterface.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -62,6 +65,9 @@ private:
     SingleInstance m_windowActivation;
     LinuxStoreReview m_storeReview;
     DesktopAddressOpener m_addressOpener;
+    LinuxMailComposer m_mailComposer{m_addressOpener, m_settings.filePath(QStringLiteral("outgoing"))};
+    LinuxMessageCapability m_messageCapability;
+    LinuxFileOpener m_fileOpener{m_addressOpener};
     UserInterface m_interface;
     QQuickWindow* m_window = nullptr;
 };

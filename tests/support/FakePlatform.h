@@ -2,15 +2,21 @@
 #pragma once
 
 #include "platform/AddressOpener.h"
+#include "platform/DocumentPicker.h"
+#include "platform/FileOpener.h"
 #include "platform/Fonts.h"
 #include "platform/InterfaceStyle.h"
+#include "platform/MailComposer.h"
+#include "platform/MessageCapability.h"
 #include "platform/Platform.h"
 #include "platform/Resources.h"
+#include "platform/ShareSheet.h"
 #include "platform/StoreReview.h"
 #include "platform/WindowActivation.h"
 
 #include <QMap>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <optional>
@@ -102,6 +108,72 @@ public:
     QList<QUrl> opened;
 };
 
+class FakeMailComposer : public MailComposer {
+public:
+    [[nodiscard]] bool canSendMail() const override { return canSend; }
+
+    void present(const Mail& mail, std::function<void(const QString&)>) override
+    {
+        presented.push_back(mail);
+    }
+
+    bool canSend = true;
+    std::vector<Mail> presented;
+};
+
+class FakeMessageCapability : public MessageCapability {
+public:
+    [[nodiscard]] bool canSendText() const override { return canSend; }
+
+    bool canSend = true;
+};
+
+class FakeFileOpener : public FileOpener {
+public:
+    [[nodiscard]] bool canOpen(const QString&) const override { return hasProgram; }
+
+    void open(const QString& path, std::function<void(const QString&)> whatToDo) override
+    {
+        opened.append(path);
+        finished = std::move(whatToDo);
+    }
+
+    bool hasProgram = true;
+    QStringList opened;
+    std::function<void(const QString&)> finished; ///< what the last caller waits for
+};
+
+/// Shows no dialog: a test answers the last request by `answer`.
+class FakeDocumentPicker : public DocumentPicker {
+public:
+    void pickDocument(Answer whatToDo) override { answer = std::move(whatToDo); }
+
+    void pickPlace(const QString& suggestedName, Answer whatToDo) override
+    {
+        suggestedNames.append(suggestedName);
+        answer = std::move(whatToDo);
+    }
+
+    Answer answer;
+    QStringList suggestedNames;
+};
+
+/// Writes down what it was opened for.
+class FakeShareSheet : public ShareSheet {
+public:
+    struct Request {
+        SharedItem item;
+        std::set<ShareActivity> excluded;
+    };
+
+    void present(SharedItem item, const std::set<ShareActivity>& excluded) override
+    {
+        presented.push_back({std::move(item), excluded});
+    }
+
+    std::vector<Request> presented;
+};
+
 /// A system that does what a test tells it.
 struct FakePlatform {
     FakeInterfaceStyle interfaceStyle;
@@ -110,7 +182,15 @@ struct FakePlatform {
     FakeWindowActivation windowActivation;
     FakeStoreReview storeReview;
     FakeAddressOpener addressOpener;
-    Platform platform{interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener};
+    FakeMailComposer mailComposer;
+    FakeMessageCapability messageCapability;
+    FakeFileOpener fileOpener;
+    FakeDocumentPicker documentPicker;
+    FakeShareSheet shareSheet;
+    QTemporaryDir temporaryFolder;
+    Platform platform{interfaceStyle, fonts,           resources,    windowActivation,
+                      storeReview,    addressOpener,   mailComposer, messageCapability,
+                      fileOpener,     &documentPicker, &shareSheet,  temporaryFolder.path()};
 };
 
 } // namespace giggle
