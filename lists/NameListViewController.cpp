@@ -12,95 +12,81 @@
 namespace giggle {
 
 NameListViewController::NameListViewController(ScreenEnvironment& environment, const ListSide& side)
-    : Screen(environment), m_side(side),
-      m_context(environment.appDelegate.persistentContainer().viewContext()), m_tableView(*this)
+    : SearchableTableViewController(environment, side)
 {
 }
 
 void NameListViewController::viewDidLoad()
 {
-    m_sortAsc = true;
+    SearchableTableViewController::viewDidLoad();
     load();
-    m_tableView.reload();
+    tableView()->reload();
 }
 
 void NameListViewController::unwound(UnwindRoute)
 {
     load();
     // With as many rows as before the user finds the list where it was left.
-    m_tableView.redraw();
+    tableView()->redraw();
 }
 
 void NameListViewController::load()
 {
     m_list.clear();
     const SortOrder order = sortAsc() ? SortOrder::Ascending : SortOrder::Descending;
-    loggingFailure([&] { m_list = m_side.records.sorted(m_context, order); });
+    loggingFailure([&] { m_list = side().records.sorted(context(), order); });
     for (const NamedRecord* record : m_list)
-        static_cast<void>(m_side.nameOf(*record)); // ends the program where it must have one
+        static_cast<void>(side().nameOf(*record)); // ends the program where it must have one
 }
 
 void NameListViewController::AddTapped()
 {
-    environment().navigator.performSegue(m_side.addSegue);
+    environment().navigator.performSegue(side().addSegue);
 }
 
 void NameListViewController::SortButtonTapped()
 {
-    m_sortAsc = !sortAsc();
-    environment().selection.SortAsc = m_sortAsc;
-    emit sortAscChanged();
-    load();
-    m_tableView.reload();
-}
-
-void NameListViewController::setSearchText(const QString& text)
-{
-    if (text == m_searchText)
-        return;
-    m_searchText = text;
-    emit searchTextChanged();
-    updateSearchResults();
+    turnRound();
+    environment().selection.SortAsc = sortAsc();
 }
 
 void NameListViewController::updateSearchResults()
 {
     m_filteredList.clear();
     if (isSearching()) {
-        const TextSearch search(m_searchText);
+        const TextSearch search(searchText());
         std::ranges::copy_if(m_list, std::back_inserter(m_filteredList), [&](const NamedRecord* record) {
-            const OptionalText name = m_side.nameOf(*record);
+            const OptionalText name = side().nameOf(*record);
             return name && search.isContainedIn(*name);
         });
     }
-    m_tableView.reload();
 }
 
 QString NameListViewController::headerText() const
 {
-    return m_side.headerPrefix.toString() + QString::number(numberOfRows());
+    return side().headerPrefix.toString() + QString::number(numberOfRows());
 }
 
 QString NameListViewController::nameInRow(int row) const
 {
-    return hasRow(row) ? textOrEmpty(m_side.nameOf(recordInRow(row))) : QString();
+    return hasRow(row) ? textOrEmpty(side().nameOf(recordInRow(row))) : QString();
 }
 
 void NameListViewController::selectRow(int row)
 {
     if (!hasRow(row))
         return;
-    environment().selection.*m_side.nameToRename = nameInRow(row);
-    environment().navigator.performSegue(m_side.editSegue);
+    environment().selection.*side().nameToRename = nameInRow(row);
+    environment().navigator.performSegue(side().editSegue);
 }
 
 void NameListViewController::deleteRow(int row)
 {
     if (!hasRow(row))
         return;
-    m_side.records.remove(m_context, recordInRow(row));
+    side().records.remove(context(), recordInRow(row));
     environment().appDelegate.saveContext();
-    m_tableView.removeRow(row, [this, row] {
+    tableView()->removeRow(row, [this, row] {
         NameRecords::List& list = isSearching() ? m_filteredList : m_list;
         list.erase(list.begin() + row);
     });

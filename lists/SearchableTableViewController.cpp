@@ -38,7 +38,12 @@ void SearchableTableViewController::SortData()
 {
     if (!m_sortAsc)
         fatalError(QStringLiteral("A list was sorted before it was loaded."), __FILE__, __LINE__);
-    m_sortAsc = !*m_sortAsc;
+    turnRound();
+}
+
+void SearchableTableViewController::turnRound()
+{
+    m_sortAsc = !sortAsc();
     emit sortAscChanged();
     sortDirectionChanged();
     m_tableView.reload();

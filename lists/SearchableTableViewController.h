@@ -9,13 +9,14 @@
 
 namespace giggle {
 
-/// What groups and breakdowns share: a table that can be turned round, with a live search that lasts until
-/// the screen is left.
+/// What name lists, groups and breakdowns share: a table that can be turned round, with a live search that
+/// lasts until the screen is left, if nothing else is said.
 class SearchableTableViewController : public giggle::Screen, public TableDataSource {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The storyboard makes the screens.")
     Q_PROPERTY(giggle::TableModel* tableView READ tableView CONSTANT)
+    Q_PROPERTY(bool hasSearch READ hasSearch CONSTANT)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(QString searchPlaceholder READ searchPlaceholder CONSTANT)
     Q_PROPERTY(bool SortAsc READ sortAsc NOTIFY sortAscChanged)
@@ -30,6 +31,9 @@ public:
 
     /// The text as it stands in the search field. A new one narrows the table at once.
     void setSearchText(const QString& text);
+
+    /// Without a search, a search text leaves the rows as they are.
+    [[nodiscard]] virtual bool hasSearch() const { return true; }
 
     [[nodiscard]] virtual QString searchPlaceholder() const = 0;
 
@@ -59,7 +63,10 @@ protected:
     /// The direction was turned round; the table is reloaded afterwards.
     virtual void sortDirectionChanged() = 0;
 
-    [[nodiscard]] bool isSearching() const { return !m_searchText.isEmpty(); }
+    /// Turns the direction round; one that there is not yet counts as descending.
+    void turnRound();
+
+    [[nodiscard]] bool isSearching() const { return hasSearch() && !m_searchText.isEmpty(); }
 
     [[nodiscard]] bool hasRow(int row) const { return row >= 0 && row < numberOfRows(); }
 

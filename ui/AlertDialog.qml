@@ -19,7 +19,6 @@ Dialog {
     signal answered(int index)
 
     onAlertChanged: follow()
-    onOpened: markChoice()
 
     anchors.centerIn: parent
     width: parent ? Math.min(parent.width - 2 * Theme.unit, 400 * Theme.textScale) : 0
@@ -119,6 +118,8 @@ Dialog {
                 fill: Theme.yellow
                 ink: Theme.brightInk
                 focus: index === Math.max(0, dialog.cancelAction)
+                // Where there is a choice it has to be seen which button has the keyboard.
+                alwaysShowsFocus: dialog.actions.length > 1
                 onClicked: dialog.answered(index)
                 Keys.onEscapePressed: if (dialog.cancelAction >= 0)
                     dialog.answered(dialog.cancelAction)
@@ -136,15 +137,5 @@ Dialog {
         cancelAction = alert.cancelAction;
         actions = alert.actions;
         open();
-        markChoice();
-    }
-
-    /// Where there is a choice it has to be seen which button has the keyboard.
-    function markChoice() {
-        const button = buttonList.itemAt(Math.max(0, cancelAction)) as AppButton;
-        if (actions.length < 2 || !button)
-            return;
-        button.forceActiveFocus(Qt.TabFocusReason);
-        button.focusReason = Qt.TabFocusReason; // it may have had the keyboard already, unseen
     }
 }

@@ -11,6 +11,8 @@ Button {
     property color fill: Theme.surface
     property color ink: Theme.text
     property int borderWidth: Theme.borderWidth
+    /// Whether the keyboard is shown to be here however it came.
+    property bool alwaysShowsFocus: false
 
     padding: Theme.unit
     leftPadding: 2 * Theme.unit
@@ -45,7 +47,7 @@ Button {
             opacity: control.enabled ? 1 : 0.5
         }
         FocusRing {
-            visible: control.visualFocus
+            visible: control.visualFocus || control.alwaysShowsFocus && control.activeFocus
         }
     }
 

@@ -184,6 +184,32 @@ TEST_F(JokeEditorTest, AnUnchangedJokeKeepsItsTextReducedToWhatIsDisplayed)
     }
 }
 
+TEST_F(JokeEditorTest, WhatIsTypedBehindTheDisplayedJokeFollowsItDirectly)
+{
+    const std::vector<std::pair<QString, std::string>> cases = {{u"One\nTwo\n, tail"_qs, "One\nTwo, tail"},
+                                                                {u"One\nTwo, tail\n"_qs, "One\nTwo, tail"},
+                                                                {u"OneTwo\ntail"_qs, "OneTwotail"},
+                                                                {u"One\nTwo"_qs, "One\nTwo"},
+                                                                {u"New"_qs, "New"}};
+    for (const auto& [typed, stored] : cases) {
+        Jokes& joke = addJoke({.category = "Puns", .joke = "One\nTwo"});
+        const auto editor = openEditor(joke, "MainList");
+        editor->setJokeTextView(typed);
+        editor->SaveButtonClicked();
+        EXPECT_EQ(joke.joke(), stored);
+        context().deleteObject(joke);
+    }
+}
+
+TEST_F(JokeEditorTest, TheJokeChosenWhenTheScreenWasOpenedIsTheOneThatChanges)
+{
+    Jokes& joke = addJoke({.category = "Puns", .id = 1, .joke = "\xEF\xBB\xBFmarked"});
+    const auto editor = openEditor(joke, "MainList");
+    selection.SelectedJokeText = textOrEmpty(addJoke({.category = "Puns", .id = 2, .joke = "other"}).joke());
+    editor->SaveButtonClicked();
+    EXPECT_THAT(stored(), ElementsAre("1|Puns|0|1|marked|", "2|Puns|NULL|2|other|NULL"));
+}
+
 TEST_F(JokeEditorTest, EditChangesTheFirstJokeWithTheChosenText)
 {
     addJoke({.category = "Puns", .rating = "Mild", .id = 1, .joke = "same"});
