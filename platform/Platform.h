@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 namespace giggle {
 
 class AddressOpener;
+class DocumentPicker;
 class Fonts;
 class InterfaceStyle;
+class MailComposer;
+class MessageCapability;
 class Resources;
+class ShareSheet;
 class StoreReview;
 class WindowActivation;
 
@@ -19,6 +25,17 @@ struct Platform {
     WindowActivation& windowActivation;
     StoreReview& storeReview;
     AddressOpener& addressOpener;
+    MailComposer& mailComposer;
+    MessageCapability& messageCapability;
+
+    /// @name What the window brings itself where it is left out; screens always find it
+    /// @{
+    DocumentPicker* documentPicker = nullptr;
+    ShareSheet* shareSheet = nullptr;
+    /// A folder for files that other programs are handed, which nobody but the user can look into. It lasts
+    /// as long as the application.
+    QString temporaryFolder = {};
+    /// @}
 };
 
 } // namespace giggle

@@ -2,11 +2,12 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 namespace giggle {
 
-/// What one screen leaves behind for the next: the joke chosen in a list and the screen that opened an
-/// editor. One object for the process, handed to every screen by ScreenEnvironment; every value starts empty.
+/// What one screen leaves behind for the next: the joke chosen in a list, the screen that opened an editor, a
+/// file that is to be imported. One object for the process, handed to every screen by ScreenEnvironment; every value starts empty.
 struct SharedSelection {
     /// The screen to which an editor returns after a save: "MainMenu", "MainList", "CategoryGroup",
     /// "RatingGroup", "CategoryBreakdown" or "RatingBreakdown".
@@ -16,6 +17,9 @@ struct SharedSelection {
     QString SelectedJokeText;
     QString SelectedFavorite; ///< "T" or "F"
     QString SelectedRating;
+
+    /// A file that came from outside and waits for the import screen, which takes it away.
+    QUrl DocumentToImport;
 };
 
 } // namespace giggle

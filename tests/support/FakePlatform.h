@@ -2,15 +2,20 @@
 #pragma once
 
 #include "platform/AddressOpener.h"
+#include "platform/DocumentPicker.h"
 #include "platform/Fonts.h"
 #include "platform/InterfaceStyle.h"
+#include "platform/MailComposer.h"
+#include "platform/MessageCapability.h"
 #include "platform/Platform.h"
 #include "platform/Resources.h"
+#include "platform/ShareSheet.h"
 #include "platform/StoreReview.h"
 #include "platform/WindowActivation.h"
 
 #include <QMap>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <optional>
@@ -102,6 +107,54 @@ public:
     QList<QUrl> opened;
 };
 
+class FakeMailComposer : public MailComposer {
+public:
+    [[nodiscard]] bool canSendMail() const override { return canSend; }
+
+    void present(const Mail& mail, std::function<void(const QString&)>) override { presented.push_back(mail); }
+
+    bool canSend = true;
+    std::vector<Mail> presented;
+};
+
+class FakeMessageCapability : public MessageCapability {
+public:
+    [[nodiscard]] bool canSendText() const override { return canSend; }
+
+    bool canSend = true;
+};
+
+/// Shows no dialog: a test answers the last request by `answer`.
+class FakeDocumentPicker : public DocumentPicker {
+public:
+    void pickDocument(Answer whatToDo) override { answer = std::move(whatToDo); }
+
+    void pickPlace(const QString& suggestedName, Answer whatToDo) override
+    {
+        suggestedNames.append(suggestedName);
+        answer = std::move(whatToDo);
+    }
+
+    Answer answer;
+    QStringList suggestedNames;
+};
+
+/// Writes down what it was opened for.
+class FakeShareSheet : public ShareSheet {
+public:
+    struct Request {
+        SharedItem item;
+        std::set<ShareActivity> excluded;
+    };
+
+    void present(SharedItem item, const std::set<ShareActivity>& excluded) override
+    {
+        presented.push_back({std::move(item), excluded});
+    }
+
+    std::vector<Request> presented;
+};
+
 /// A system that does what a test tells it.
 struct FakePlatform {
     FakeInterfaceStyle interfaceStyle;
@@ -110,7 +163,14 @@ struct FakePlatform {
     FakeWindowActivation windowActivation;
     FakeStoreReview storeReview;
     FakeAddressOpener addressOpener;
-    Platform platform{interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener};
+    FakeMailComposer mailComposer;
+    FakeMessageCapability messageCapability;
+    FakeDocumentPicker documentPicker;
+    FakeShareSheet shareSheet;
+    QTemporaryDir temporaryFolder;
+    Platform platform{interfaceStyle,    fonts,           resources,   windowActivation,
+                      storeReview,       addressOpener,   mailComposer, messageCapability,
+                      &documentPicker,   &shareSheet,     temporaryFolder.path()};
 };
 
 } // namespace giggle
