@@ -7,7 +7,14 @@
 #include "jokes/AddJokeViewController.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
+#include "lists/AddCategoryViewController.h"
+#include "lists/AddRatingViewController.h"
+#include "lists/CategoryTableViewController.h"
+#include "lists/EditCategoryViewController.h"
+#include "lists/EditRatingViewController.h"
+#include "lists/RatingTableViewController.h"
 #include "shell/JokeOfDayViewController.h"
+#include "shell/ReferenceListViewController.h"
 #include "shell/ViewController.h"
 
 #include <algorithm>
@@ -30,8 +37,7 @@ struct SceneDescription {
 };
 
 constexpr std::array Scenes{
-    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>,
-                     QLatin1StringView("AddJokeView")},
+    SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>, QLatin1StringView("AddJokeView")},
     SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
                      QLatin1StringView("EditJokeView")},
     SceneDescription{SegueId::ExportJokes, makeScreen<ExportViewController>,
@@ -44,6 +50,20 @@ constexpr std::array Scenes{
                      QLatin1StringView("JokeOfDayView")},
     SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,
                      QLatin1StringView("JokeListView")},
+    SceneDescription{SegueId::ReferenceLists, makeScreen<ReferenceListViewController>,
+                     QLatin1StringView("ReferenceListView")},
+    SceneDescription{SegueId::CategoryList, makeScreen<CategoryTableViewController>,
+                     QLatin1StringView("CategoryListView")},
+    SceneDescription{SegueId::AddCategory, makeScreen<AddCategoryViewController>,
+                     QLatin1StringView("AddCategoryView")},
+    SceneDescription{SegueId::EditCategory, makeScreen<EditCategoryViewController>,
+                     QLatin1StringView("EditCategoryView")},
+    SceneDescription{SegueId::RatingList, makeScreen<RatingTableViewController>,
+                     QLatin1StringView("RatingListView")},
+    SceneDescription{SegueId::AddRating, makeScreen<AddRatingViewController>,
+                     QLatin1StringView("AddRatingView")},
+    SceneDescription{SegueId::EditRating, makeScreen<EditRatingViewController>,
+                     QLatin1StringView("EditRatingView")},
 };
 
 const SceneDescription* sceneBehind(SegueId segue)

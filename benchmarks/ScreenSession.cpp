@@ -2,9 +2,10 @@
 #include "benchmarks/ScreenSession.h"
 
 #include "benchmarks/Figure.h"
+#include "jokes/EditJokeViewController.h"
+#include "jokes/NewMainListTableViewController.h"
 #include "store/PreferenceKeys.h"
 
-#include <QAbstractItemModel>
 #include <QEventLoop>
 #include <QQuickItem>
 #include <QTimer>
@@ -53,10 +54,9 @@ double ScreenSession::openJokeList()
 
 double ScreenSession::openEditor()
 {
-    QObject& list = screenAround(QStringLiteral("JokeTableView"));
-    const auto& table = *list.property("JokeTableView").value<QAbstractItemModel*>();
+    auto& list = screenAround<NewMainListTableViewController>(QStringLiteral("JokeTableView"));
     const double seconds = secondsFor([&] {
-        QMetaObject::invokeMethod(&list, "selectRow", Q_ARG(int, table.rowCount() / 2));
+        list.selectRow(list.numberOfRows() / 2);
         awaitFrame();
         return 0;
     });
@@ -66,17 +66,23 @@ double ScreenSession::openEditor()
 
 double ScreenSession::saveInEditor()
 {
-    QObject& editor = screenAround(QStringLiteral("SaveButton"));
-    const bool isFavorite = editor.property("CheckBox").toString() == QStringLiteral("Checked");
-    const QString other = isFavorite ? QStringLiteral("Unchecked") : QStringLiteral("Checked");
-    QMetaObject::invokeMethod(&editor, "CheckBoxChecked", Q_ARG(QString, other));
-    return secondsFor([&] { return QMetaObject::invokeMethod(&editor, "SaveButtonClicked"); });
+    auto& editor = screenAround<EditJokeViewController>(QStringLiteral("SaveButton"));
+    const bool isFavorite = editor.checkBox() == QStringLiteral("Checked");
+    editor.CheckBoxChecked(isFavorite ? QStringLiteral("Unchecked") : QStringLiteral("Checked"));
+    const double seconds = secondsFor([&] {
+        editor.SaveButtonClicked();
+        return 0;
+    });
+    if (editor.hasUnsavedChanges())
+        throw std::runtime_error("the editor has not saved");
+    return seconds;
 }
 
-QObject& ScreenSession::screenAround(const QString& itemName) const
+template <class ScreenClass>
+ScreenClass& ScreenSession::screenAround(const QString& itemName) const
 {
     for (auto* item = m_window->findChild<QQuickItem*>(itemName); item; item = item->parentItem())
-        if (auto* screen = item->property("screen").value<QObject*>())
+        if (auto* screen = item->property("screen").value<ScreenClass*>())
             return *screen;
     throw std::runtime_error(itemName.toStdString() + " is not on show");
 }

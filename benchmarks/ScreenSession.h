@@ -47,7 +47,8 @@ private:
     static void rest();
 
     /// The screen of the page that shows the item of that name.
-    [[nodiscard]] QObject& screenAround(const QString& itemName) const;
+    template <class ScreenClass>
+    [[nodiscard]] ScreenClass& screenAround(const QString& itemName) const;
 
     QTemporaryDir m_settings;
     Preferences m_userDefaults;

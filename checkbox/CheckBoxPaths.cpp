@@ -50,13 +50,6 @@ QPolygonF markLine(BoxState state)
     return {};
 }
 
-QPainterPath markPath(BoxState state, double side)
-{
-    QPainterPath path;
-    path.addPolygon(QTransform::fromScale(side, side).map(markLine(state)));
-    return path;
-}
-
 QPolygonF spiralInto(const QPolygonF& mark)
 {
     constexpr double Turns = 1.25;

@@ -16,9 +16,6 @@ namespace giggle {
 /// corner or middle, so that one mark can turn into another; none for an unchecked box.
 [[nodiscard]] QPolygonF markLine(BoxState state);
 
-/// The middle of the mark's line in a box with sides of length @p side.
-[[nodiscard]] QPainterPath markPath(BoxState state, double side);
-
 /// A line that winds from the edge of a box with sides of length 1 into @p mark, and then is that mark.
 [[nodiscard]] QPolygonF spiralInto(const QPolygonF& mark);
 

@@ -175,7 +175,7 @@ private:
     AnimationKind m_animationKind = AnimationKind::Stroke;
     int m_animationDuration = 250;
 
-    // The animation that runs, and where it comes from; made for the first box state that is animated.
+    // The animation that runs, and where it comes from; made when a change is first animated.
     std::unique_ptr<QVariantAnimation> m_driver;
     AnimationKind m_runningKind = AnimationKind::Stroke;
     BoxState m_from = BoxState::Unchecked;

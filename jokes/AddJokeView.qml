@@ -6,5 +6,5 @@ JokeEditorPage {
     required property AddJokeViewController screen
 
     editor: screen
-    isForTyping: true
+    focusesFirstField: true
 }

@@ -24,10 +24,6 @@ public slots:
     /// text it says so instead. A failed save is logged, and the joke waits for the next save. An id past the
     /// 16-bit range ends the program.
     void SaveButtonClicked() override;
-
-private:
-    void insertJoke();
-    void goBack();
 };
 
 } // namespace giggle

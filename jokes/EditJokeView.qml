@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Shows a joke and changes it: above the fields the favourite mark and the tools.
 import QtQuick
-import QtQuick.Layouts
 import GiggleArchives
 
 JokeEditorPage {
@@ -12,7 +11,7 @@ JokeEditorPage {
     editor: screen
 
     component ToolButton: IconButton {
-        Layout.preferredWidth: 1.25 * Theme.touchTarget
+        width: 1.25 * implicitWidth
         fill: Theme.yellow
     }
 
@@ -79,6 +78,6 @@ JokeEditorPage {
         ink: screen.hasTextColor ? screen.textColor : Theme.brightInk
         horizontalAlignment: TextEdit.AlignHCenter
         textFont.family: screen.textFont.family
-        textFont.pixelSize: Math.max(1, screen.textFont.pixelSize * Theme.textScale)
+        textFont.pixelSize: Theme.jokeSize(screen.textFont.pixelSize)
     }
 }

@@ -2,7 +2,6 @@
 #include "jokes/EditJokeViewController.h"
 
 #include "platform/Platform.h"
-#include "store/ManagedObjectContext.h"
 #include "store/PreferenceKeys.h"
 #include "store/Preferences.h"
 #include "ui/DisplayText.h"
@@ -11,6 +10,9 @@
 #include "ui/StoreCalls.h"
 
 #include <QPointer>
+
+#include <array>
+#include <chrono>
 
 namespace giggle {
 
@@ -38,9 +40,7 @@ EditJokeViewController::EditJokeViewController(ScreenEnvironment& environment)
 
 void EditJokeViewController::viewDidLoad()
 {
-    FetchRequest<Category> categories = Category::fetchRequest();
-    categories.sortDescriptors = {{"category"}};
-    loadLists(categories, Duplicates::Dropped);
+    loadLists(Duplicates::Dropped);
     showSelection();
     requestReviewLater();
 }
@@ -123,6 +123,10 @@ QString EditJokeViewController::enteredJoke() const
 
 void EditJokeViewController::SaveButtonClicked()
 {
+    static constexpr std::array WaysBack{
+        WayBack{QLatin1StringView("MainList"), UnwindRoute::ToList},
+        WayBack{QLatin1StringView("CategoryBreakdown"), UnwindRoute::ToCategoryBreakdown},
+        WayBack{QLatin1StringView("RatingBreakdown"), UnwindRoute::ToRatingBreakdown}};
     if (!validate(enteredJoke(), QStringLiteral("Joke Not Saved"),
                   QStringLiteral("Required Fields Labeled in RED Not Entered")))
         return;
@@ -132,18 +136,9 @@ void EditJokeViewController::SaveButtonClicked()
     loggingFailure([&] { m_results = viewContext().fetch(request); });
     if (m_results.empty())
         return;
-    updateRecord(*m_results.front());
-    saveContext();
-    goBack();
-}
-
-void EditJokeViewController::updateRecord(Jokes& joke) const
-{
-    joke.setCategory(trimmedOfBlanks(categoryTextField()).toStdString());
-    joke.setJoke(filteredForDisplay(enteredJoke()).toStdString());
-    joke.setFavorite(m_checkBox == checkedName());
-    if (!ratingTextField().isEmpty())
-        joke.setRating(ratingTextField().toStdString());
+    writeFields(*m_results.front(), enteredJoke());
+    m_results.front()->setFavorite(m_checkBox == checkedName());
+    saveAndGoBack(WaysBack);
 }
 
 bool EditJokeViewController::hasUnsavedChanges() const
@@ -155,17 +150,6 @@ void EditJokeViewController::markAsSaved()
 {
     JokeEditor::markAsSaved();
     m_savedCheckBox = m_checkBox;
-}
-
-void EditJokeViewController::goBack()
-{
-    const QString& callingScreen = environment().selection.CallingScreen;
-    if (callingScreen == QLatin1StringView("MainList"))
-        environment().navigator.unwind(UnwindRoute::ToList);
-    else if (callingScreen == QLatin1StringView("CategoryBreakdown"))
-        environment().navigator.unwind(UnwindRoute::ToCategoryBreakdown);
-    else if (callingScreen == QLatin1StringView("RatingBreakdown"))
-        environment().navigator.unwind(UnwindRoute::ToRatingBreakdown);
 }
 
 } // namespace giggle

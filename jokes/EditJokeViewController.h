@@ -8,6 +8,8 @@
 #include <QColor>
 #include <QFont>
 
+#include <vector>
+
 namespace giggle {
 
 /// The screen that shows the joke chosen in a list and changes it. The record is found again by its text.
@@ -74,8 +76,6 @@ private:
 
     /// The text view's text without the line feed that was put behind it for display.
     [[nodiscard]] QString enteredJoke() const;
-    void updateRecord(Jokes& joke) const;
-    void goBack();
 
     ReviewService m_reviewService;
     ListDisplaySettings m_displaySettings;

@@ -3,17 +3,27 @@
 
 #include "store/AppDelegate.h"
 #include "store/FatalError.h"
+#include "ui/DisplayText.h"
+#include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace giggle {
 
 namespace {
 
-/// In code-point order, which QString's own order is not.
-QStringList sorted(std::vector<std::string> names)
+/// The names of some records, without those that are unset, in code-point order, which QString's own order is
+/// not.
+template <class Record>
+QStringList namesOf(const std::vector<Record*>& records, OptionalText (Record::*nameOf)() const)
 {
+    std::vector<std::string> names;
+    for (const Record* record : records)
+        if (const OptionalText each = (record->*nameOf)())
+            names.emplace_back(*each);
     std::ranges::sort(names);
     QStringList list;
     list.reserve(static_cast<qsizetype>(names.size()));
@@ -35,30 +45,19 @@ ManagedObjectContext& JokeEditor::viewContext() const
     return environment().appDelegate.persistentContainer().viewContext();
 }
 
-void JokeEditor::loadLists(const FetchRequest<Category>& categories, Duplicates categoryDuplicates)
+void JokeEditor::loadLists(Duplicates categoryDuplicates)
 {
-    std::vector<std::string> names;
     loggingFailure([&] {
-        for (const Category* category : viewContext().fetch(categories))
-            if (const OptionalText name = category->category())
-                names.emplace_back(*name);
+        m_listOfCatagories = namesOf(viewContext().fetch(Category::fetchRequest()), &Category::category);
     });
-    m_listOfCatagories = sorted(std::move(names));
     if (categoryDuplicates == Duplicates::Dropped)
         m_listOfCatagories = withoutDuplicates(std::move(m_listOfCatagories));
-
-    names.clear();
-    FetchRequest<Rating> ratings = Rating::fetchRequest();
-    ratings.sortDescriptors = {{"rating"}};
     loggingFailure([&] {
-        for (const Rating* rating : viewContext().fetch(ratings)) {
-            if (!rating->rating())
-                fatalError(QStringLiteral("The collection holds a rating without a name."), __FILE__,
-                           __LINE__);
-            names.emplace_back(*rating->rating());
-        }
+        const std::vector<Rating*> ratings = viewContext().fetch(Rating::fetchRequest());
+        if (std::ranges::any_of(ratings, [](const Rating* rating) { return !rating->rating(); }))
+            fatalError(QStringLiteral("The collection holds a rating without a name."), __FILE__, __LINE__);
+        m_listOfRatings = withoutDuplicates(namesOf(ratings, &Rating::rating));
     });
-    m_listOfRatings = withoutDuplicates(sorted(std::move(names)));
     emit listsLoaded();
 }
 
@@ -118,10 +117,22 @@ bool JokeEditor::validate(const QString& joke, const QString& title, const QStri
     return false;
 }
 
-void JokeEditor::saveContext()
+void JokeEditor::writeFields(Jokes& record, const QString& joke) const
 {
-    loggingFailure([this] { viewContext().save(); });
-    markAsSaved();
+    record.setCategory(trimmedOfBlanks(m_categoryTextField).toStdString());
+    record.setJoke(filteredForDisplay(joke).toStdString());
+    if (!m_ratingTextField.isEmpty())
+        record.setRating(m_ratingTextField.toStdString());
+}
+
+void JokeEditor::saveAndGoBack(std::span<const WayBack> waysBack)
+{
+    if (loggingFailure([this] { viewContext().save(); }))
+        markAsSaved();
+    const auto wayBack =
+        std::ranges::find(waysBack, environment().selection.CallingScreen, &WayBack::callingScreen);
+    if (wayBack != waysBack.end())
+        environment().navigator.unwind(wayBack->route);
 }
 
 } // namespace giggle

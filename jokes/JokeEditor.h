@@ -6,8 +6,7 @@
 
 #include <QStringList>
 
-#include <string>
-#include <vector>
+#include <span>
 
 namespace giggle {
 
@@ -51,7 +50,7 @@ public:
     [[nodiscard]] const QStringList& listOfRatings() const { return m_listOfRatings; }
 
     /// Whether a replacement for a piece of the joke may be typed or pasted.
-    Q_INVOKABLE virtual bool shouldChangeText([[maybe_unused]] const QString& replacement) const
+    [[nodiscard]] Q_INVOKABLE virtual bool shouldChangeText([[maybe_unused]] const QString& replacement) const
     {
         return true;
     }
@@ -60,6 +59,7 @@ public slots:
     /// A name was chosen in a picker: its field takes it. A row that the picker does not have is none.
     void didSelectRow(int row, giggle::JokeEditor::Picker picker);
 
+    /// Saves what the fields hold and goes back to the calling screen, or says what is missing.
     virtual void SaveButtonClicked() = 0;
 
 signals:
@@ -71,17 +71,29 @@ signals:
 protected:
     enum class Duplicates { Kept, Dropped };
 
-    /// Fills both lists. Categories without a name are left out; a rating without one ends the program.
-    void loadLists(const FetchRequest<Category>& categories, Duplicates categoryDuplicates);
+    /// Where an editor goes after a save, by the screen that opened it.
+    struct WayBack {
+        QLatin1StringView callingScreen;
+        UnwindRoute route;
+    };
+
+    /// Fills both lists. Categories without a name are left out; a rating without one ends the program. The
+    /// ratings never hold a name twice.
+    void loadLists(Duplicates categoryDuplicates);
 
     /// The fields as they are now hold nothing that could be lost.
     virtual void markAsSaved();
 
-    /// Says so in an alert of that title and message when the category or @p joke is empty; true otherwise.
+    /// Whether a category and @p joke are there; if not, an alert of that title and message says so.
     [[nodiscard]] bool validate(const QString& joke, const QString& title, const QString& message);
 
-    /// Saves the context; a failure is logged, and the changes wait for the next save.
-    void saveContext();
+    /// Gives @p record what the fields hold: the category without blanks around it, @p joke less what is not
+    /// displayed, and the rating, if there is one.
+    void writeFields(Jokes& record, const QString& joke) const;
+
+    /// Saves the context, and goes back if there is a way for the calling screen. A failure is logged; the
+    /// changes wait for the next save.
+    void saveAndGoBack(std::span<const WayBack> waysBack);
 
     [[nodiscard]] ManagedObjectContext& viewContext() const;
 

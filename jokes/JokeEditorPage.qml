@@ -10,7 +10,7 @@ AppPage {
 
     required property JokeEditor editor
     /// Whether the first field has the keyboard from the beginning.
-    property bool isForTyping: false
+    property bool focusesFirstField: false
     property alias tools: toolBox.data
     property alias jokeView: joke
 
@@ -45,7 +45,7 @@ AppPage {
             name: qsTr("Category")
             isRequired: true
             borderColor: Theme.buttonBorder
-            focus: page.isForTyping
+            focus: page.focusesFirstField
             picker: picker
             choices: page.editor.ListOfCatagories
             text: page.editor.CategoryTextField

@@ -59,7 +59,7 @@ SwipeRow {
         textFormat: Text.PlainText
         color: row.cell.hasTextColor ? row.cell.textColor : Theme.brightInk
         font.family: row.cell.fontFamily
-        font.pixelSize: Math.max(1, row.cell.fontPixelSize * Theme.textScale)
+        font.pixelSize: Theme.jokeSize(row.cell.fontPixelSize)
         horizontalAlignment: Text.AlignHCenter
         wrapMode: row.cell.hasLongWord ? Text.WrapAnywhere : Text.Wrap
     }

@@ -205,7 +205,7 @@ NewMainListTableViewCell NewMainListTableViewController::cellAt(int row) const
     cell.CategoryLabel = categoryLabel(joke);
     showJokeText(cell, joke);
     cell.favorite = joke.favorite().value_or(false);
-    cell.RatingLabel = QStringLiteral("Rating: ") + textOrEmpty(joke.rating().value_or("N/A"));
+    cell.RatingLabel = QStringLiteral("Rating: ") + QString::fromUtf8(joke.rating().value_or("N/A"));
     return cell;
 }
 
@@ -213,7 +213,8 @@ QString NewMainListTableViewController::categoryLabel(const Jokes& joke) const
 {
     const bool showsMissing =
         !isSearching() && (m_selectedSegment == RatingMode || m_selectedSegment == JokeMode);
-    return QStringLiteral("Category: ") + textOrEmpty(joke.category().value_or(showsMissing ? "N/A" : ""));
+    return QStringLiteral("Category: ") +
+           QString::fromUtf8(joke.category().value_or(showsMissing ? "N/A" : ""));
 }
 
 void NewMainListTableViewController::showJokeText(NewMainListTableViewCell& cell, const Jokes& joke) const

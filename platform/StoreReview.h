@@ -20,18 +20,21 @@ public:
         int identifier = 0;
         ActivationState activationState = ActivationState::Background;
         bool isWindow = true; ///< Some show something else than a window of the application.
-
-        bool operator==(const Scene&) const = default;
     };
 
-    /// The first part of the system's version. Since 13 the application is shown in scenes, since 14 a
-    /// request can name the scene that the invitation is to be shown in.
+    /// From this version on the application is shown in scenes.
+    static constexpr int FirstVersionWithScenes = 13;
+
+    /// From this version on a request can name the scene that the invitation is to be shown in.
+    static constexpr int FirstVersionWithRequestsInScenes = 14;
+
+    /// The first part of the system's version.
     [[nodiscard]] virtual int systemMajorVersion() const = 0;
 
     /// Every scene that there is at the moment, in the system's order.
     [[nodiscard]] virtual std::vector<Scene> connectedScenes() const = 0;
 
-    virtual void requestReview() = 0;
+    virtual void requestReview() = 0; ///< wherever the system likes
 
     /// @p scene is one of connectedScenes().
     virtual void requestReviewInScene(const Scene& scene) = 0;

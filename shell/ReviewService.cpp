@@ -14,8 +14,6 @@ namespace giggle {
 namespace {
 
 constexpr int DaysBetweenRequests = 7;
-constexpr int FirstVersionWithScenes = 13;
-constexpr int FirstVersionWithRequestsInScenes = 14;
 
 } // namespace
 
@@ -59,7 +57,7 @@ void ReviewService::requestReviewIfDue()
 void ReviewService::requestReview()
 {
     const int version = m_storeReview.systemMajorVersion();
-    if (version < FirstVersionWithScenes) {
+    if (version < StoreReview::FirstVersionWithScenes) {
         m_storeReview.requestReview();
         return;
     }
@@ -69,7 +67,7 @@ void ReviewService::requestReview()
     });
     if (active == scenes.end() || !active->isWindow)
         return;
-    if (version < FirstVersionWithRequestsInScenes)
+    if (version < StoreReview::FirstVersionWithRequestsInScenes)
         m_storeReview.requestReview();
     else
         m_storeReview.requestReviewInScene(*active);

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DisplayText.h"
 
-#include <algorithm>
-#include <array>
-
 namespace giggle {
 
 namespace {
@@ -21,7 +18,7 @@ constexpr CharacterSet setOf(std::string_view characters)
 }
 
 constexpr CharacterSet IsDisplayed = setOf(AllowedDisplayCharacters);
-constexpr CharacterSet IsTyped = setOf(AllowedEditCharacters);
+constexpr CharacterSet IsTyped = setOf({AllowedEditCharacters.data(), AllowedEditCharacters.size()});
 
 bool isIn(const CharacterSet& set, QChar character)
 {
@@ -31,6 +28,12 @@ bool isIn(const CharacterSet& set, QChar character)
 bool isBlank(QChar character)
 {
     return character == u'\t' || character.category() == QChar::Separator_Space;
+}
+
+/// No-break spaces hold words together.
+bool breaksLine(QChar c)
+{
+    return c.isSpace() && c != QChar::Nbsp && c != u'\u2007' && c != u'\u202f';
 }
 
 } // namespace
@@ -74,7 +77,7 @@ bool holdsLongWord(const QString& text)
     constexpr qsizetype LongestUsual = 2000;
     qsizetype wordStart = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i].isSpace())
+        if (breaksLine(text[i]))
             wordStart = i + 1;
         else if (i - wordStart >= LongestUsual)
             return true;

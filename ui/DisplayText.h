@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace giggle {
@@ -16,8 +18,11 @@ inline constexpr std::string_view AllowedDisplayCharacters =
     ".0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ,;:-=?!@#$%&*()[]{}/<>_+~`\n ";
 
 /// The characters that can be typed while a joke is edited: the same without the line feed.
-inline constexpr std::string_view AllowedEditCharacters =
-    ".0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ,;:-=?!@#$%&*()[]{}/<>_+~` ";
+inline constexpr auto AllowedEditCharacters = [] {
+    std::array<char, AllowedDisplayCharacters.size() - 1> characters{};
+    std::ranges::remove_copy(AllowedDisplayCharacters, characters.begin(), '\n');
+    return characters;
+}();
 
 /// The text without every character (code point) that is not allowed in display.
 [[nodiscard]] QString filteredForDisplay(std::string_view utf8);
@@ -29,7 +34,7 @@ inline constexpr std::string_view AllowedEditCharacters =
 /// The text without the blanks at both ends: tabs and every space separator of Unicode, but no line break.
 [[nodiscard]] QString trimmedOfBlanks(const QString& text);
 
-/// Whether the text holds a word of some thousand characters. To wrap such a word only where it cannot be
+/// Whether the text holds a word of more than 2000 characters. To wrap such a word only where it cannot be
 /// helped takes the square of its length, which for a megabyte is a minute and more: it has to be wrapped
 /// anywhere.
 [[nodiscard]] bool holdsLongWord(const QString& text);

@@ -44,7 +44,6 @@ Item {
         boxLineWidth: Theme.borderWidth
         markLineWidth: boxSize / 8
         tintColor: Theme.tint
-        uncheckedFillColor: "#ffffff"
         secondaryColor: Theme.buttonBorder
         markColor: Theme.tintInk
         animationDuration: Theme.animationTime

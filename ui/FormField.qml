@@ -15,7 +15,6 @@ FocusScope {
     property color borderColor: Theme.line
     /// Room at the field's right end that the text leaves free.
     property real ornamentWidth: 0
-    readonly property Item inputItem: input
     /// The field without its label.
     readonly property rect inputArea: Qt.rect(input.x, input.y, input.width, input.height)
 
@@ -42,6 +41,7 @@ FocusScope {
         focus: true
         leftPadding: Theme.unit
         rightPadding: Theme.unit + control.ornamentWidth
+        maximumLength: 0x7fffffff // there is no limit; the usual one would cut off a longer text that is only shown
         text: control.text
         readOnly: control.readOnly
         color: Theme.text

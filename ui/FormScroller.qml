@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The body of a page with fields: a column of readable width that fills the height, and scrolls where it does not
-// fit. What has the keyboard is kept in sight. A tap beside the fields ends editing.
+// fit. What has the keyboard is kept in sight.
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Layouts
@@ -10,6 +10,8 @@ Flickable {
     id: scroller
 
     required property string name
+    /// Whether a tap beside the fields ends editing.
+    property bool endsEditingOnTap: true
     default property alias fields: column.data
 
     contentWidth: width
@@ -31,6 +33,7 @@ Flickable {
         }
     }
     TapHandler {
+        enabled: scroller.endsEditingOnTap
         onTapped: scroller.dismissKeyboard()
     }
     ColumnLayout {

@@ -18,7 +18,6 @@ FocusScope {
     property font textFont: Qt.font({pixelSize: Theme.bodySize})
     property color borderColor: Theme.line
     property int horizontalAlignment: TextEdit.AlignLeft
-    readonly property Item inputItem: input
     /// High enough for some lines.
     readonly property real leastHeight: label.height + 5 * Theme.bodySize + 3 * Theme.unit
 

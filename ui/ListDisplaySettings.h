@@ -17,7 +17,7 @@ class Preferences;
 /// The colour behind a stored colour name; nothing for a name that is not known (case counts).
 [[nodiscard]] std::optional<QColor> colorNamed(const QString& name);
 
-/// How the user wants jokes listed.
+/// How the user wants jokes to look.
 struct ListDisplaySettings {
     QString ListFontName;
     double ListFontSize = 0;

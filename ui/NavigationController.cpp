@@ -73,6 +73,7 @@ bool NavigationController::hasUnsavedChanges() const
 
 void NavigationController::askToDiscard(std::function<void()> discard)
 {
+    // What the alert on show says comes first; it may be this question itself.
     if (m_isAlertShown)
         return;
     present({QStringLiteral("Discard Changes?"),

@@ -64,10 +64,11 @@ public:
     Q_INVOKABLE void start();
 
     /// One screen back; at the root nothing happens. A screen with unsaved changes is left only when the user
-    /// agrees to lose them.
+    /// agrees to lose them. While an alert is shown nothing happens there.
     Q_INVOKABLE void back();
 
-    /// Whether the window may be closed now. If not, the user is asked, and `closeRequested` may follow.
+    /// Whether the window may be closed now. If not, the user is asked, unless an alert is shown already, and
+    /// `closeRequested` may follow.
     Q_INVOKABLE bool mayClose();
 
     /// The page of @p screen has come to rest on top. Safe to call more than once.

@@ -28,6 +28,12 @@ enum class Id {
     EditJoke,
     ExportJokes,
     ImportJokes,
+    CategoryList,
+    AddCategory,
+    EditCategory,
+    RatingList,
+    AddRating,
+    EditRating,
 };
 Q_ENUM_NS(Id)
 

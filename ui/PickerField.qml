@@ -54,9 +54,6 @@ FormField {
             picker.show(control, choices);
             return;
         }
-        const current = choices.indexOf(text);
-        const next = current < 0 ? 0 : current + by;
-        if (next >= 0 && next < choices.length)
-            picked(next);
+        picker.pickNext(by);
     }
 }

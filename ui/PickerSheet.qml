@@ -5,7 +5,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import GiggleArchives
 
 Rectangle {
@@ -94,7 +93,7 @@ Rectangle {
 
         /// Turns to the field's name, where it is one of the choices.
         function showChoice() {
-            const chosen = sheet.choices.indexOf(sheet.field?.text ?? "");
+            const chosen = sheet.pickedRow();
             if (chosen >= 0)
                 currentIndex = chosen;
         }
@@ -123,11 +122,11 @@ Rectangle {
             Accessible.name: modelData
             Accessible.selectable: true
             Accessible.selected: isPicked
-            Accessible.onPressAction: sheet.picked(index)
+            Accessible.onPressAction: sheet.pick(index)
 
             MouseArea {
                 anchors.fill: parent
-                onClicked: sheet.picked(choice.index)
+                onClicked: sheet.pick(choice.index)
             }
         }
     }
@@ -142,6 +141,26 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
     }
+    /// The row that holds the field's name, or -1. Names may stand there more than once: the row in the middle
+    /// then counts.
+    function pickedRow(): int {
+        const name = field?.text ?? "";
+        return choices[wheel.currentIndex] === name ? wheel.currentIndex : choices.indexOf(name);
+    }
+
+    /// Picks the name so many rows further; without a name in the field the first one.
+    function pickNext(rows: int) {
+        const current = pickedRow();
+        const next = current < 0 ? 0 : current + rows;
+        if (next >= 0 && next < choices.length)
+            pick(next);
+    }
+
+    function pick(row: int) {
+        wheel.currentIndex = row;
+        picked(row);
+    }
+
     /// Shows the names for a field, with the field's own in the middle.
     function show(newField: FormField, names: var) {
         field = newField;

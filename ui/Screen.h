@@ -27,7 +27,8 @@ public:
     /// Whether @p route ends at this screen.
     [[nodiscard]] virtual bool isTargetOf([[maybe_unused]] UnwindRoute route) const { return false; }
 
-    /// Whether going back would lose something that the user has typed; the user is then asked first.
+    /// Whether going back or closing the window would lose something that the user has changed; the user is
+    /// then asked first.
     [[nodiscard]] virtual bool hasUnsavedChanges() const { return false; }
 
     /// @name Life cycle, called by the navigation controller in this order

@@ -8,8 +8,11 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QQuickTextDocument>
 #include <QTextDocument>
+
+#include <utility>
 
 namespace giggle {
 
@@ -42,14 +45,13 @@ QString insertedBy(const QKeyEvent& event)
 
 void TextAreaContent::setTextArea(QQuickItem* textArea)
 {
-    if (textArea == m_textArea)
+    if (m_textArea || !textArea)
         return;
     m_textArea = textArea;
-    if (textArea) {
-        textArea->installEventFilter(this);
-        connect(textArea, SIGNAL(textChanged()), this, SLOT(textAreaTextChanged()));
-        setText(m_textToBe);
-    }
+    textArea->installEventFilter(this);
+    // By name: the class that has the signal is private to Qt.
+    connect(textArea, SIGNAL(textChanged()), this, SLOT(textAreaTextChanged()));
+    setText(std::exchange(m_textToBe, {}));
     emit textAreaChanged();
 }
 
@@ -69,7 +71,8 @@ QString TextAreaContent::text() const
 
 void TextAreaContent::setText(const QString& text)
 {
-    m_textToBe = text;
+    if (!m_textArea)
+        m_textToBe = text;
     if (!m_textArea || text == this->text())
         return;
     setHasLongWord(holdsLongWord(text));
@@ -96,7 +99,7 @@ void TextAreaContent::setShouldChange(const QJSValue& function)
     emit shouldChangeChanged();
 }
 
-bool TextAreaContent::accepts(const QString& replacement)
+bool TextAreaContent::admit(const QString& replacement)
 {
     if (!replacement.isEmpty() && m_shouldChange.isCallable() &&
         !m_shouldChange.call({QJSValue(replacement)}).toBool())
@@ -108,7 +111,7 @@ bool TextAreaContent::accepts(const QString& replacement)
 
 bool TextAreaContent::filterKey(const QKeyEvent& event)
 {
-    if (!accepts(insertedBy(event)))
+    if (!admit(insertedBy(event)))
         return true;
     if (!isReturn(event) || !event.modifiers().testFlag(Qt::ShiftModifier))
         return false;
@@ -120,7 +123,7 @@ bool TextAreaContent::filterKey(const QKeyEvent& event)
 
 bool TextAreaContent::filterInputMethod(const QInputMethodEvent& event)
 {
-    if (accepts(event.commitString()))
+    if (admit(event.commitString()))
         return false;
     QInputMethodEvent withdrawal;
     QCoreApplication::sendEvent(m_textArea, &withdrawal);
@@ -137,7 +140,7 @@ bool TextAreaContent::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonRelease:
         // The middle button pastes what is selected elsewhere.
         return static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton &&
-               !accepts(QGuiApplication::clipboard()->text(QClipboard::Selection));
+               !admit(QGuiApplication::clipboard()->text(QClipboard::Selection));
     default:
         return QObject::eventFilter(watched, event);
     }

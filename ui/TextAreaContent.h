@@ -30,6 +30,7 @@ public:
 
     [[nodiscard]] QQuickItem* textArea() const { return m_textArea; }
 
+    /// Once.
     void setTextArea(QQuickItem* textArea);
 
     /// Line breaks are line feeds.
@@ -61,7 +62,8 @@ private slots:
 private:
     [[nodiscard]] QTextDocument* document() const;
 
-    [[nodiscard]] bool accepts(const QString& replacement);
+    /// Whether the text may come in; prepares for it, if so.
+    [[nodiscard]] bool admit(const QString& replacement);
     void setHasLongWord(bool hasLongWord);
 
     bool filterKey(const QKeyEvent& event);

@@ -17,9 +17,9 @@ QtObject {
     /// Borders of fields and dialogs.
     readonly property color line: dark ? "#ffffff" : "#000000"
     /// Labels of fields that must be filled in.
-    readonly property color requiredText: dark ? "#ff8a80" : "#b00000"
+    readonly property color requiredText: dark ? "#ff8a80" : headerText
     /// Names that are chosen.
-    readonly property color accentText: dark ? "#9cc2ff" : "#0026a6"
+    readonly property color accentText: dark ? focus : tint
     readonly property color focus: dark ? "#9cc2ff" : "#0a52c4"
 
     // The same in both styles.
@@ -52,6 +52,11 @@ QtObject {
     readonly property int heroSize: Math.round(26 * Math.min(textScale, 1.5))
     /// Icons grow with the text, but not so far that four of them fill a line.
     readonly property int iconSize: Math.round(24 * Math.min(textScale, 1.5))
+
+    /// How large a joke is drawn in a font of that size.
+    function jokeSize(pixelSize: real): int {
+        return Math.max(1, pixelSize * textScale);
+    }
 
     /// The icon of that name, drawn in black, or in white for a dark ground.
     function icon(name: string, onDark: bool): url {

@@ -7,9 +7,6 @@ namespace giggle {
 
 namespace {
 
-// Not the kernel's: the first that a request can name a scene on.
-constexpr int VersionWithRequestsInScenes = 14;
-
 StoreReview::ActivationState activationState()
 {
     switch (QGuiApplication::applicationState()) {
@@ -28,7 +25,7 @@ StoreReview::ActivationState activationState()
 
 int LinuxStoreReview::systemMajorVersion() const
 {
-    return VersionWithRequestsInScenes;
+    return FirstVersionWithRequestsInScenes; // not the kernel's
 }
 
 std::vector<StoreReview::Scene> LinuxStoreReview::connectedScenes() const

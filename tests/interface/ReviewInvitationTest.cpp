@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/DeploymentAddresses.h"
 #include "shell/ReviewService.h"
 #include "tests/interface/InterfaceFixture.h"
 
@@ -60,7 +61,7 @@ TEST_F(ReviewInvitationTest, LeavesTheUserAloneUntilItIsAnswered)
 
 TEST_F(ReviewInvitationTest, RateOpensThePageOrTellsItsAddress)
 {
-    const QUrl page(u"https://gigglearchives.example/app"_qs);
+    const QUrl page = DeploymentAddresses::storePage();
     openListAndInvite();
     ASSERT_TRUE(tabTo(u"Rate"_qs));
     key(Qt::Key_Return);

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// What the pages that add and rename a name share: the field, which has the keyboard at once, and Save. Enter in
+// the field saves, too.
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import GiggleArchives
+
+AppPage {
+    id: page
+
+    required property NameEditor editor
+    property alias text: field.text
+    property alias endsEditingOnTap: form.endsEditingOnTap
+
+    signal edited(string text)
+
+    title: editor.title
+
+    Shortcut {
+        sequence: "Ctrl+S"
+        enabled: page.isActive
+        onActivated: page.save()
+    }
+
+    FormScroller {
+        id: form
+
+        anchors.fill: parent
+        name: page.title
+        endsEditingOnTap: false
+
+        FormField {
+            id: field
+
+            Layout.fillWidth: true
+            objectName: page.editor.fieldName + "TextField"
+            name: page.editor.fieldName
+            focus: true
+            onEdited: text => page.edited(text)
+            onAccepted: page.save()
+        }
+        AppButton {
+            Layout.fillWidth: true
+            Layout.topMargin: Theme.unit / 2
+            objectName: "SaveButton"
+            text: qsTr("Save")
+            fill: Theme.yellow
+            ink: Theme.brightInk
+            onClicked: page.save()
+        }
+        Item {
+            Layout.fillHeight: true
+        }
+    }
+
+    /// A second press while the page is on its way out must not store the name twice.
+    function save() {
+        if (StackView.status !== StackView.Deactivating)
+            editor.SaveGenre();
+    }
+}

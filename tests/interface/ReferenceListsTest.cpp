@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/InterfaceFixture.h"
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class ReferenceLists : public InterfaceFixture {
+protected:
+    /// Two categories, one of them without a name, a rating, and a joke of both.
+    void openWithNames()
+    {
+        skipSeeding();
+        insertCategory(context(), std::nullopt);
+        insertCategory(context(), "Puns");
+        insertRating(context(), "Mild");
+        insertJoke(context(), {.category = "Puns", .rating = "Mild", .id = 1, .joke = "Pop"});
+        context().save();
+        openWindow();
+        openArea(u"Reference Lists"_qs);
+    }
+
+    QStringList rows() { return names(QAccessible::ListItem); }
+
+    void waitForRows(const QStringList& expected)
+    {
+        waitUntil([&] { return rows() == expected; });
+        EXPECT_EQ(rows(), expected);
+    }
+
+    /// Waits until one page is at rest: while one slides over another there are two ways back.
+    void waitForRest()
+    {
+        EXPECT_TRUE(waitUntil([&] { return names(QAccessible::Button).count(u"Back"_qs) == 1; }));
+    }
+
+    /// Presses something that opens a page.
+    void open(QAccessible::Role role, const QString& name)
+    {
+        press(role, name);
+        waitForRest();
+    }
+
+    void openEditor(QAccessible::Role role, const QString& name, const QString& field)
+    {
+        open(role, name);
+        EXPECT_TRUE(waitFor(QAccessible::EditableText, field)->state().focused);
+    }
+
+    /// On the page of one side: adds "Ape", renames @p name to "Zoo" and deletes "Ape" again. @p before are
+    /// the rows above them.
+    void addRenameAndDelete(const QString& list, const QString& field, const QString& name,
+                            const QStringList& before)
+    {
+        open(QAccessible::Button, list);
+        waitForRows(before + QStringList{name});
+        openEditor(QAccessible::Button, u"Add"_qs, field);
+        type(u"Ape"_qs);
+        press(QAccessible::Button, u"Save"_qs);
+        press(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
+        waitForRows(before + QStringList{u"Ape"_qs, name});
+        waitForRest();
+
+        openEditor(QAccessible::ListItem, name, field);
+        key(Qt::Key_A, Qt::ControlModifier);
+        type(u"Zoo"_qs);
+        key(Qt::Key_Return);
+        waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
+        waitForRest();
+
+        waitFor(QAccessible::ListItem, u"Ape"_qs)
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::setFocusAction());
+        key(Qt::Key_Delete);
+        waitForRows(before + QStringList{u"Zoo"_qs});
+        key(Qt::Key_Escape);
+        waitForRest();
+    }
+};
+
+TEST_F(ReferenceLists, NamesOfBothSidesAreAddedRenamedAndDeletedAndJokesLeftAlone)
+{
+    openWithNames();
+    addRenameAndDelete(u"Categories"_qs, u"Category"_qs, u"Puns"_qs, {u"No name"_qs});
+    addRenameAndDelete(u"Ratings"_qs, u"Rating"_qs, u"Mild"_qs, {});
+    EXPECT_FALSE(context().hasChanges());
+    const Jokes& joke = *context().fetch(Jokes::fetchRequest()).front();
+    EXPECT_EQ(joke.category(), "Puns");
+    EXPECT_EQ(joke.rating(), "Mild");
+}
+
+TEST_F(ReferenceLists, OddNamesPassThroughTheFieldUnchanged)
+{
+    const std::string odd = "two\nlines ^ \u2028 \u00a0 " + std::string(100'000, 'x');
+    insertCategory(context(), odd);
+    openWithNames();
+    open(QAccessible::Button, u"Categories"_qs);
+    openEditor(QAccessible::ListItem, QString::fromStdString(odd), u"Category"_qs);
+    key(Qt::Key_Return);
+    waitForRows({u"No name"_qs, u"Puns"_qs, QString::fromStdString(odd)});
+}
+
+TEST_F(ReferenceLists, ARefusalGivesTheFieldBackAndTypedTextIsNotLostUnasked)
+{
+    openWithNames();
+    open(QAccessible::Button, u"Ratings"_qs);
+    waitForRows({u"Mild"_qs});
+    key(Qt::Key_N, Qt::ControlModifier);
+    waitFor(QAccessible::EditableText, u"Rating"_qs);
+    waitForRest();
+    press(QAccessible::Button, u"Save"_qs);
+    waitFor(QAccessible::Dialog, u"Record not Saved!"_qs);
+    press(QAccessible::Button, u"OK"_qs);
+    QAccessibleInterface* field = waitFor(QAccessible::EditableText, u"Rating"_qs);
+    EXPECT_TRUE(waitUntil([&] { return bool(field->state().focused); }));
+    type(u"M"_qs);
+    key(Qt::Key_Escape);
+    waitFor(QAccessible::Dialog, u"Discard Changes?"_qs);
+    press(QAccessible::Button, u"Discard"_qs);
+    waitForRows({u"Mild"_qs});
+}
+
+} // namespace
+
+} // namespace giggle
