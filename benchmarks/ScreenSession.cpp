@@ -24,9 +24,9 @@ constexpr int StepPixels = 90; // between two frames of a quick flick
 ScreenSession::ScreenSession(const QString& folder)
     : m_userDefaults(m_settings.filePath(QStringLiteral("preferences.json"))), m_appDelegate(folder),
       m_windowActivation(m_settings.filePath(QStringLiteral("lock"))),
-      m_interface(
-          m_appDelegate, m_userDefaults,
-          {m_interfaceStyle, m_fonts, m_resources, m_windowActivation, m_storeReview, m_addressOpener})
+      m_interface(m_appDelegate, m_userDefaults,
+                  {m_interfaceStyle, m_fonts, m_resources, m_windowActivation, m_storeReview, m_addressOpener,
+                   m_mailComposer, m_messageCapability})
 {
     m_userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
 }

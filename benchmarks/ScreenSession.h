@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/NoMail.h"
 #include "app/UserInterface.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
@@ -59,6 +60,8 @@ private:
     SingleInstance m_windowActivation;
     LinuxStoreReview m_storeReview;
     DesktopAddressOpener m_addressOpener;
+    NoMailComposer m_mailComposer;
+    NoMessageCapability m_messageCapability;
     UserInterface m_interface;
     QQuickWindow* m_window = nullptr;
 };

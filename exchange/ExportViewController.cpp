@@ -176,7 +176,9 @@ void ExportViewController::WriteTextFile()
 {
     const QString path = filePath();
     (void)writeAtomically(path, *m_exportTextView.text()); // the mail shows what came of it
-    if (FileText written = readUtf8File(path); written.text)
+    FileText written = readUtf8File(path);
+    if (written.text &&
+        *written.text != *m_exportTextView.text()) // the same text keeps its place in the view
         m_exportTextView.setText(std::move(*written.text));
     if (environment().platform.mailComposer.canSendMail())
         composeMail(path);
@@ -188,8 +190,9 @@ void ExportViewController::WriteTextFile()
 
 void ExportViewController::composeMail(const QString& path)
 {
-    Mail mail{.subject = QStringLiteral("Giggle Archives Update Text File"),
-              .body = QStringLiteral("Attachment: Giggle Archives Text File")};
+    Mail mail;
+    mail.subject = QStringLiteral("Giggle Archives Update Text File");
+    mail.body = QStringLiteral("Attachment: Giggle Archives Text File");
     if (QFile file(path); file.open(QIODevice::ReadOnly))
         mail.attachments.push_back({file.readAll(), QStringLiteral("csv"), FileName});
     environment().platform.mailComposer.present(mail, [](const QString& failure) {

@@ -33,6 +33,26 @@ QString ImportViewController::helpTextView()
 
 void ImportViewController::viewDidLoad()
 {
+    loadWaitingDocument();
+}
+
+void ImportViewController::viewDidAppear()
+{
+    loadWaitingDocument(); // it may have come while the page slid in
+}
+
+bool ImportViewController::answersSegue(SegueId)
+{
+    if (m_isFileLoaded)
+        return false;
+    loadWaitingDocument();
+    return true;
+}
+
+void ImportViewController::loadWaitingDocument()
+{
+    if (m_isFileLoaded)
+        return;
     const QUrl waiting = std::exchange(environment().selection.DocumentToImport, {});
     if (!waiting.isEmpty())
         didPickDocument(waiting);

@@ -26,6 +26,10 @@ public:
     [[nodiscard]] QString title() const override { return QStringLiteral("Import Jokes"); }
 
     void viewDidLoad() override;
+    void viewDidAppear() override;
+
+    /// A file that waits is loaded here if none has been.
+    bool answersSegue(SegueId segue) override;
 
     [[nodiscard]] bool isImportButtonEnabled() const { return m_isFileLoaded; }
 
@@ -48,6 +52,7 @@ signals:
     void buttonsChanged();
 
 private:
+    void loadWaitingDocument();
     void didPickDocument(const QUrl& url);
     void loadDocument(const QUrl& url);
     void presentOutcome(bool isWrongFile);

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/MailComposer.h"
+#include "platform/MessageCapability.h"
+
+namespace giggle {
+
+/// A device without a mail program.
+class NoMailComposer : public MailComposer {
+public:
+    [[nodiscard]] bool canSendMail() const override { return false; }
+
+    void present(const Mail&, std::function<void(const QString&)> finished) override
+    {
+        finished(QStringLiteral("There is no mail program."));
+    }
+};
+
+/// A device without text messages.
+class NoMessageCapability : public MessageCapability {
+public:
+    [[nodiscard]] bool canSendText() const override { return false; }
+};
+
+} // namespace giggle
