@@ -9,10 +9,13 @@
 #include "jokes/NewMainListTableViewController.h"
 #include "lists/AddCategoryViewController.h"
 #include "lists/AddRatingViewController.h"
+#include "lists/CategoryBreakdownTableViewController.h"
 #include "lists/CategoryTableViewController.h"
 #include "lists/EditCategoryViewController.h"
 #include "lists/EditRatingViewController.h"
+#include "lists/RatingBreakdownTableViewController.h"
 #include "lists/RatingTableViewController.h"
+#include "lists/TabBarController.h"
 #include "shell/JokeOfDayViewController.h"
 #include "shell/ReferenceListViewController.h"
 #include "shell/ViewController.h"
@@ -38,6 +41,8 @@ struct SceneDescription {
 
 constexpr std::array Scenes{
     SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>, QLatin1StringView("AddJokeView")},
+    SceneDescription{SegueId::CategoryBreakdown, makeScreen<CategoryBreakdownTableViewController>,
+                     QLatin1StringView("CategoryBreakdownView")},
     SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
                      QLatin1StringView("EditJokeView")},
     SceneDescription{SegueId::ExportJokes, makeScreen<ExportViewController>,
@@ -64,6 +69,10 @@ constexpr std::array Scenes{
                      QLatin1StringView("AddRatingView")},
     SceneDescription{SegueId::EditRating, makeScreen<EditRatingViewController>,
                      QLatin1StringView("EditRatingView")},
+    SceneDescription{SegueId::RatingBreakdown, makeScreen<RatingBreakdownTableViewController>,
+                     QLatin1StringView("RatingBreakdownView")},
+    SceneDescription{SegueId::TabBarController, makeScreen<TabBarController>,
+                     QLatin1StringView("TabBarView")},
 };
 
 const SceneDescription* sceneBehind(SegueId segue)

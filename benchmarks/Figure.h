@@ -45,13 +45,25 @@ struct Figure {
 [[nodiscard]] std::vector<Figure> storeFigures();
 [[nodiscard]] std::vector<Figure> searchFigures();
 [[nodiscard]] std::vector<Figure> exchangeFigures();
+[[nodiscard]] std::vector<Figure> groupFigures();
 [[nodiscard]] std::vector<Figure> screenFigures();
 
-enum class ScreenMeasurement { MenuFrame, JokeListFrame, ScrolledFrame, Memory, EditorFrame, EditorSave };
+enum class ScreenMeasurement {
+    MenuFrame,
+    JokeListFrame,
+    ScrolledFrame,
+    Memory,
+    EditorFrame,
+    EditorSave,
+    BreakdownFrame
+};
 
 /// Shows the screens over the collection in @p folder, in this process, and measures one thing about them:
 /// seconds, or bytes of memory. Once in a process; needs a QGuiApplication.
 [[nodiscard]] double measureScreens(ScreenMeasurement measurement, const QString& folder);
+
+/// The same in a process of its own, whose screens nothing has shown before.
+[[nodiscard]] double measuredElsewhere(ScreenMeasurement measurement, const QString& folder);
 
 /// How much memory this process has at the moment.
 [[nodiscard]] std::size_t residentBytes();

@@ -92,6 +92,15 @@ std::vector<RawJoke> RawDatabase::jokes(const std::string& clauses)
     return jokes;
 }
 
+std::vector<std::pair<std::string, std::int64_t>> RawDatabase::counts(const std::string& column)
+{
+    std::vector<std::pair<std::string, std::int64_t>> counts;
+    const Statement rows = prepare("SELECT " + column + ", COUNT(*) FROM jokes GROUP BY 1 ORDER BY 1");
+    while (sqlite3_step(rows.get()) == SQLITE_ROW)
+        counts.emplace_back(textAt(rows.get(), 0), sqlite3_column_int64(rows.get(), 1));
+    return counts;
+}
+
 void RawDatabase::upsert(const RawJoke& joke)
 {
     if (!m_upsert) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct sqlite3;
@@ -39,6 +40,9 @@ public:
 
     /// What "SELECT oid, category, favorite, id, joke, rating FROM jokes" yields with @p clauses behind it.
     [[nodiscard]] std::vector<RawJoke> jokes(const std::string& clauses);
+
+    /// Each value of @p column with the number of jokes that have it, in order.
+    [[nodiscard]] std::vector<std::pair<std::string, std::int64_t>> counts(const std::string& column);
 
     /// Writes one row, in a transaction of its own.
     void upsert(const RawJoke& joke);

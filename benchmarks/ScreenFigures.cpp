@@ -16,8 +16,16 @@ namespace {
 
 constexpr int ScrolledFrames = 600;
 
-/// What a process of its own prints about the screens over a collection: see printScreenFigures().
-double measured(ScreenMeasurement measurement, const QString& folder)
+double percentile99(std::vector<double> values)
+{
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(values.size() * 99 / 100);
+    std::ranges::nth_element(values, place);
+    return *place;
+}
+
+} // namespace
+
+double measuredElsewhere(ScreenMeasurement measurement, const QString& folder)
 {
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(),
@@ -30,18 +38,21 @@ double measured(ScreenMeasurement measurement, const QString& folder)
     return value;
 }
 
+namespace {
+
 /// Against the same screens over an empty collection: what grows with the collection stands out.
 Sides screenSides(ScreenMeasurement measurement, Collections& collections, std::size_t size)
 {
     const QString folder = collections.folder(size);
     const QString empty = collections.emptyFolder();
-    return {[=] { return measured(measurement, folder); }, [=] { return measured(measurement, empty); }};
+    return {[=] { return measuredElsewhere(measurement, folder); },
+            [=] { return measuredElsewhere(measurement, empty); }};
 }
 
 Sides firstFrameSides(Collections& collections, std::size_t size)
 {
     const QString folder = collections.folder(size);
-    return {[folder] { return measured(ScreenMeasurement::JokeListFrame, folder); },
+    return {[folder] { return measuredElsewhere(ScreenMeasurement::JokeListFrame, folder); },
             [folder] {
                 return secondsFor([&] {
                     return RawDatabase(Collections::fileIn(folder), RawDatabase::Sync::Full)
@@ -54,15 +65,15 @@ Sides editorFrameSides(Collections& collections, std::size_t size)
 {
     const QString folder = collections.folder(size);
     const QString small = collections.folder(1000);
-    return {[folder] { return measured(ScreenMeasurement::EditorFrame, folder); },
-            [small] { return measured(ScreenMeasurement::EditorFrame, small); }};
+    return {[folder] { return measuredElsewhere(ScreenMeasurement::EditorFrame, folder); },
+            [small] { return measuredElsewhere(ScreenMeasurement::EditorFrame, small); }};
 }
 
 /// Against the same change to the same row, by its text, with the plain API.
 Sides editorSaveSides(Collections& collections, std::size_t size)
 {
     const QString folder = collections.folder(size);
-    return {[folder] { return measured(ScreenMeasurement::EditorSave, folder); },
+    return {[folder] { return measuredElsewhere(ScreenMeasurement::EditorSave, folder); },
             [folder, size] {
                 RawDatabase database(Collections::fileIn(folder), RawDatabase::Sync::Full);
                 RawJoke row = database.jokes("ORDER BY category, joke")[size / 2];
@@ -74,13 +85,6 @@ Sides editorSaveSides(Collections& collections, std::size_t size)
             }};
 }
 
-double percentile99(std::vector<double> values)
-{
-    const auto place = values.begin() + static_cast<std::ptrdiff_t>(values.size() * 99 / 100);
-    std::ranges::nth_element(values, place);
-    return *place;
-}
-
 } // namespace
 
 double measureScreens(ScreenMeasurement measurement, const QString& folder)
@@ -89,6 +93,8 @@ double measureScreens(ScreenMeasurement measurement, const QString& folder)
     const double menuFrame = session.openMenu();
     if (measurement == ScreenMeasurement::MenuFrame)
         return menuFrame;
+    if (measurement == ScreenMeasurement::BreakdownFrame)
+        return session.openLargestBreakdown();
     const double listFrame = session.openJokeList();
     if (measurement == ScreenMeasurement::JokeListFrame)
         return listFrame;

@@ -4,6 +4,7 @@
 #include "benchmarks/Figure.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
+#include "lists/CategoryGroupTableViewController.h"
 #include "store/PreferenceKeys.h"
 
 #include <QEventLoop>
@@ -92,6 +93,25 @@ void ScreenSession::rest()
     QEventLoop loop;
     QTimer::singleShot(1000, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+double ScreenSession::openLargestBreakdown()
+{
+    m_interface.navigation().performSegue(SegueId::TabBarController);
+    rest();
+    auto& groups = screenAround<CategoryGroupTableViewController>(QStringLiteral("SortButton"));
+    const auto count = [&](int row) {
+        return groups.cellForRow(row).value<GroupTableViewCell>().CountLabel.toInt();
+    };
+    int largest = 0;
+    for (int row = 1; row < groups.numberOfRows(); ++row)
+        if (count(row) > count(largest))
+            largest = row;
+    return secondsFor([&] {
+        groups.selectRow(largest);
+        awaitFrame();
+        return 0;
+    });
 }
 
 std::vector<double> ScreenSession::scroll(int frames)

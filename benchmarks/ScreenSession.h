@@ -31,6 +31,9 @@ public:
     /// Taps Joke List; returns the seconds until the list's first frame, and waits until it has come to rest.
     double openJokeList();
 
+    /// Taps the category with the most jokes; returns the seconds until its first frame.
+    double openLargestBreakdown();
+
     /// Scrolls the joke list by @p frames steps as a quick flick does; returns the seconds that each frame
     /// took.
     std::vector<double> scroll(int frames);

@@ -55,6 +55,7 @@ std::vector<Figure> allFigures()
     std::vector<Figure> figures = storeFigures();
     std::ranges::move(searchFigures(), std::back_inserter(figures));
     std::ranges::move(exchangeFigures(), std::back_inserter(figures));
+    std::ranges::move(groupFigures(), std::back_inserter(figures));
     std::ranges::move(screenFigures(), std::back_inserter(figures));
     return figures;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/AttributedText.h"
 #include "store/Jokes.h"
-#include "ui/AttributedText.h"
 
 #include <vector>
 

@@ -131,6 +131,7 @@ AppPage {
         name: page.title
         model: page.screen.JokeTableView
         delegate: NewMainListRow {
+            actionText: qsTr("delete")
             onClicked: page.screen.selectRow(index)
             onActionTriggered: page.screen.deleteRow(index)
             onFavoriteTicked: checked => page.screen.checkBoxClicked(index, checked)

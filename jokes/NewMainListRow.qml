@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One joke in the joke list: category and check box, the joke, its rating. Thousands of rows fly past, so it
-// has few items and computes its own layout. The check box follows the cell until it is ticked, which
-// `favoriteTicked` tells.
+// One joke in a list of jokes: category and check box, the joke, its rating where the list shows it. Thousands
+// of rows fly past, so it has few items and computes its own layout. The check box follows the cell until it is
+// ticked, which `favoriteTicked` tells.
 import QtQuick
 import GiggleArchives
 
@@ -10,12 +10,12 @@ SwipeRow {
 
     required property newMainListTableViewCell cell
     readonly property real margin: 1.5 * Theme.unit
+    readonly property Item last: cell.RatingLabel ? rating : joke
 
     signal favoriteTicked(bool checked)
 
     name: cell.accessibleName || qsTr("Empty row")
-    actionText: qsTr("delete")
-    height: cell.hasContent ? rating.y + rating.height + Theme.unit : Theme.touchTarget
+    height: cell.hasContent ? last.y + last.height + Theme.unit : Theme.touchTarget
     onSpacePressed: if (cell.hasContent)
         favoriteBox.toggle()
     onCellChanged: showFavorite()

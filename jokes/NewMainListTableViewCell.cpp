@@ -2,11 +2,26 @@
 #include "jokes/NewMainListTableViewCell.h"
 
 #include "jokes/CheckBoxSelectionDelegate.h"
+#include "ui/DisplayText.h"
+#include "ui/ListDisplaySettings.h"
 #include "ui/SharedSelection.h"
 
 #include <QStringList>
 
 namespace giggle {
+
+void NewMainListTableViewCell::showJoke(OptionalText joke, const ListDisplaySettings& settings,
+                                        const QFont& font)
+{
+    const AttributedText rowText = settings.rowText(joke, font);
+    const TextAttributes& attributes = rowText.runs().front().attributes;
+    JokeLabel = rowText.plainText();
+    hasLongWord = holdsLongWord(JokeLabel);
+    hasTextColor = attributes.foregroundColor.has_value();
+    textColor = attributes.foregroundColor.value_or(QColor());
+    fontFamily = font.family();
+    fontPixelSize = font.pixelSize();
+}
 
 QString NewMainListTableViewCell::accessibleName() const
 {

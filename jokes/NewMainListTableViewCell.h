@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "store/Attribute.h"
+
 #include <QColor>
+#include <QFont>
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
@@ -9,9 +12,10 @@
 namespace giggle {
 
 class CheckBoxSelectionDelegate;
+struct ListDisplaySettings;
 struct SharedSelection;
 
-/// One row of the joke list, as it is drawn.
+/// One joke as a row, as it is drawn: in the joke list, and in the lists of one category's or rating's jokes.
 class NewMainListTableViewCell {
     Q_GADGET
     QML_VALUE_TYPE(newMainListTableViewCell)
@@ -34,7 +38,7 @@ public:
     QString CategoryLabel;
     QString JokeLabel;        ///< ends with a line feed
     bool hasLongWord = false; ///< the joke has to be wrapped anywhere
-    QString RatingLabel;
+    QString RatingLabel;      ///< empty where there is no such label
     bool favorite = false;
 
     /// How the joke's text is drawn. Without a colour of its own it takes the label's.
@@ -45,6 +49,9 @@ public:
 
     int cellIndexPath = -1;
     CheckBoxSelectionDelegate* checkBoxDelegate = nullptr;
+
+    /// Fills the joke's label, and says how it is drawn.
+    void showJoke(OptionalText joke, const ListDisplaySettings& settings, const QFont& font);
 
     /// The labels as they are shown, for a screen reader: joke, category, rating.
     [[nodiscard]] QString accessibleName() const;

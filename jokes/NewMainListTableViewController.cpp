@@ -2,6 +2,7 @@
 #include "jokes/NewMainListTableViewController.h"
 
 #include "jokes/JokeComposition.h"
+#include "jokes/SearchPreparation.h"
 #include "platform/InterfaceStyle.h"
 #include "platform/MessageCapability.h"
 #include "platform/Platform.h"
@@ -10,11 +11,8 @@
 #include "store/FatalError.h"
 #include "store/TextSearch.h"
 #include "ui/DisplayText.h"
-#include "ui/MainQueue.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
-
-#include <QPointer>
 
 #include <array>
 
@@ -38,9 +36,6 @@ constexpr std::array ModesTexts{
 // What a search looks at, by mode; a search among the favourites filters nothing.
 constexpr std::array SearchedAttributes{Attribute::category, Attribute::rating, Attribute::joke};
 
-// One step of preparing the search takes well under the time of a frame.
-constexpr std::size_t JokesPreparedAtOnce = 1000;
-
 } // namespace
 
 NewMainListTableViewController::NewMainListTableViewController(ScreenEnvironment& environment)
@@ -63,17 +58,7 @@ void NewMainListTableViewController::viewDidAppear()
 {
     m_jokeTableView.redraw();
     if (!std::exchange(m_isSearchPrepared, true))
-        prepareSearch(0);
-}
-
-void NewMainListTableViewController::prepareSearch(std::size_t firstJoke)
-{
-    environment().mainQueue.async([self = QPointer(this), firstJoke] {
-        if (!self)
-            return;
-        if (const auto next = TextSearch::prepare(self->m_context, firstJoke, JokesPreparedAtOnce))
-            self->prepareSearch(*next);
-    });
+        prepareSearchLater(*this, environment().mainQueue, m_context);
 }
 
 void NewMainListTableViewController::viewDidDisappear()
@@ -206,7 +191,8 @@ NewMainListTableViewCell NewMainListTableViewController::cellAt(int row) const
         return cell;
     cell.hasContent = true;
     cell.CategoryLabel = categoryLabel(joke);
-    showJokeText(cell, joke);
+    cell.showJoke(joke.joke(), m_displaySettings,
+                  m_displaySettings.requiredFont(environment().platform.fonts));
     cell.favorite = joke.favorite().value_or(false);
     cell.RatingLabel = QStringLiteral("Rating: ") + QString::fromUtf8(joke.rating().value_or("N/A"));
     return cell;
@@ -218,19 +204,6 @@ QString NewMainListTableViewController::categoryLabel(const Jokes& joke) const
         !isSearching() && (m_selectedSegment == RatingMode || m_selectedSegment == JokeMode);
     return QStringLiteral("Category: ") +
            QString::fromUtf8(joke.category().value_or(showsMissing ? "N/A" : ""));
-}
-
-void NewMainListTableViewController::showJokeText(NewMainListTableViewCell& cell, const Jokes& joke) const
-{
-    const QFont font = m_displaySettings.requiredFont(environment().platform.fonts);
-    const AttributedText rowText = m_displaySettings.rowText(joke.joke(), font);
-    const TextAttributes& attributes = rowText.runs().front().attributes;
-    cell.JokeLabel = rowText.plainText();
-    cell.hasLongWord = holdsLongWord(cell.JokeLabel);
-    cell.hasTextColor = attributes.foregroundColor.has_value();
-    cell.textColor = attributes.foregroundColor.value_or(QColor());
-    cell.fontFamily = font.family();
-    cell.fontPixelSize = font.pixelSize();
 }
 
 void NewMainListTableViewController::selectRow(int row)

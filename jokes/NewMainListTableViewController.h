@@ -111,7 +111,6 @@ private:
     [[nodiscard]] FetchRequest<Jokes> fetchRequest() const;
     void segmentedControlAction();
     void updateSearchResults();
-    void prepareSearch(std::size_t firstJoke);
 
     [[nodiscard]] bool isSearching() const { return !m_searchText.isEmpty(); }
 
@@ -126,7 +125,6 @@ private:
 
     [[nodiscard]] NewMainListTableViewCell cellAt(int row) const;
     [[nodiscard]] QString categoryLabel(const Jokes& joke) const;
-    void showJokeText(NewMainListTableViewCell& cell, const Jokes& joke) const;
 
     ManagedObjectContext& m_context;
     JokeArray m_jokeList;

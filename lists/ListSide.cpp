@@ -3,67 +3,10 @@
 
 #include "store/FatalError.h"
 #include "store/ManagedObjectContext.h"
+#include "store/NamedRecord.h"
 #include "ui/SharedSelection.h"
 
 namespace giggle {
-
-namespace {
-
-// ---- Name lists ----
-
-template <class Record>
-struct NameAttribute;
-
-template <>
-struct NameAttribute<Category> {
-    static constexpr SortDescriptor<Category> key{"category"};
-    static constexpr PredicateFormat<Category, AttributeType::Text> isNamed{"category = %@"};
-    static constexpr auto set = &Category::setCategory;
-};
-
-template <>
-struct NameAttribute<Rating> {
-    static constexpr SortDescriptor<Rating> key{"rating"};
-    static constexpr PredicateFormat<Rating, AttributeType::Text> isNamed{"rating = %@"};
-    static constexpr auto set = &Rating::setRating;
-};
-
-template <class Record>
-NameRecords::List fetch(ManagedObjectContext& context, const FetchRequest<Record>& request)
-{
-    const std::vector<Record*> records = context.fetch(request);
-    return {records.begin(), records.end()};
-}
-
-template <class Record>
-constexpr NameRecords recordsOf()
-{
-    using Name = NameAttribute<Record>;
-    return {
-        .all = [](ManagedObjectContext& context) { return fetch(context, Record::fetchRequest()); },
-        .sorted =
-            [](ManagedObjectContext& context, SortOrder order) {
-                FetchRequest<Record> request = Record::fetchRequest();
-                request.sortDescriptors = {{Name::key.key, order}};
-                return fetch(context, request);
-            },
-        .named =
-            [](ManagedObjectContext& context, const std::string& name) {
-                FetchRequest<Record> request = Record::fetchRequest();
-                request.predicate = Predicate<Record>(Name::isNamed, name);
-                return fetch(context, request);
-            },
-        .insert = [](ManagedObjectContext& context) -> NamedRecord& { return context.insert<Record>(); },
-        .setName = [](NamedRecord& record,
-                      const std::string& name) { (static_cast<Record&>(record).*Name::set)(name); },
-        .remove = [](ManagedObjectContext& context,
-                     NamedRecord& record) { context.deleteObject(static_cast<Record&>(record)); },
-    };
-}
-
-// ---- end of the name lists ----
-
-} // namespace
 
 constinit const ListSide CategorySide{
     // ---- Name lists ----
@@ -81,8 +24,21 @@ constinit const ListSide CategorySide{
     .editSegue = SegueId::EditCategory,
     .unwindRoute = UnwindRoute::ToCategoryList,
     .nameToRename = &SharedSelection::selectedCategoryName,
-    .records = recordsOf<Category>(),
-    // ---- end of the name lists ----
+    .records = CategoryRecords,
+
+    // ---- Groups and breakdowns ----
+    .groupTabTitle = u"Categories",
+    .groupSearchPlaceholder = u"Sort and Search by Category",
+    .groupHeader = u"# Categories = ",
+    .groupHeaderTitle = u" Joke Categories",
+    .groupCallingScreen = u"CategoryGroup",
+    .namesInJokes = &ManagedObjectContext::categoriesOfJokes,
+    .jokesNamed = [](std::string_view name) { return Predicate<Jokes>("category == %@", name); },
+    .selectedName = &SharedSelection::SelectedCategory,
+    .breakdownSegue = SegueId::CategoryBreakdown,
+    .breakdownCallingScreen = u"CategoryBreakdown",
+    .breakdownRoute = UnwindRoute::ToCategoryBreakdown,
+    .breakdownShowsRating = false,
 };
 
 constinit const ListSide RatingSide{
@@ -101,8 +57,21 @@ constinit const ListSide RatingSide{
     .editSegue = SegueId::EditRating,
     .unwindRoute = UnwindRoute::ToRatingList,
     .nameToRename = &SharedSelection::selectedRatingName,
-    .records = recordsOf<Rating>(),
-    // ---- end of the name lists ----
+    .records = RatingRecords,
+
+    // ---- Groups and breakdowns ----
+    .groupTabTitle = u"Ratings",
+    .groupSearchPlaceholder = u"Search by Rating",
+    .groupHeader = u"# Ratings = ",
+    .groupHeaderTitle = u" Joke Ratings",
+    .groupCallingScreen = u"RatingGroup",
+    .namesInJokes = &ManagedObjectContext::ratingsOfJokes,
+    .jokesNamed = [](std::string_view name) { return Predicate<Jokes>("rating == %@", name); },
+    .selectedName = &SharedSelection::SelectedRating,
+    .breakdownSegue = SegueId::RatingBreakdown,
+    .breakdownCallingScreen = u"RatingBreakdown",
+    .breakdownRoute = UnwindRoute::ToRatingBreakdown,
+    .breakdownShowsRating = true,
 };
 
 OptionalText ListSide::nameOf(const NamedRecord& record) const

@@ -1,39 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/Attribute.h"
+#include "lists/NameRecords.h"
 #include "store/FetchRequest.h"
+#include "store/Jokes.h"
 #include "ui/Navigator.h"
 
 #include <QStringView>
 
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace giggle {
 
-class ManagedObjectContext;
-class NamedRecord;
 struct SharedSelection;
-
-/// The records that hold one side's names, whatever their class. All of them throw StoreError when the
-/// records cannot be read.
-struct NameRecords {
-    using List = std::vector<NamedRecord*>;
-
-    /// All, in the order of insertion.
-    List (*all)(ManagedObjectContext& context);
-
-    /// All, in the order of their names.
-    List (*sorted)(ManagedObjectContext& context, SortOrder order);
-
-    /// Those with exactly that name, in the order of insertion. One without a name is never among them.
-    List (*named)(ManagedObjectContext& context, const std::string& name);
-
-    NamedRecord& (*insert)(ManagedObjectContext& context);
-    void (*setName)(NamedRecord& record, const std::string& name);
-    void (*remove)(ManagedObjectContext& context, NamedRecord& record);
-};
 
 /// What distinguishes the category side from the rating side. Screens that come in a pair are one class,
 /// handed one of the two constants below; their named classes add nothing but the names of their outlets.
@@ -66,12 +46,25 @@ struct ListSide {
     QString SharedSelection::*nameToRename; ///< the name that was chosen in the list
     /// @}
 
-    NameRecords records;
+    const NameRecords& records;
 
     /// The record's name. One without a name ends the program where the side wants it so.
     [[nodiscard]] OptionalText nameOf(const NamedRecord& record) const;
 
-    // ---- end of the name lists ----
+    // ---- Groups and breakdowns ----
+
+    QStringView groupTabTitle;
+    QStringView groupSearchPlaceholder;
+    QStringView groupHeader;      ///< in front of the number of names
+    QStringView groupHeaderTitle; ///< behind the number of names on show
+    QStringView groupCallingScreen;
+    std::vector<std::string_view> (ManagedObjectContext::*namesInJokes)();
+    Predicate<Jokes> (*jokesNamed)(std::string_view name);
+    QString SharedSelection::*selectedName; ///< hands the chosen name on to the breakdown
+    SegueId breakdownSegue;
+    QStringView breakdownCallingScreen; ///< while a joke of the breakdown is edited
+    UnwindRoute breakdownRoute;         ///< back from its editor
+    bool breakdownShowsRating;
 };
 
 extern const ListSide CategorySide;

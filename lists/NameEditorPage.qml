@@ -20,7 +20,7 @@ AppPage {
     Shortcut {
         sequence: "Ctrl+S"
         enabled: page.isActive
-        onActivated: page.save()
+        onActivated: page.editor.SaveGenre()
     }
 
     FormScroller {
@@ -38,7 +38,7 @@ AppPage {
             name: page.editor.fieldName
             focus: true
             onEdited: text => page.edited(text)
-            onAccepted: page.save()
+            onAccepted: page.editor.SaveGenre()
         }
         AppButton {
             Layout.fillWidth: true
@@ -47,16 +47,10 @@ AppPage {
             text: qsTr("Save")
             fill: Theme.yellow
             ink: Theme.brightInk
-            onClicked: page.save()
+            onClicked: page.editor.SaveGenre()
         }
         Item {
             Layout.fillHeight: true
         }
-    }
-
-    /// A second press while the page is on its way out must not store the name twice.
-    function save() {
-        if (StackView.status !== StackView.Deactivating)
-            editor.SaveGenre();
     }
 }

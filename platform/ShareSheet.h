@@ -5,13 +5,13 @@
 
 #include <set>
 #include <variant>
+#include <vector>
 
 namespace giggle {
 
 /// What can be done with something that is shared.
 enum class ShareActivity { Copy, Mail, Message, Print, SaveAsPdf, SaveToFiles, OpenWith };
 
-/// The one item that a sheet is opened for.
 struct SharedText {
     QString text;
 };
@@ -20,6 +20,7 @@ struct SharedFile {
     QString path; ///< outlives the sheet
 };
 
+/// One of the things that a sheet is opened for.
 using SharedItem = std::variant<SharedText, SharedFile>;
 
 /// The sheet from which the user chooses what becomes of something. Lives in the main thread.
@@ -30,9 +31,10 @@ public:
     ShareSheet& operator=(const ShareSheet&) = delete;
     virtual ~ShareSheet() = default;
 
-    /// Offers every activity that works on this device for the item and is not @p excluded. A sheet that is
-    /// open already stays.
-    virtual void present(SharedItem item, const std::set<ShareActivity>& excluded) = 0;
+    /// Offers every activity that works on this device for @p items, of which there is at least one, and is
+    /// not
+    /// @p excluded. A sheet that is open already stays.
+    virtual void present(std::vector<SharedItem> items, const std::set<ShareActivity>& excluded) = 0;
 };
 
 } // namespace giggle

@@ -16,9 +16,18 @@ void Jokes::change(Attribute attribute, Value Values::*member, Value value)
     table.didChange(*this, attribute);
 }
 
+void Jokes::changeName(Attribute attribute, Name Values::*member, OptionalText name, NameCounts& counts)
+{
+    if (isDeleted())
+        return;
+    counts.remove(m_values.*member);
+    change(attribute, member, name ? context().intern(*name) : nullptr);
+    counts.add(m_values.*member);
+}
+
 void Jokes::setCategory(OptionalText category)
 {
-    change(Attribute::category, &Values::category, category ? context().intern(*category) : nullptr);
+    changeName(Attribute::category, &Values::category, category, context().m_categoryCounts);
 }
 
 void Jokes::setFavorite(std::optional<bool> favorite)
@@ -44,7 +53,7 @@ void Jokes::setJoke(OptionalText joke)
 
 void Jokes::setRating(OptionalText rating)
 {
-    change(Attribute::rating, &Values::rating, rating ? context().intern(*rating) : nullptr);
+    changeName(Attribute::rating, &Values::rating, rating, context().m_ratingCounts);
 }
 
 OptionalText Jokes::text(Attribute attribute) const

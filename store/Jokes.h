@@ -8,6 +8,8 @@
 
 namespace giggle {
 
+class NameCounts;
+
 /// One joke. It names its category and its rating as text; nothing ties them to a Category or Rating record.
 class Jokes : public ManagedObject {
 public:
@@ -62,6 +64,7 @@ private:
 
     template <class Value>
     void change(Attribute attribute, Value Values::*member, Value value);
+    void changeName(Attribute attribute, Name Values::*member, OptionalText name, NameCounts& counts);
 
     Values m_values;
     Jokes* m_nextWithSameId = nullptr;

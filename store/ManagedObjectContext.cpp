@@ -34,9 +34,23 @@ RecordTable<Record>& ManagedObjectContext::loadedTable()
         records.load(m_store->database());
         if constexpr (std::is_same_v<Record, Jokes>)
             for (Jokes* joke : records.liveRecords())
-                m_jokeIds.add(*joke);
+                addToIndexes(*joke);
     }
     return records;
+}
+
+void ManagedObjectContext::addToIndexes(Jokes& joke)
+{
+    m_jokeIds.add(joke);
+    m_categoryCounts.add(joke.m_values.category);
+    m_ratingCounts.add(joke.m_values.rating);
+}
+
+void ManagedObjectContext::removeFromIndexes(Jokes& joke)
+{
+    m_jokeIds.remove(joke);
+    m_categoryCounts.remove(joke.m_values.category);
+    m_ratingCounts.remove(joke.m_values.rating);
 }
 
 template <class Record>
@@ -57,11 +71,36 @@ std::vector<Record*> ManagedObjectContext::fetch(const FetchRequest<Record>& req
 }
 
 template <class Record>
+std::size_t ManagedObjectContext::count(const FetchRequest<Record>& request)
+{
+    RecordTable<Record>& records = loadedTable<Record>();
+    if constexpr (std::is_same_v<Record, Jokes>) {
+        if (request.predicate && request.predicate->attribute() == Attribute::category)
+            return m_categoryCounts.of(interned(request.predicate->text()));
+        if (request.predicate && request.predicate->attribute() == Attribute::rating)
+            return m_ratingCounts.of(interned(request.predicate->text()));
+    }
+    return records.count(request);
+}
+
+std::vector<std::string_view> ManagedObjectContext::categoriesOfJokes()
+{
+    loadedTable<Jokes>();
+    return m_categoryCounts.names();
+}
+
+std::vector<std::string_view> ManagedObjectContext::ratingsOfJokes()
+{
+    loadedTable<Jokes>();
+    return m_ratingCounts.names();
+}
+
+template <class Record>
 void ManagedObjectContext::deleteObject(Record& record)
 {
     if constexpr (std::is_same_v<Record, Jokes>)
         if (!record.isDeleted())
-            m_jokeIds.remove(record);
+            removeFromIndexes(record);
     table<Record>().remove(record);
 }
 
@@ -108,8 +147,14 @@ std::optional<std::int16_t> ManagedObjectContext::highestJokeId()
 
 const std::string* ManagedObjectContext::intern(std::string_view name)
 {
+    const std::string* known = interned(name);
+    return known ? known : &*m_names.emplace(name).first;
+}
+
+const std::string* ManagedObjectContext::interned(std::string_view name) const
+{
     const auto known = m_names.find(name);
-    return known != m_names.end() ? &*known : &*m_names.emplace(name).first;
+    return known != m_names.end() ? &*known : nullptr;
 }
 
 BulkSaving::BulkSaving(ManagedObjectContext& context) : m_context(context)
@@ -163,6 +208,9 @@ template Rating& ManagedObjectContext::insert();
 template std::vector<Jokes*> ManagedObjectContext::fetch(const FetchRequest<Jokes>&);
 template std::vector<Category*> ManagedObjectContext::fetch(const FetchRequest<Category>&);
 template std::vector<Rating*> ManagedObjectContext::fetch(const FetchRequest<Rating>&);
+template std::size_t ManagedObjectContext::count(const FetchRequest<Jokes>&);
+template std::size_t ManagedObjectContext::count(const FetchRequest<Category>&);
+template std::size_t ManagedObjectContext::count(const FetchRequest<Rating>&);
 template void ManagedObjectContext::deleteObject(Jokes&);
 template void ManagedObjectContext::deleteObject(Category&);
 template void ManagedObjectContext::deleteObject(Rating&);

@@ -5,6 +5,7 @@
 #include "store/FoldedTexts.h"
 #include "store/JokeIdIndex.h"
 #include "store/Jokes.h"
+#include "store/NameCounts.h"
 #include "store/PersistentStore.h"
 #include "store/Rating.h"
 #include "store/RecordTable.h"
@@ -34,6 +35,19 @@ public:
     /// the entity cannot be read.
     template <class Record>
     [[nodiscard]] std::vector<Record*> fetch(const FetchRequest<Record>& request);
+
+    /// How many records a fetch of @p request would return. For jokes of one category or rating it costs the
+    /// same in every collection. Throws StoreError when the entity cannot be read.
+    template <class Record>
+    [[nodiscard]] std::size_t count(const FetchRequest<Record>& request);
+
+    /// @name Every category and every rating that a joke has
+    /// Each once, in no particular order, unset ones left out. The views last as long as the context. Throws
+    /// StoreError when the jokes cannot be read.
+    /// @{
+    [[nodiscard]] std::vector<std::string_view> categoriesOfJokes();
+    [[nodiscard]] std::vector<std::string_view> ratingsOfJokes();
+    /// @}
 
     /// Deletes a record: it vanishes from fetches at once, from the store with the next save. Deleting it
     /// again changes nothing.
@@ -71,9 +85,14 @@ private:
     template <class Record>
     RecordTable<Record>& loadedTable();
     void refuseForeignChanges();
+    void addToIndexes(Jokes& joke);
+    void removeFromIndexes(Jokes& joke);
 
     /// The one copy of a category or rating name that jokes refer to. Kept as long as the context.
     const std::string* intern(std::string_view name);
+
+    /// That copy, or nothing when no joke ever had the name.
+    [[nodiscard]] const std::string* interned(std::string_view name) const;
 
     struct NameHash {
         using is_transparent = void;
@@ -84,6 +103,8 @@ private:
     std::unique_ptr<PersistentStore> m_store;
     std::unordered_set<std::string, NameHash, std::equal_to<>> m_names;
     JokeIdIndex m_jokeIds;
+    NameCounts m_categoryCounts;
+    NameCounts m_ratingCounts;
     FoldedTexts m_foldedTexts;
     RecordTable<Jokes> m_jokes;
     RecordTable<Category> m_categories;

@@ -247,6 +247,16 @@ const typename RecordTable<Record>::Records& RecordTable<Record>::fetch(const Fe
 }
 
 template <class Record>
+std::size_t RecordTable<Record>::count(const FetchRequest<Record>& request)
+{
+    const Records& live = liveRecords();
+    if (!request.predicate)
+        return live.size();
+    return static_cast<std::size_t>(std::ranges::count_if(
+        live, [&](const Record* record) { return request.predicate->matches(*record); }));
+}
+
+template <class Record>
 typename RecordTable<Record>::CachedFetch& RecordTable<Record>::slotFor(const FetchRequest<Record>& request)
 {
     const auto known = std::ranges::find(m_cachedFetches, request, &CachedFetch::request);

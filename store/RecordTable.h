@@ -61,6 +61,9 @@ public:
     /// changes.
     [[nodiscard]] const Records& fetch(const FetchRequest<Record>& request);
 
+    /// How many records @p request asks for, counted one by one.
+    [[nodiscard]] std::size_t count(const FetchRequest<Record>& request);
+
 private:
     using Values = typename RowCodec<Record>::Values;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A screen's page. Its header is the navigation bar: the way back, and the title or what the page puts in its
-// place. The first page of all has no bar. Pages declare a required property `screen`, which Main.qml sets.
+// A screen's page. Its header is the navigation bar; the first page of all has none. Pages declare a required
+// property `screen`, which Main.qml sets.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -23,66 +23,17 @@ Page {
 
     Component.onDestruction: released()
 
+    // A second press on Save while the page slides out must not store a thing twice.
+    enabled: StackView.status !== StackView.Deactivating
+
     background: Rectangle {
         color: Theme.background
     }
-    header: Item {
-        id: bar
-
-        readonly property real sideWidth: back.width + Theme.unit
-
+    header: NavigationBar {
         visible: !page.barHidden && !page.isRoot
-        implicitHeight: visible ? Math.max(back.height, middle.height) + Theme.unit : 0
-
-        IconButton {
-            id: back
-
-            x: Theme.unit / 2
-            anchors.verticalCenter: parent.verticalCenter
-            text: qsTr("Back")
-            iconSource: Theme.icon("back", Theme.dark)
-            fill: "transparent"
-            borderWidth: 0
-            onClicked: page.backRequested()
-        }
-        // In the middle of the bar where there is room, else all that the way back leaves free.
-        Item {
-            id: middle
-
-            readonly property real room: bar.width - bar.sideWidth - Theme.unit
-            readonly property real wanted: Math.max(page.titleView?.implicitWidth ?? 0, Theme.readableWidth / 2 * Theme.textScale)
-
-            x: Math.max(bar.sideWidth, (bar.width - width) / 2)
-            anchors.verticalCenter: parent.verticalCenter
-            width: page.titleView ? Math.min(room, wanted) : room - bar.sideWidth
-            height: page.titleView ? page.titleView.height : heading.height
-        }
-        Text {
-            id: heading
-
-            anchors.centerIn: middle
-            width: middle.width
-            visible: !page.titleView
-            text: page.title
-            color: Theme.text
-            font.pixelSize: Theme.titleSize
-            font.bold: true
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
-        }
-        Binding {
-            target: page.titleView
-            when: page.titleView !== null
-            property: "parent"
-            value: middle
-        }
-        Binding {
-            target: page.titleView
-            when: page.titleView !== null
-            property: "width"
-            value: middle.width
-        }
+        height: visible ? implicitHeight : 0
+        title: page.title
+        titleView: page.titleView
+        onBackRequested: page.backRequested()
     }
 }

@@ -65,6 +65,17 @@ QFont ListDisplaySettings::requiredFont(Fonts& fonts) const
     return *font;
 }
 
+QFont ListDisplaySettings::fontOrDefault(Fonts& fonts) const
+{
+    if (const auto font = fonts.font(ListFontName, ListFontSize))
+        return *font;
+    if (const auto font = fonts.font(PreferenceDefaults::ListFontName.toString(), ListFontSize))
+        return *font;
+    QFont systemFont;
+    systemFont.setPixelSize(qMax(1, qRound(ListFontSize)));
+    return systemFont;
+}
+
 AttributedText ListDisplaySettings::rowText(OptionalText joke, const QFont& font) const
 {
     AttributedText text;

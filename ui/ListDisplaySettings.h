@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/AttributedText.h"
 #include "store/Attribute.h"
-#include "ui/AttributedText.h"
 
 #include <QColor>
 #include <QString>
@@ -31,6 +31,9 @@ struct ListDisplaySettings {
 
     /// The font of jokes. A name that the system has no font for ends the program.
     [[nodiscard]] QFont requiredFont(Fonts& fonts) const;
+
+    /// The same, but a name that the system has no font for gives the default font instead.
+    [[nodiscard]] QFont fontOrDefault(Fonts& fonts) const;
 
     /// A joke as its row shows it: filtered, followed by a line feed, centred, in @p font and the chosen
     /// colour.

@@ -34,6 +34,8 @@ enum class Id {
     RatingList,
     AddRating,
     EditRating,
+    CategoryBreakdown,
+    RatingBreakdown,
 };
 Q_ENUM_NS(Id)
 

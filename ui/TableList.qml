@@ -56,6 +56,9 @@ ListView {
         currentRow.close()
     onActiveFocusChanged: if (!activeFocus)
         showsFocus = false
+    // After a reset of an empty table the rows come later.
+    onCountChanged: if (count > 0 && currentIndex < 0)
+        currentIndex = 0
 
     Keys.onReleased: showsFocus = true // of the Tab that led here, too
     Keys.onPressed: event => {

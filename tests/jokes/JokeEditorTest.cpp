@@ -19,9 +19,11 @@ protected:
     /// Chooses a joke as a list does, and opens it.
     std::unique_ptr<EditJokeViewController> openEditor(const Jokes& joke, const char* callingScreen)
     {
-        selection = {QString::fromLatin1(callingScreen), textOrEmpty(joke.category()),
-                     textOrEmpty(joke.joke()), joke.favorite().value_or(false) ? u"T"_qs : u"F"_qs,
-                     textOrEmpty(joke.rating())};
+        selection.CallingScreen = QString::fromLatin1(callingScreen);
+        selection.SelectedCategory = textOrEmpty(joke.category());
+        selection.SelectedJokeText = textOrEmpty(joke.joke());
+        selection.SelectedFavorite = joke.favorite().value_or(false) ? u"T"_qs : u"F"_qs;
+        selection.SelectedRating = textOrEmpty(joke.rating());
         auto editor = std::make_unique<EditJokeViewController>(environment);
         editor->viewDidLoad();
         return editor;

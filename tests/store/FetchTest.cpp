@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <random>
 
 #include <gmock/gmock.h>
@@ -71,6 +72,21 @@ protected:
     [[nodiscard]] std::vector<Jokes*> fetch(const FetchRequest<Jokes>& request) const
     {
         return context().fetch(request);
+    }
+
+    /// The names in use, and how many jokes have each, are those that the live jokes say.
+    void expectCounts(const std::vector<Jokes*>& live, PredicateFormat<Jokes, AttributeType::Text> format,
+                      OptionalText (Jokes::*name)() const,
+                      std::vector<std::string_view> (ManagedObjectContext::*namesInUse)()) const
+    {
+        std::map<std::string_view, std::size_t> expected;
+        for (const Jokes* joke : live)
+            if (const OptionalText text = (joke->*name)())
+                ++expected[*text];
+        std::map<std::string_view, std::size_t> counted;
+        for (const std::string_view text : (context().*namesInUse)())
+            counted[text] += context().count<Jokes>({Predicate<Jokes>(format, text), {}});
+        ASSERT_EQ(counted, expected);
     }
 
     std::mt19937 m_random{20261121};
@@ -152,7 +168,11 @@ TEST_F(FetchTest, KeptResultsAreNeverStale)
         for (std::size_t i = 0; i < 6; ++i) {
             const FetchRequest<Jokes> request = requests()[(i + round / 20) % 12];
             ASSERT_EQ(fetch(request), plainFetch(live, request)) << "round " << round;
+            ASSERT_EQ(context().count(request), plainFetch(live, request).size()) << "round " << round;
         }
+        using Context = ManagedObjectContext;
+        expectCounts(live, "category == %@", &Jokes::category, &Context::categoriesOfJokes);
+        expectCounts(live, "rating == %@", &Jokes::rating, &Context::ratingsOfJokes);
     }
 }
 

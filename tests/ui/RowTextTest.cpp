@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/AttributedText.h"
 #include "store/PreferenceKeys.h"
 #include "tests/support/ScreenFixture.h"
-#include "ui/AttributedText.h"
 #include "ui/DisplayText.h"
 #include "ui/ListDisplaySettings.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/AttributedText.h"
+#include "platform/AttributedText.h"
 
 #include <QTextBlock>
 #include <QTextCursor>

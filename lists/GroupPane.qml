@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+// A group screen within the tabs: it has a bar of its own, as the navigation bar is hidden here.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import GiggleArchives
+
+FocusScope {
+    id: pane
+
+    required property GroupTableViewController screen
+    /// Stands in the bar, and names the list.
+    required property string title
+    property bool isActive: false
+
+    Shortcut {
+        sequence: "Ctrl+F"
+        enabled: pane.isActive
+        onActivated: {
+            searchBar.forceActiveFocus(Qt.ShortcutFocusReason);
+            searchBar.selectAll();
+        }
+    }
+
+    NavigationBar {
+        id: bar
+
+        width: parent.width
+        title: pane.title
+        onBackRequested: pane.screen.UnwindSegue()
+    }
+
+    RowLayout {
+        id: tools
+
+        anchors.top: bar.bottom
+        anchors.topMargin: Theme.unit / 2
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth)
+        spacing: Theme.unit
+
+        IconButton {
+            objectName: "SortButton"
+            Layout.preferredWidth: 1.5 * Theme.touchTarget
+            text: qsTr("Sort")
+            iconSource: Theme.icon("sort", false)
+            fill: Theme.yellow
+            onClicked: pane.screen.SortData()
+        }
+        SearchField {
+            id: searchBar
+
+            Layout.fillWidth: true
+            placeholderText: pane.screen.searchPlaceholder
+            text: pane.screen.searchText
+            onTextChanged: pane.screen.searchText = text
+            Keys.onDownPressed: table.forceActiveFocus(Qt.TabFocusReason)
+        }
+    }
+
+    TableHeader {
+        id: header
+
+        anchors.top: tools.bottom
+        anchors.topMargin: Theme.unit
+        width: parent.width
+        text: pane.screen.tableView.headerText
+    }
+
+    TableList {
+        id: table
+
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        focus: true
+        name: pane.title
+        Accessible.description: pane.screen.headerTitle
+        model: pane.screen.tableView
+        delegate: GroupRow {
+            onClicked: pane.screen.selectRow(index)
+        }
+        emptyTitle: pane.screen.searchText.length > 0 ? qsTr("Nothing found") : qsTr("No jokes to group yet")
+        emptyHint: pane.screen.searchText.length > 0 ? qsTr("Try fewer letters.") : qsTr("Add a joke, or import some from a file: see the menu.")
+    }
+}

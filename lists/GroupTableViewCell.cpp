@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "lists/GroupTableViewCell.h"
+
+namespace giggle {
+
+QString GroupTableViewCell::accessibleName() const
+{
+    const QString name = NameLabel.isEmpty() ? QStringLiteral("No name") : NameLabel;
+    return name + QStringLiteral(", ") + CountLabel;
+}
+
+} // namespace giggle

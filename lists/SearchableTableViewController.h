@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "lists/ListSide.h"
+#include "ui/Screen.h"
+#include "ui/TableModel.h"
+
+#include <optional>
+
+namespace giggle {
+
+/// What groups and breakdowns share: a table that can be turned round, with a live search that lasts until
+/// the screen is left.
+class SearchableTableViewController : public giggle::Screen, public TableDataSource {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The storyboard makes the screens.")
+    Q_PROPERTY(giggle::TableModel* tableView READ tableView CONSTANT)
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
+    Q_PROPERTY(QString searchPlaceholder READ searchPlaceholder CONSTANT)
+    Q_PROPERTY(bool SortAsc READ sortAsc NOTIFY sortAscChanged)
+
+public:
+    void viewDidLoad() override;
+    void viewDidDisappear() override;
+
+    [[nodiscard]] TableModel* tableView() { return &m_tableView; }
+
+    [[nodiscard]] const QString& searchText() const { return m_searchText; }
+
+    /// The text as it stands in the search field. A new one narrows the table at once.
+    void setSearchText(const QString& text);
+
+    [[nodiscard]] virtual QString searchPlaceholder() const = 0;
+
+    [[nodiscard]] bool sortAsc() const { return m_sortAsc.value_or(false); }
+
+public slots:
+    /// Turns the direction round. Before the screen is loaded there is none, which ends the program.
+    void SortData();
+
+    /// The row was chosen. One that the table does not have (any more) is none.
+    virtual void selectRow(int row) = 0;
+
+signals:
+    void searchTextChanged();
+    void sortAscChanged();
+
+protected:
+    SearchableTableViewController(ScreenEnvironment& environment, const ListSide& side);
+
+    [[nodiscard]] const ListSide& side() const { return m_side; }
+
+    [[nodiscard]] ManagedObjectContext& context() const { return m_context; }
+
+    /// Puts what the search text leaves on show; the table is reloaded afterwards.
+    virtual void updateSearchResults() = 0;
+
+    /// The direction was turned round; the table is reloaded afterwards.
+    virtual void sortDirectionChanged() = 0;
+
+    [[nodiscard]] bool isSearching() const { return !m_searchText.isEmpty(); }
+
+    [[nodiscard]] bool hasRow(int row) const { return row >= 0 && row < numberOfRows(); }
+
+private:
+    const ListSide& m_side;
+    ManagedObjectContext& m_context;
+    std::optional<bool> m_sortAsc;
+    QString m_searchText;
+    TableModel m_tableView;
+};
+
+} // namespace giggle
