@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/FileOpener.h"
 #include "platform/MailComposer.h"
 #include "platform/MessageCapability.h"
 
@@ -14,6 +15,17 @@ public:
     void present(const Mail&, std::function<void(const QString&)> finished) override
     {
         finished(QStringLiteral("There is no mail program."));
+    }
+};
+
+/// A device without programs for files.
+class NoFileOpener : public FileOpener {
+public:
+    [[nodiscard]] bool canOpen(const QString&) const override { return false; }
+
+    void open(const QString&, std::function<void(const QString&)> finished) override
+    {
+        finished(QStringLiteral("There is no program for the file."));
     }
 };
 

@@ -97,9 +97,10 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     DesktopAddressOpener addressOpener;
     NoMailComposer mailComposer;
     NoMessageCapability messageCapability;
+    NoFileOpener fileOpener;
     UserInterface interface(appDelegate, userDefaults,
                             {interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener,
-                             mailComposer, messageCapability});
+                             mailComposer, messageCapability, fileOpener});
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));

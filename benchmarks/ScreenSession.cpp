@@ -27,7 +27,7 @@ ScreenSession::ScreenSession(const QString& folder)
       m_windowActivation(m_settings.filePath(QStringLiteral("lock"))),
       m_interface(m_appDelegate, m_userDefaults,
                   {m_interfaceStyle, m_fonts, m_resources, m_windowActivation, m_storeReview, m_addressOpener,
-                   m_mailComposer, m_messageCapability})
+                   m_mailComposer, m_messageCapability, m_fileOpener})
 {
     m_userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
 }

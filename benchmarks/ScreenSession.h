@@ -65,6 +65,7 @@ private:
     DesktopAddressOpener m_addressOpener;
     NoMailComposer m_mailComposer;
     NoMessageCapability m_messageCapability;
+    NoFileOpener m_fileOpener;
     UserInterface m_interface;
     QQuickWindow* m_window = nullptr;
 };
