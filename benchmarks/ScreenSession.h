@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/NoMail.h"
 #include "app/UserInterface.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -63,9 +65,9 @@ private:
     SingleInstance m_windowActivation;
     LinuxStoreReview m_storeReview;
     DesktopAddressOpener m_addressOpener;
-    NoMailComposer m_mailComposer;
-    NoMessageCapability m_messageCapability;
-    NoFileOpener m_fileOpener;
+    LinuxMailComposer m_mailComposer{m_addressOpener, m_settings.filePath(QStringLiteral("outgoing"))};
+    LinuxMessageCapability m_messageCapability;
+    LinuxFileOpener m_fileOpener{m_addressOpener};
     UserInterface m_interface;
     QQuickWindow* m_window = nullptr;
 };
