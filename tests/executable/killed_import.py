@@ -83,6 +83,8 @@ class KilledImport(unittest.TestCase):
             return database.execute("SELECT category, rating, id, favorite, joke FROM jokes ORDER BY oid").fetchall()
 
     def count(self):
+        if not self.collection.exists():
+            return 0
         with sqlite3.connect(f"file:{self.collection}?mode=ro", uri=True, timeout=10) as database:
             return database.execute("SELECT count(*) FROM jokes").fetchone()[0]
 
@@ -95,6 +97,7 @@ class KilledImport(unittest.TestCase):
         end = time.monotonic() + PATIENCE_SECONDS
         while self.count() < count:
             self.assertLess(time.monotonic(), end, "the import does not get on")
+            time.sleep(0.005)
             self.assertIsNone(process.poll())
         process.kill()
         process.wait()

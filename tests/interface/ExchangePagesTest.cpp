@@ -95,6 +95,21 @@ TEST_F(ExchangePages, AnImportLeadsBackToTheMenu)
     EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 2U);
 }
 
+TEST_F(ExchangePages, TheWindowsOwnFileDialogOpensAndGivesTheKeyboardBack)
+{
+    system().platform.documentPicker = nullptr;
+    openWithAJoke();
+    openArea(u"Import / Export"_qs);
+    press(QAccessible::Button, u"Import Jokes"_qs);
+    waitForHeading(u"Import Jokes"_qs);
+    EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::Button, u"Load File"_qs)->state().focused); }));
+    key(Qt::Key_Return);
+    waitFor(QAccessible::Button, u"Cancel"_qs);
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::Button, u"Load File"_qs)->state().focused); }));
+    EXPECT_TRUE(isEnabled(u"Load File"_qs));
+}
+
 TEST_F(ExchangePages, AFileFromOutsideWaitsForAlertsAndKeepsWhatIsTyped)
 {
     writeBytes(file, "[GIGGLEARCHIVES]\nDad^Mild^2^T^Two\n");
