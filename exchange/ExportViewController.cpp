@@ -185,16 +185,21 @@ void ExportViewController::WriteTextFile()
 {
     const QString path = filePath();
     (void)writeAtomically(path, *m_exportTextView.text()); // the mail shows what came of it
-    FileText written = readUtf8File(path);
-    if (written.text &&
-        *written.text != *m_exportTextView.text()) // the same text keeps its place in the view
-        m_exportTextView.setText(std::move(*written.text));
+    showWritten(path);
     if (environment().platform.mailComposer.canSendMail())
         composeMail(path);
     else
         environment().navigator.present({QStringLiteral("Sending Email"),
                                          QStringLiteral("Email not Setup or Unavailable"),
                                          {{QStringLiteral("OK"), {}}}});
+}
+
+void ExportViewController::showWritten(const QString& path)
+{
+    FileText written = readUtf8File(path);
+    // The same text keeps its place in the view.
+    if (written.text && *written.text != *m_exportTextView.text())
+        m_exportTextView.setText(std::move(*written.text));
 }
 
 void ExportViewController::composeMail(const QString& path)
