@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/Storyboard.h"
 
+#include "exchange/ExportViewController.h"
+#include "exchange/ImportExportViewController.h"
+#include "exchange/ImportViewController.h"
 #include "jokes/AddJokeViewController.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
@@ -42,6 +45,12 @@ constexpr std::array Scenes{
                      QLatin1StringView("CategoryBreakdownView")},
     SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
                      QLatin1StringView("EditJokeView")},
+    SceneDescription{SegueId::ExportJokes, makeScreen<ExportViewController>,
+                     QLatin1StringView("ExportView")},
+    SceneDescription{SegueId::ImportExport, makeScreen<ImportExportViewController>,
+                     QLatin1StringView("ImportExportView")},
+    SceneDescription{SegueId::ImportJokes, makeScreen<ImportViewController>,
+                     QLatin1StringView("ImportView")},
     SceneDescription{SegueId::JokeOfDay, makeScreen<JokeOfDayViewController>,
                      QLatin1StringView("JokeOfDayView")},
     SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,

@@ -31,9 +31,24 @@ UserInterface::UserInterface(AppDelegate& appDelegate, Preferences& userDefaults
     : m_platform(platform), m_navigation(m_storyboard), m_environment{appDelegate,  userDefaults, m_selection,
                                                                       m_navigation, m_mainQueue,  m_platform},
       m_appearance(platform.interfaceStyle),
-      m_reviewInvitation(platform.storeReview, platform.addressOpener, m_navigation)
+      m_reviewInvitation(platform.storeReview, platform.addressOpener, m_navigation),
+      m_shareSheet(m_platform, m_navigation), m_documentOpening(m_navigation, m_selection)
 {
+    completePlatform();
     m_storyboard.setEnvironment(m_environment);
+}
+
+void UserInterface::completePlatform()
+{
+    if (!m_platform.documentPicker)
+        m_platform.documentPicker = &m_documentPicker;
+    if (!m_platform.shareSheet)
+        m_platform.shareSheet = &m_shareSheet;
+    if (!m_platform.temporaryFolder.isEmpty())
+        return;
+    // Where none can be made every file in it fails, in words.
+    m_platform.temporaryFolder =
+        m_temporaryFolder.isValid() ? m_temporaryFolder.path() : QStringLiteral("/nonexistent");
 }
 
 QQuickWindow& UserInterface::load()
@@ -43,7 +58,10 @@ QQuickWindow& UserInterface::load()
     m_engine.setInitialProperties(
         {{QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
          {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
-         {QStringLiteral("reviewInvitation"), QVariant::fromValue(&m_reviewInvitation)}});
+         {QStringLiteral("reviewInvitation"), QVariant::fromValue(&m_reviewInvitation)},
+         {QStringLiteral("shareSheet"), QVariant::fromValue(&m_shareSheet)},
+         {QStringLiteral("documentPicker"), QVariant::fromValue(&m_documentPicker)},
+         {QStringLiteral("documentOpening"), QVariant::fromValue(&m_documentOpening)}});
     m_engine.load(MainPage);
     auto* window = m_engine.rootObjects().isEmpty()
                        ? nullptr
@@ -52,6 +70,8 @@ QQuickWindow& UserInterface::load()
         fatalError(QStringLiteral("The main window cannot be loaded."), __FILE__, __LINE__);
     QObject::connect(&m_platform.windowActivation, &WindowActivation::activationRequested, window,
                      [window] { bringToFront(*window); });
+    QObject::connect(&m_platform.windowActivation, &WindowActivation::documentOpened, &m_documentOpening,
+                     &DocumentOpening::open);
     return *window;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Storyboard.h"
+#include "exchange/DocumentOpening.h"
 #include "platform/Platform.h"
 #include "ui/Appearance.h"
 #include "ui/NavigationController.h"
@@ -9,8 +10,11 @@
 #include "ui/ScreenEnvironment.h"
 #include "ui/SharedSelection.h"
 #include "ui/TimerMainQueue.h"
+#include "ui/WindowDocumentPicker.h"
+#include "ui/WindowShareSheet.h"
 
 #include <QQmlApplicationEngine>
+#include <QTemporaryDir>
 
 class QQuickWindow;
 
@@ -20,6 +24,7 @@ namespace giggle {
 /// Needs a QGuiApplication.
 class UserInterface {
 public:
+    /// What @p platform leaves out of what a window can bring itself is filled in.
     UserInterface(AppDelegate& appDelegate, Preferences& userDefaults, Platform platform);
 
     UserInterface(const UserInterface&) = delete;
@@ -29,9 +34,15 @@ public:
     /// it. Called once. A window that cannot be loaded ends the program.
     QQuickWindow& load();
 
+    /// Leads to the import screen with that file.
+    void open(const QUrl& document) { m_documentOpening.open(document); }
+
     [[nodiscard]] NavigationController& navigation() { return m_navigation; }
 
 private:
+    void completePlatform();
+
+    QTemporaryDir m_temporaryFolder;
     TimerMainQueue m_mainQueue;
     SharedSelection m_selection;
     Platform m_platform;
@@ -40,6 +51,9 @@ private:
     ScreenEnvironment m_environment;
     Appearance m_appearance;
     ReviewInvitation m_reviewInvitation;
+    WindowDocumentPicker m_documentPicker;
+    WindowShareSheet m_shareSheet;
+    DocumentOpening m_documentOpening;
     QQmlApplicationEngine m_engine;
 };
 

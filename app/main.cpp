@@ -19,10 +19,12 @@
 #include "store/Preferences.h"
 #include "store/WriteSignals.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include <cstdlib>
 
@@ -77,7 +79,18 @@ void sayWhenReady(QQuickWindow& window)
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
-int run(const StoragePlaces& places, WindowActivation& windowActivation)
+/// The file that the application is started with, or nothing.
+QUrl documentOnCommandLine()
+{
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() < 2)
+        return {};
+    if (arguments.size() > 2)
+        printFailure(QStringLiteral("One file can be opened at a time; the others are left out."));
+    return QUrl::fromUserInput(arguments[1], QDir::currentPath(), QUrl::AssumeLocalFile);
+}
+
+int run(const StoragePlaces& places, WindowActivation& windowActivation, const QUrl& document)
 {
     const std::optional<QString> lastFatalError = takeFatalErrorRecord(places.fatalErrorRecord());
     setFatalErrorRecord(places.fatalErrorRecord());
@@ -104,6 +117,8 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));
     sayWhenReady(interface.load());
+    if (!document.isEmpty())
+        interface.open(document);
     return QGuiApplication::exec();
 }
 
@@ -116,9 +131,10 @@ int start()
         return EXIT_FAILURE;
     }
     SingleInstance instance(places.instanceLock());
-    switch (instance.start()) {
+    const QUrl document = documentOnCommandLine();
+    switch (instance.start(document)) {
     case SingleInstance::Outcome::First:
-        return run(places, instance);
+        return run(places, instance, document);
     case SingleInstance::Outcome::OtherShown:
         return EXIT_SUCCESS;
     case SingleInstance::Outcome::OtherRunning:

@@ -44,6 +44,14 @@ public:
     /// waits until it has come to rest.
     double openEditor();
 
+    /// Opens the export screen and taps Export; returns the seconds until the buttons are enabled that hand
+    /// the file on.
+    double exportFile();
+
+    /// Opens the file as one from outside, and taps Import; returns the seconds that loading and importing
+    /// took.
+    double importFile(const QString& path);
+
     /// Ticks the favourite box in the editor and presses Save; returns the seconds until the save is done and
     /// the list has fetched anew.
     double saveInEditor();

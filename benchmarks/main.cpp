@@ -70,6 +70,17 @@ std::size_t giggle::residentBytes()
     return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 }
 
+std::size_t giggle::peakBytes()
+{
+    // What getrusage() says begins with the peak of the process that started this one.
+    constexpr std::size_t Unit = 1024;
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;)
+        if (std::size_t peak = 0; word == "VmHWM:" && status >> peak)
+            return peak * Unit;
+    return 0;
+}
+
 /// Arguments: --quick for a third of the rounds, and those of Google Benchmark, such as --benchmark_filter.
 int main(int argc, char** argv)
 {

@@ -88,7 +88,7 @@ AppPage {
                 objectName: "ShareButton"
                 text: qsTr("Share")
                 iconSource: Theme.icon("share", false)
-                enabled: false
+                onClicked: page.screen.shareButtonClicked()
             }
             ToolButton {
                 id: printButton

@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "jokes/NewMainListTableViewController.h"
 
+#include "jokes/JokeComposition.h"
 #include "jokes/SearchPreparation.h"
 #include "platform/InterfaceStyle.h"
+#include "platform/MessageCapability.h"
 #include "platform/Platform.h"
+#include "platform/ShareSheet.h"
 #include "store/AppDelegate.h"
 #include "store/FatalError.h"
 #include "store/TextSearch.h"
 #include "ui/DisplayText.h"
+#include "ui/MainQueue.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
+
+#include <QPointer>
 
 #include <array>
 
@@ -231,6 +237,21 @@ void NewMainListTableViewController::deleteRow(int row)
     m_jokeTableView.removeRow(row, [this, row] {
         JokeArray& list = isSearching() ? m_filteredJokeList : m_jokeList;
         list.erase(list.begin() + row);
+    });
+}
+
+void NewMainListTableViewController::shareButtonClicked()
+{
+    if (environment().platform.messageCapability.canSendText()) {
+        environment().platform.shareSheet->present({SharedText{composeJokes(listOnShow()).plainText()}}, {});
+        return;
+    }
+    environment().mainQueue.async([self = QPointer(this)] {
+        if (self)
+            self->environment().navigator.present(
+                {QStringLiteral("Can't Send Text Message"),
+                 QStringLiteral("Your device is not able to send text messages."),
+                 {{QStringLiteral("OK"), {}}}});
     });
 }
 

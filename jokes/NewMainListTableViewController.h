@@ -85,6 +85,9 @@ public slots:
     /// Turns the direction round. Before the screen is loaded there is none, which ends the program.
     void SortJokesTapped();
 
+    /// Offers the jokes on show as one text; on a device that cannot send text messages it only says so.
+    void shareButtonClicked();
+
     /// The row was chosen: leaves its joke in the shared selection and leads on to the editor. Here as below,
     /// a row that the list does not have (any more) is none.
     void selectRow(int row);

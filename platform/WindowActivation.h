@@ -2,16 +2,20 @@
 #pragma once
 
 #include <QObject>
+#include <QUrl>
 
 namespace giggle {
 
-/// The system's wish to see the window that is already there. Lives in the main thread.
+/// The system's wishes to the window that is already there. Lives in the main thread.
 class WindowActivation : public QObject {
     Q_OBJECT
 
 signals:
     /// The user started the application again: bring its window to the front.
     void activationRequested();
+
+    /// The user opened a file with the application. activationRequested comes with it.
+    void documentOpened(const QUrl& document);
 
 protected:
     using QObject::QObject;

@@ -21,6 +21,9 @@ FocusScope {
     /// High enough for some lines.
     readonly property real leastHeight: label.height + 5 * Theme.bodySize + 3 * Theme.unit
 
+    /// High enough for the whole text.
+    readonly property real fullHeight: frame.y + input.implicitHeight + 2
+
     signal edited(string text)
 
     implicitWidth: 200

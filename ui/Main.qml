@@ -11,6 +11,11 @@ ApplicationWindow {
     required property NavigationController navigation
     required property Appearance appearance
     required property ReviewInvitation reviewInvitation
+    required property WindowShareSheet shareSheet
+    required property WindowDocumentPicker documentPicker
+    required property DocumentOpening documentOpening
+    /// Something lies over the page and has the keyboard.
+    readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen
 
     title: qsTr("Giggle Archives")
     width: 420
@@ -87,7 +92,7 @@ ApplicationWindow {
         anchors.top: parent.top
         anchors.bottom: notices.top
         focus: true
-        enabled: !window.navigation.alert.shown // for clients that press what lies behind the alert, too
+        enabled: !window.isCovered // for clients that press what lies behind the alert, too
         Accessible.name: window.title
         Keys.onEscapePressed: window.navigation.back()
         Keys.onBackPressed: window.navigation.back()
@@ -152,6 +157,35 @@ ApplicationWindow {
         onClosed: window.focusPage()
     }
 
+    ShareSheetDialog {
+        sheet: window.shareSheet
+        onClosed: window.focusPage()
+    }
+
+    Loader {
+        readonly property bool isWanted: window.documentPicker.isOpen
+
+        onStatusChanged: if (status === Loader.Error)
+            window.documentPicker.close()
+        onIsWantedChanged: {
+            if (isWanted) {
+                setSource("DocumentDialog.qml", {
+                    picker: window.documentPicker,
+                    parentWindow: window
+                });
+            } else {
+                source = "";
+                window.focusPage();
+            }
+        }
+    }
+
+    DocumentDropArea {
+        anchors.fill: parent
+        enabled: !window.isCovered
+        onDocumentDropped: document => window.documentOpening.open(document)
+    }
+
     Connections {
         target: window.navigation
 
@@ -197,9 +231,9 @@ ApplicationWindow {
         page.appeared();
     }
 
-    /// Gives the page on top the keyboard, unless an alert needs it.
+    /// Gives the page on top the keyboard, unless something over it needs it.
     function focusPage() {
-        if (stack.currentItem && !alertDialog.visible)
+        if (stack.currentItem && !alertDialog.visible && !isCovered)
             stack.currentItem.forceActiveFocus(Qt.OtherFocusReason);
     }
 }

@@ -27,6 +27,8 @@ void NavigationController::performSegue(SegueId segue)
         Entry& top = m_stack.back();
         if (top.openedBy == segue && top.appearing != Appearing::Done)
             return;
+        if (top.openedBy == segue && top.screen->answersSegue(segue))
+            return;
         top.screen->prepareForSegue(segue);
     }
     push(m_scenes.makeScene(segue), segue);
@@ -52,7 +54,7 @@ void NavigationController::start()
 
 void NavigationController::back()
 {
-    if (hasUnsavedChanges())
+    if (!m_stack.empty() && m_stack.back().screen->hasUnsavedChanges())
         askToDiscard([this] { popTop(); });
     else
         popTop();
@@ -60,15 +62,11 @@ void NavigationController::back()
 
 bool NavigationController::mayClose()
 {
-    if (!hasUnsavedChanges())
+    // A file that is opened from outside can lead on from an editor.
+    if (std::ranges::none_of(m_stack, [](const Entry& entry) { return entry.screen->hasUnsavedChanges(); }))
         return true;
     askToDiscard([this] { emit closeRequested(); });
     return false;
-}
-
-bool NavigationController::hasUnsavedChanges() const
-{
-    return !m_stack.empty() && m_stack.back().screen->hasUnsavedChanges();
 }
 
 void NavigationController::askToDiscard(std::function<void()> discard)
@@ -92,10 +90,20 @@ void NavigationController::unwind(UnwindRoute route)
     for (std::size_t i = m_stack.size(); i-- > 0;) {
         if (i + 1 == m_stack.size() || !m_stack[i].screen->isTargetOf(route))
             continue;
-        m_stack[i].screen->unwound(route);
-        popTo(i);
+        const std::size_t editor = lastUnsavedBetween(i, m_stack.size() - 1);
+        if (editor == i)
+            m_stack[i].screen->unwound(route);
+        popTo(editor);
         return;
     }
+}
+
+std::size_t NavigationController::lastUnsavedBetween(std::size_t target, std::size_t top) const
+{
+    for (std::size_t i = top; --i > target;)
+        if (m_stack[i].screen->hasUnsavedChanges())
+            return i;
+    return target;
 }
 
 void NavigationController::popTo(std::size_t target)

@@ -40,9 +40,11 @@ public:
     [[nodiscard]] bool canPerform(SegueId segue) const override;
 
     /// Without a scene for @p segue nothing happens. A segue that has just opened the top screen, whose page
-    /// is still coming in, is a second press on the same button and is dropped.
+    /// is still coming in, is a second press on the same button and is dropped. A top screen that was opened
+    /// by the same segue may answer it itself.
     void performSegue(SegueId segue) override;
 
+    /// A screen with unsaved changes ends the way back early.
     void unwind(UnwindRoute route) override;
     void present(Alert alert) override;
     void setNavigationBarHidden(bool hidden) override;
@@ -107,7 +109,8 @@ private:
     void push(Scene scene, std::optional<SegueId> openedBy);
     void popTo(std::size_t target);
     void popTop();
-    [[nodiscard]] bool hasUnsavedChanges() const;
+    /// The highest screen with unsaved changes that lies between the two, else @p target.
+    [[nodiscard]] std::size_t lastUnsavedBetween(std::size_t target, std::size_t top) const;
     void askToDiscard(std::function<void()> discard);
     static void disappear(Entry& entry);
 

@@ -26,6 +26,8 @@ enum class Id {
     RateShare,
     AppOverview,
     EditJoke,
+    ExportJokes,
+    ImportJokes,
     CategoryList,
     AddCategory,
     EditCategory,

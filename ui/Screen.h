@@ -43,6 +43,9 @@ public:
 
     /// @}
 
+    /// Whether the screen, on top, does itself what @p segue would open another of its kind for.
+    virtual bool answersSegue(SegueId) { return false; }
+
     /// A screen above is about to be opened.
     virtual void prepareForSegue(SegueId) {}
 

@@ -2,14 +2,15 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 #include <optional>
 
 namespace giggle {
 
-/// What one screen leaves behind for the next: the joke or name chosen in a list and the screen that opened
-/// an editor. One object for the process, handed to every screen by ScreenEnvironment; every value starts
-/// empty.
+/// What one screen leaves behind for the next: the joke or name chosen in a list, the screen that opened an
+/// editor, a file that is to be imported. One object for the process, handed to every screen by
+/// ScreenEnvironment; every value starts empty.
 struct SharedSelection {
     /// The screen to which an editor returns after a save: "MainMenu", "MainList", "CategoryGroup",
     /// "RatingGroup", "CategoryBreakdown" or "RatingBreakdown".
@@ -27,6 +28,9 @@ struct SharedSelection {
     /// The direction that was last chosen in either of these lists: true for ascending. Each of them starts
     /// ascending all the same.
     std::optional<bool> SortAsc;
+
+    /// A file that came from outside and waits for the import screen, which takes it away.
+    QUrl DocumentToImport;
 };
 
 } // namespace giggle

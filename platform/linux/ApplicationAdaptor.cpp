@@ -12,7 +12,12 @@ ApplicationAdaptor::ApplicationAdaptor(QObject* object, Handler activate)
 
 void ApplicationAdaptor::Activate(const QVariantMap& platformData)
 {
-    m_activate(platformData);
+    m_activate({}, platformData);
+}
+
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData)
+{
+    m_activate(uris, platformData);
 }
 
 } // namespace giggle

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDBusAbstractAdaptor>
+#include <QStringList>
 #include <QVariantMap>
 
 #include <functional>
@@ -14,13 +15,15 @@ class ApplicationAdaptor : public QDBusAbstractAdaptor {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    using Handler = std::function<void(const QVariantMap& platformData)>;
+    /// @p uris is empty when the window alone is wanted.
+    using Handler = std::function<void(const QStringList& uris, const QVariantMap& platformData)>;
 
     /// Becomes a child of @p object, under which the bus sees it. @p activate is called in its thread.
     ApplicationAdaptor(QObject* object, Handler activate);
 
 public slots:
     void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
 
 private:
     Handler m_activate;

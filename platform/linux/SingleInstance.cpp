@@ -53,7 +53,7 @@ SingleInstance::~SingleInstance()
         ::close(m_descriptor);
 }
 
-SingleInstance::Outcome SingleInstance::start()
+SingleInstance::Outcome SingleInstance::start(const QUrl& document)
 {
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         if (lock() == Lock::Held) {
@@ -61,7 +61,7 @@ SingleInstance::Outcome SingleInstance::start()
             return Outcome::First;
         }
         bool mayComeLater = true;
-        if (showOther(mayComeLater))
+        if (showOther(document, mayComeLater))
             return Outcome::OtherShown;
         if (!mayComeLater)
             break;
@@ -91,17 +91,21 @@ SingleInstance::Lock SingleInstance::lock()
     return Lock::Held;
 }
 
-bool SingleInstance::showOther(bool& mayComeLater)
+bool SingleInstance::showOther(const QUrl& document, bool& mayComeLater)
 {
     if (!m_bus.isConnected())
         return false;
     QDBusMessage message = QDBusMessage::createMethodCall(
         ApplicationIdentity::applicationId(), ApplicationIdentity::objectPath(),
-        QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+        QStringLiteral("org.freedesktop.Application"),
+        document.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open"));
     QVariantMap platformData;
     if (qEnvironmentVariableIsSet(ActivationToken))
         platformData.insert(QStringLiteral("activation-token"), qEnvironmentVariable(ActivationToken));
-    message.setArguments({platformData});
+    if (document.isEmpty())
+        message.setArguments({platformData});
+    else
+        message.setArguments({QStringList{document.toString(QUrl::FullyEncoded)}, platformData});
     // Without this the bus might start a third instance to answer.
     message.setAutoStartService(false);
     const QDBusMessage reply = m_bus.call(message, QDBus::Block, ReplyTimeoutInMilliseconds);
@@ -116,7 +120,9 @@ void SingleInstance::registerOnBus()
 {
     if (!m_bus.isConnected())
         return;
-    new ApplicationAdaptor(this, [this](const QVariantMap& platformData) { activate(platformData); });
+    new ApplicationAdaptor(this, [this](const QStringList& uris, const QVariantMap& platformData) {
+        activate(uris, platformData);
+    });
     // The object comes before the name: who finds the name finds the object. The name is somebody else's when
     // another collection of this user is open; that one keeps it.
     m_onBus = m_bus.registerObject(ApplicationIdentity::objectPath(), this);
@@ -124,12 +130,14 @@ void SingleInstance::registerOnBus()
         m_bus.registerService(ApplicationIdentity::applicationId());
 }
 
-void SingleInstance::activate(const QVariantMap& platformData)
+void SingleInstance::activate(const QStringList& uris, const QVariantMap& platformData)
 {
     const QByteArray token = platformData.value(QStringLiteral("activation-token")).toString().toUtf8();
     if (!token.isEmpty())
         qputenv(ActivationToken, token);
     emit activationRequested();
+    if (!uris.isEmpty()) // of several the first one: there is one place for a file
+        emit documentOpened(QUrl(uris.first()));
 }
 
 } // namespace giggle

@@ -10,7 +10,7 @@ namespace giggle {
 
 /// Sees to it that one process at a time works with a collection. The lock is the kernel's, on a file beside
 /// the collection, so it ends with the process however that ends. The first instance is also the application
-/// on the session bus, where a second one asks it to show its window.
+/// on the session bus, where a second one asks it to show its window and hands over what it was to open.
 class SingleInstance : public WindowActivation {
     Q_OBJECT
 
@@ -30,16 +30,17 @@ public:
 
     /// Call it once, before the collection is opened. It takes up to a few seconds when another instance runs
     /// that does not answer. No bus, a file system without locks and a folder that cannot be written to are
-    /// no errors: the program then starts as the first instance, and a lock that is missing is logged.
-    Outcome start();
+    /// no errors: the program then starts as the first instance, and a lock that is missing is logged. If
+    /// there is a @p document, another instance is to open it.
+    Outcome start(const QUrl& document = {});
 
 private:
     enum class Lock { Held, Taken };
 
     Lock lock();
-    bool showOther(bool& mayComeLater);
+    bool showOther(const QUrl& document, bool& mayComeLater);
     void registerOnBus();
-    void activate(const QVariantMap& platformData);
+    void activate(const QStringList& uris, const QVariantMap& platformData);
 
     QString m_lockPath;
     QDBusConnection m_bus;

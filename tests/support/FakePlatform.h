@@ -162,13 +162,13 @@ public:
 class FakeShareSheet : public ShareSheet {
 public:
     struct Request {
-        SharedItem item;
+        std::vector<SharedItem> items;
         std::set<ShareActivity> excluded;
     };
 
-    void present(SharedItem item, const std::set<ShareActivity>& excluded) override
+    void present(std::vector<SharedItem> items, const std::set<ShareActivity>& excluded) override
     {
-        presented.push_back({std::move(item), excluded});
+        presented.push_back({std::move(items), excluded});
     }
 
     std::vector<Request> presented;

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// Loads an exchange file and reads it into the collection.
+import QtQuick
+import QtQuick.Layouts
+import GiggleArchives
+
+AppPage {
+    id: page
+
+    required property ImportViewController screen
+    readonly property bool isWide: width >= 560
+
+    title: screen.title
+
+    FormScroller {
+        anchors.fill: parent
+        name: page.title
+        endsEditingOnTap: false
+
+        FormTextArea {
+            Layout.fillWidth: true
+            Layout.preferredHeight: fullHeight
+            objectName: "HelpTextView"
+            name: qsTr("Help")
+            readOnly: true
+            text: page.screen.HelpTextView
+        }
+        GridLayout {
+            Layout.fillWidth: true
+            columns: page.isWide ? 2 : 1
+            columnSpacing: Theme.unit
+            rowSpacing: Theme.unit
+
+            AppButton {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                objectName: "LoadFileButton"
+                text: qsTr("Load File")
+                focus: page.screen.isLoadFileButtonEnabled
+                enabled: page.screen.isLoadFileButtonEnabled
+                onClicked: page.screen.LoadFile()
+            }
+            AppButton {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                objectName: "ImportButton"
+                text: qsTr("Import")
+                focus: page.screen.isImportButtonEnabled
+                enabled: page.screen.isImportButtonEnabled
+                onClicked: page.screen.ImportTextFile()
+            }
+        }
+        LargeTextView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.minimumHeight: leastHeight
+            objectName: "ImportTextView"
+            name: qsTr("File contents")
+            content: page.screen.ImportTextView
+        }
+    }
+}

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/format/ExchangeReader.h"
+#include "exchange/format/ExchangeWriter.h"
+#include "tests/support/CollectionFolder.h"
+
+#include <array>
+#include <map>
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+/// What the exchange file's description says about one text: what comes back, and as unset when it is empty.
+std::string changedOnTheWay(const std::optional<std::string>& text, bool isJoke)
+{
+    QString changed = QString::fromStdString(text.value_or(""));
+    if (isJoke)
+        changed.replace(u'\n', QStringLiteral("@#@")).replace(u'^', QStringLiteral("~#~"));
+    changed.remove(u'\'').remove(u'"');
+    if (isJoke)
+        changed.replace(QStringLiteral("@#@"), QStringLiteral("\n"))
+            .replace(QStringLiteral("~#~"), QStringLiteral("'"));
+    return changed.isEmpty() ? "NULL" : changed.toStdString();
+}
+
+class RoundTrip {
+public:
+    explicit RoundTrip(unsigned seed) : m_random(seed) {}
+
+    void run()
+    {
+        CollectionFolder sourceFolder;
+        PersistentContainer source = sourceFolder.open();
+        for (const std::int16_t id : std::initializer_list<std::int16_t>{-32768, -1, 0, 1, 2, 300, 32767})
+            insertRandomJoke(source.viewContext(), id);
+        insertCategory(source.viewContext(), "Dad");
+        insertRating(source.viewContext(), "Mild");
+        const std::string document = writeCollection(source.viewContext());
+
+        CollectionFolder folder;
+        AppDelegate appDelegate(folder.path());
+        ExchangeReader reader(appDelegate, QStringLiteral("file"), "tests", 1);
+        for (int reading = 0; reading < 2; ++reading) {
+            reader.readJokes(document);
+            reader.readCategories(document, ExchangeReader::NamesFilter::KeepsNothing);
+            reader.readRatings(document, ExchangeReader::NamesFilter::KeepsNothing);
+            std::map<int, std::string> found;
+            for (const Jokes* joke :
+                 appDelegate.persistentContainer().viewContext().fetch(Jokes::fetchRequest()))
+                found[*joke->id()] =
+                    described(joke->category(), joke->rating(), joke->favorite(), joke->joke());
+            ASSERT_EQ(found, m_expected) << document;
+            ASSERT_EQ(liveRows(appDelegate.persistentContainer().viewContext()).size(), m_expected.size());
+        }
+    }
+
+private:
+    std::size_t below(std::size_t limit)
+    {
+        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(m_random);
+    }
+
+    std::optional<std::string> randomText(bool isJoke)
+    {
+        static const std::array<std::string, 16> pieces = {"a",
+                                                           "'",
+                                                           "\"",
+                                                           "@",
+                                                           "#",
+                                                           "@#@",
+                                                           "~#~",
+                                                           "~",
+                                                           " ",
+                                                           "\t",
+                                                           std::string(1, '\0'),
+                                                           "\xC3\xA9",
+                                                           "\xF0\x9F\x98\x80",
+                                                           "[CATEGORY]",
+                                                           "\n",
+                                                           "^"};
+        if (below(8) == 0)
+            return std::nullopt;
+        std::string text;
+        for (std::size_t i = below(12); i > 0; --i)
+            text += pieces[below(isJoke ? pieces.size() : pieces.size() - 2)];
+        return text;
+    }
+
+    void insertRandomJoke(ManagedObjectContext& context, std::int16_t id)
+    {
+        const auto category = randomText(false);
+        const auto rating = randomText(false);
+        const auto text = randomText(true);
+        const auto favorite = below(3) == 0 ? std::nullopt : std::optional(below(2) == 0);
+        insertJoke(context,
+                   {.category = category, .rating = rating, .id = id, .favorite = favorite, .joke = text});
+        m_expected[id] = described(changedOnTheWay(category, false), changedOnTheWay(rating, false),
+                                   favorite.value_or(false), changedOnTheWay(text, true));
+    }
+
+    static std::string described(OptionalText category, OptionalText rating, std::optional<bool> favorite,
+                                 OptionalText joke)
+    {
+        std::string text;
+        for (const OptionalText each : {category, rating, joke})
+            text.append(each.value_or("NULL")) += '|';
+        return text + (favorite ? (*favorite ? "T" : "F") : "NULL");
+    }
+
+    std::mt19937 m_random;
+    std::map<int, std::string> m_expected;
+};
+
+TEST(RoundTripTest, ChangesNothingButWhatTheFormatSays)
+{
+    for (unsigned seed = 1; seed <= 60 && !testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        RoundTrip(seed).run();
+    }
+}
+
+} // namespace
+
+} // namespace giggle

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// Follows `sheet`: what can be done with a text or a file, at the bottom of the window. Arrows move between the
+// rows; Escape and a press beside the sheet put it away.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import GiggleArchives
+
+Dialog {
+    id: dialog
+
+    required property WindowShareSheet sheet
+    readonly property bool isWanted: sheet.isShown
+
+    onIsWantedChanged: isWanted ? open() : close()
+    onOpened: (rows.itemAt(0) as AppButton)?.forceActiveFocus(Qt.OtherFocusReason)
+    onAboutToHide: sheet.cancel()
+
+    title: qsTr("Share")
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? parent.height - height - Theme.unit : 0
+    width: parent ? Math.min(parent.width - 2 * Theme.unit, 400 * Theme.textScale) : 0
+    height: parent ? Math.min(implicitHeight, parent.height - 2 * Theme.unit) : 0
+    modal: true
+    focus: true
+    closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
+    padding: 2 * Theme.unit
+    header: null
+    contentHeight: list.implicitHeight + cancelButton.height + Theme.unit
+
+    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
+
+    component Slide: Transition {
+        id: slide
+
+        property real from: 0
+        property real to: 0
+
+        NumberAnimation {
+            property: "opacity"
+            from: slide.from
+            to: slide.to
+            duration: Theme.animationTime
+        }
+    }
+    enter: Slide {
+        to: 1
+    }
+    exit: Slide {
+        from: 1
+    }
+    background: Rectangle {
+        radius: Theme.radius
+        color: Theme.surface
+        border.width: Theme.borderWidth
+        border.color: Theme.line
+    }
+
+    Flickable {
+        width: dialog.availableWidth
+        height: dialog.availableHeight - cancelButton.height - Theme.unit
+        contentHeight: list.implicitHeight
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollBar.vertical: ScrollBar {
+            Accessible.ignored: true
+        }
+
+        Column {
+            id: list
+
+            width: dialog.availableWidth
+            spacing: Theme.unit
+
+            Label {
+                width: list.width
+                bottomPadding: Theme.unit
+                text: dialog.title
+                textFormat: Text.PlainText
+                color: Theme.text
+                font.pixelSize: Theme.titleSize
+                font.bold: true
+                horizontalAlignment: Text.AlignHCenter
+                Accessible.role: Accessible.Heading
+            }
+            Repeater {
+                id: rows
+
+                model: dialog.sheet.choices
+
+                ShareRow {
+                    required property int index
+                    required property string modelData
+
+                    width: list.width
+                    text: modelData
+                    iconName: dialog.sheet.icons[index] ?? ""
+                    onClicked: dialog.sheet.choose(index)
+                    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+                }
+            }
+        }
+    }
+    AppButton {
+        id: cancelButton
+
+        y: dialog.availableHeight - height
+        width: dialog.availableWidth
+        text: qsTr("Cancel")
+        onClicked: dialog.sheet.cancel()
+        Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+        Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    }
+}
