@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "app/NoMail.h"
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/CupsPrinters.h"
 #include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/DesktopNotification.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -21,6 +23,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include <cstdlib>
@@ -62,6 +65,12 @@ void notify(const QString& message)
     DesktopNotification().show(ApplicationIdentity::displayName(), message);
 }
 
+/// Where files lie that other programs are handed, see OutgoingFiles.
+QString outgoingFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/outgoing");
+}
+
 void sayWhenReady(QQuickWindow& window)
 {
     QObject::connect(
@@ -96,11 +105,12 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     BundleResources resources;
     LinuxStoreReview storeReview;
     DesktopAddressOpener addressOpener;
-    NoMailComposer mailComposer;
-    NoMessageCapability messageCapability;
+    LinuxMailComposer mailComposer(addressOpener, outgoingFolder());
+    LinuxMessageCapability messageCapability;
+    LinuxFileOpener fileOpener(addressOpener);
     CupsPrinters printers;
-    Platform platform{interfaceStyle, fonts,         resources,    windowActivation,
-                      storeReview,    addressOpener, mailComposer, messageCapability};
+    Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
+                      addressOpener,  mailComposer, messageCapability, fileOpener};
     platform.printers = &printers;
     UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)

@@ -169,7 +169,7 @@ void ExportViewController::SaveToFiles()
     const QString path = filePath();
     if (const QString failure = writeAtomically(path, *m_dataString); !failure.isEmpty())
         printFailure(failure);
-    environment().platform.shareSheet->present(SharedFile{path}, ExcludedActivities);
+    environment().platform.shareSheet->present({SharedFile{path}}, ExcludedActivities);
 }
 
 void ExportViewController::WriteTextFile()

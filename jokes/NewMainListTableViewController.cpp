@@ -11,8 +11,11 @@
 #include "store/FatalError.h"
 #include "store/TextSearch.h"
 #include "ui/DisplayText.h"
+#include "ui/MainQueue.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
+
+#include <QPointer>
 
 #include <array>
 
@@ -240,7 +243,7 @@ void NewMainListTableViewController::deleteRow(int row)
 void NewMainListTableViewController::shareButtonClicked()
 {
     if (environment().platform.messageCapability.canSendText()) {
-        environment().platform.shareSheet->present(SharedText{composeJokes(listOnShow()).plainText()}, {});
+        environment().platform.shareSheet->present({SharedText{composeJokes(listOnShow()).plainText()}}, {});
         return;
     }
     environment().mainQueue.async([self = QPointer(this)] {
