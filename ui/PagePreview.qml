@@ -9,7 +9,10 @@ FocusScope {
     id: preview
 
     required property WindowPrintPanel panel
-    readonly property real leastHeight: 220 + turning.height
+    property real leastPageHeight: 220
+    readonly property real leastHeight: leastPageHeight + turning.height + Theme.unit
+    /// High enough for the page to be as wide as there is room.
+    readonly property real fullHeight: width * panel.paperSize.height / panel.paperSize.width + turning.height + Theme.unit
     readonly property real pageWidth: Math.min(sheetArea.width, sheetArea.height * panel.paperSize.width / panel.paperSize.height)
 
     implicitHeight: leastHeight

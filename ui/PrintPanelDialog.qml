@@ -153,7 +153,10 @@ Dialog {
                     Layout.fillWidth: true
                     Layout.fillHeight: true
                     Layout.preferredWidth: 300
+                    Layout.alignment: Qt.AlignTop
                     Layout.minimumHeight: leastHeight
+                    Layout.maximumHeight: Math.max(leastHeight, fullHeight)
+                    leastPageHeight: dialog.isWide ? 140 : 220
                     panel: dialog.panel
                 }
             }
