@@ -55,7 +55,8 @@ protected:
         const QByteArray root = m_folder.path().toUtf8();
         write(m_folder.filePath(u"cupsd.conf"_qs),
               "Listen " + root +
-                  "/socket\nBrowsing Off\nDefaultAuthType None\nWebInterface No\n<Location />\nAllow "
+                  "/socket\nBrowsing Off\nDefaultAuthType None\nWebInterface No\nDirtyCleanInterval "
+                  "0\n<Location />\nAllow "
                   "all\n</Location>\n<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
         write(m_folder.filePath(u"cups-files.conf"_qs),
               "FileDevice Yes\nServerRoot " + root + "\nRequestRoot " + root + "/spool\nTempDir " + root +
@@ -114,8 +115,8 @@ TEST_F(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
         EXPECT_EQ(found[0].description, u"In the Cellar"_qs);
         EXPECT_TRUE(found[0].isDefault);
         ASSERT_EQ(found[0].papers.size(), 2U);
-        EXPECT_EQ(found[0].papers[0].size.toSize(), QSize(595, 842));
-        EXPECT_EQ(found[0].papers[1].media, u"iso_a5_148x210mm"_qs);
+        EXPECT_EQ(found[0].papers[1].size.toSize(), QSize(595, 842));
+        EXPECT_EQ(found[0].papers[0].media, u"iso_a5_148x210mm"_qs);
 
         EXPECT_EQ(m_printers.print({u"cellar"_qs, file, u"Jok\u00e9s"_qs, 3, u"iso_a5_148x210mm"_qs}),
                   QString());
