@@ -2,7 +2,6 @@
 // One of the pages as they will be printed, and the buttons that turn to the others.
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Window
 import GiggleArchives
 
 FocusScope {
@@ -34,16 +33,9 @@ FocusScope {
             border.color: Theme.mutedText
 
             PagePicture {
-                id: picture
-
-                readonly property int wishedWidth: Math.round(width * Screen.devicePixelRatio)
-
-                onWishedWidthChanged: preview.panel.setPictureWidth(wishedWidth)
-                Component.onCompleted: preview.panel.setPictureWidth(wishedWidth)
-
                 anchors.fill: parent
                 anchors.margins: 1
-                image: preview.panel.picture
+                panel: preview.panel
             }
         }
     }

@@ -20,7 +20,6 @@ Dialog {
 
     onIsWantedChanged: isWanted ? open() : close()
     onOpened: focusButton()
-    onIsWorkingChanged: Qt.callLater(focusButton)
 
     title: panel.title
     anchors.centerIn: parent
@@ -253,6 +252,7 @@ Dialog {
                 enabled: !dialog.isWorking
                 fill: Theme.yellow
                 ink: Theme.brightInk
+                onEnabledChanged: dialog.focusButton()
                 onClicked: dialog.panel.saveAsPdf()
             }
             AppButton {
