@@ -27,6 +27,7 @@ public:
             return;
         connect(panel, &WindowPrintPanel::pictureChanged, this, [this] { update(); });
         emit panelChanged();
+        wishForWidth();
     }
 
     void paint(QPainter* painter) override
@@ -42,11 +43,23 @@ protected:
     void geometryChange(const QRectF& now, const QRectF& before) override
     {
         QQuickPaintedItem::geometryChange(now, before);
-        if (m_panel && window())
-            m_panel->setPictureWidth(qRound(now.width() * window()->effectiveDevicePixelRatio()));
+        wishForWidth();
+    }
+
+    void itemChange(ItemChange change, const ItemChangeData& data) override
+    {
+        QQuickPaintedItem::itemChange(change, data);
+        if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
+            wishForWidth();
     }
 
 private:
+    void wishForWidth()
+    {
+        if (m_panel && window() && width() > 0)
+            m_panel->setPictureWidth(qRound(width() * window()->effectiveDevicePixelRatio()));
+    }
+
     WindowPrintPanel* m_panel = nullptr; // lives as long as the window
 };
 
