@@ -34,6 +34,8 @@ SwipeRow {
         color: Theme.brightInk
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
+        maximumLineCount: 3
+        elide: Text.ElideRight
     }
     FavoriteCheckBox {
         id: favoriteBox
@@ -74,6 +76,8 @@ SwipeRow {
         color: Theme.brightInk
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
+        maximumLineCount: 3
+        elide: Text.ElideRight
     }
 
     /// Animated where the user can follow it: a row that comes into view is not seen yet while it is filled.

@@ -197,7 +197,7 @@ NewMainListTableViewCell NewMainListTableViewController::cellAt(int row) const
     cell.showJoke(joke.joke(), m_displaySettings,
                   m_displaySettings.requiredFont(environment().platform.fonts));
     cell.favorite = joke.favorite().value_or(false);
-    cell.RatingLabel = QStringLiteral("Rating: ") + QString::fromUtf8(joke.rating().value_or("N/A"));
+    cell.RatingLabel = QStringLiteral("Rating: ") + textOrEmpty(joke.rating().value_or("N/A"));
     return cell;
 }
 
@@ -206,7 +206,7 @@ QString NewMainListTableViewController::categoryLabel(const Jokes& joke) const
     const bool showsMissing =
         !isSearching() && (m_selectedSegment == RatingMode || m_selectedSegment == JokeMode);
     return QStringLiteral("Category: ") +
-           QString::fromUtf8(joke.category().value_or(showsMissing ? "N/A" : ""));
+           textOrEmpty(joke.category().value_or(showsMissing ? "N/A" : ""));
 }
 
 void NewMainListTableViewController::selectRow(int row)

@@ -71,7 +71,6 @@ AppPage {
 
             Layout.fillWidth: true
             visible: page.controller.hasSearch
-            borderColor: Theme.buttonBorder
             placeholderText: page.controller.searchPlaceholder
             text: page.controller.searchText
             onTextChanged: page.controller.searchText = text
