@@ -81,6 +81,7 @@ Sides pdfSides(Collections& collections, std::size_t size)
         const double seconds = secondsFor([&] {
             QPdfWriter writer(path);
             writer.setPageSize(QPageSize(QPageSize::A4));
+            writer.setResolution(72); // the sizes of the fonts are points
             document->print(&writer);
             return 0;
         });
