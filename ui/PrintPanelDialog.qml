@@ -69,7 +69,7 @@ Dialog {
         Keys.onEscapePressed: dialog.panel.cancel()
         Keys.onBackPressed: dialog.panel.cancel()
 
-        Label {
+        Text {
             id: heading
 
             width: parent.width
@@ -81,6 +81,7 @@ Dialog {
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
             Accessible.role: Accessible.Heading
+            Accessible.name: text
         }
         FormScroller {
             anchors.top: heading.bottom
@@ -201,7 +202,7 @@ Dialog {
                 }
             }
         }
-        Label {
+        Text {
             id: failure
 
             anchors.left: parent.left
@@ -221,6 +222,7 @@ Dialog {
             maximumLineCount: 5
             elide: Text.ElideRight
             Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
         }
         GridLayout {
             id: buttons
