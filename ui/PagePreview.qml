@@ -10,24 +10,21 @@ FocusScope {
     required property WindowPrintPanel panel
     property real leastPageHeight: 220
     readonly property real leastHeight: leastPageHeight + turning.height + Theme.unit
-    /// High enough for the page to be as wide as there is room.
-    readonly property real fullHeight: width * panel.paperSize.height / panel.paperSize.width + turning.height + Theme.unit
-    readonly property real pageWidth: Math.min(sheetArea.width, sheetArea.height * panel.paperSize.width / panel.paperSize.height)
+    readonly property real heightForWidth: panel.paperSize.height / panel.paperSize.width
+    readonly property real pageWidth: Math.min(width, sheetArea.height / heightForWidth)
 
     implicitHeight: leastHeight
 
     Item {
         id: sheetArea
 
-        anchors.top: parent.top
-        anchors.bottom: turning.top
-        anchors.bottomMargin: Theme.unit
         width: parent.width
+        height: Math.min(width * preview.heightForWidth, parent.height - turning.height - Theme.unit)
 
         Rectangle {
             anchors.centerIn: parent
             width: Math.round(preview.pageWidth)
-            height: Math.round(preview.pageWidth * preview.panel.paperSize.height / preview.panel.paperSize.width)
+            height: Math.round(preview.pageWidth * preview.heightForWidth)
             color: "white" // as paper is, also when everything else is dark
             border.width: 1
             border.color: Theme.mutedText
@@ -42,7 +39,7 @@ FocusScope {
     Item {
         id: turning
 
-        anchors.bottom: parent.bottom
+        y: sheetArea.height + Theme.unit
         width: parent.width
         height: Math.max(backButton.height, pageLabel.implicitHeight)
 

@@ -155,7 +155,6 @@ Dialog {
                     Layout.preferredWidth: 300
                     Layout.alignment: Qt.AlignTop
                     Layout.minimumHeight: leastHeight
-                    Layout.maximumHeight: Math.max(leastHeight, fullHeight)
                     leastPageHeight: dialog.isWide ? 140 : 220
                     panel: dialog.panel
                 }
@@ -202,7 +201,7 @@ Dialog {
                 }
             }
         }
-        Text {
+        Item {
             id: failure
 
             anchors.left: parent.left
@@ -210,19 +209,25 @@ Dialog {
             anchors.bottom: buttons.top
             anchors.leftMargin: 2 * Theme.unit
             anchors.rightMargin: 2 * Theme.unit
-            height: visible ? implicitHeight : Theme.unit
-            topPadding: Theme.unit
-            bottomPadding: Theme.unit
-            visible: text.length > 0
-            text: dialog.panel.failure
-            textFormat: Text.PlainText
-            color: Theme.requiredText
-            font.pixelSize: Theme.smallSize
-            wrapMode: Text.Wrap
-            maximumLineCount: 5
-            elide: Text.ElideRight
-            Accessible.role: Accessible.AlertMessage
-            Accessible.name: text
+            height: dialog.panel.failure ? failureText.implicitHeight : Theme.unit
+
+            Text {
+                id: failureText
+
+                width: parent.width
+                topPadding: Theme.unit
+                bottomPadding: Theme.unit
+                visible: text.length > 0
+                text: dialog.panel.failure
+                textFormat: Text.PlainText
+                color: Theme.requiredText
+                font.pixelSize: Theme.smallSize
+                wrapMode: Text.Wrap
+                maximumLineCount: 5
+                elide: Text.ElideRight
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
+            }
         }
         GridLayout {
             id: buttons
