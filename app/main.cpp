@@ -3,6 +3,7 @@
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
+#include "platform/linux/CupsPrinters.h"
 #include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/DesktopNotification.h"
 #include "platform/linux/LinuxFileOpener.h"
@@ -110,9 +111,11 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     LinuxMailComposer mailComposer(addressOpener, outgoingFolder());
     LinuxMessageCapability messageCapability;
     LinuxFileOpener fileOpener(addressOpener);
-    UserInterface interface(appDelegate, userDefaults,
-                            {interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener,
-                             mailComposer, messageCapability, fileOpener});
+    CupsPrinters printers;
+    Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
+                      addressOpener,  mailComposer, messageCapability, fileOpener};
+    platform.printers = &printers;
+    UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));

@@ -12,6 +12,8 @@ class Fonts;
 class InterfaceStyle;
 class MailComposer;
 class MessageCapability;
+class PrintPanel;
+class Printers;
 class Resources;
 class ShareSheet;
 class StoreReview;
@@ -34,10 +36,14 @@ struct Platform {
     /// @{
     DocumentPicker* documentPicker = nullptr;
     ShareSheet* shareSheet = nullptr;
+    PrintPanel* printPanel = nullptr;
     /// A folder for files that other programs are handed, which nobody but the user can look into. It lasts
     /// as long as the application.
     QString temporaryFolder = {};
     /// @}
+
+    /// None where nothing can be printed on: PDF files can still be made.
+    Printers* printers = nullptr;
 };
 
 } // namespace giggle

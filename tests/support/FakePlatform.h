@@ -9,6 +9,7 @@
 #include "platform/MailComposer.h"
 #include "platform/MessageCapability.h"
 #include "platform/Platform.h"
+#include "platform/PrintPanel.h"
 #include "platform/Resources.h"
 #include "platform/ShareSheet.h"
 #include "platform/StoreReview.h"
@@ -174,6 +175,30 @@ public:
     std::vector<Request> presented;
 };
 
+class FakePrintPanel : public PrintPanel {
+public:
+    struct Request {
+        QString text;
+        QString jobName;
+        std::function<void(const PrintOutcome&)> finished;
+        bool isForPdf = false;
+    };
+
+    void present(AttributedText text, const QString& jobName,
+                 std::function<void(const PrintOutcome&)> finished) override
+    {
+        presented.push_back({text.plainText(), jobName, std::move(finished)});
+    }
+
+    void makePdf(AttributedText text, const QString& jobName,
+                 std::function<void(const PrintOutcome&)> finished) override
+    {
+        presented.push_back({text.plainText(), jobName, std::move(finished), true});
+    }
+
+    std::vector<Request> presented;
+};
+
 /// A system that does what a test tells it.
 struct FakePlatform {
     FakeInterfaceStyle interfaceStyle;
@@ -187,10 +212,21 @@ struct FakePlatform {
     FakeFileOpener fileOpener;
     FakeDocumentPicker documentPicker;
     FakeShareSheet shareSheet;
+    FakePrintPanel printPanel;
     QTemporaryDir temporaryFolder;
-    Platform platform{interfaceStyle, fonts,           resources,    windowActivation,
-                      storeReview,    addressOpener,   mailComposer, messageCapability,
-                      fileOpener,     &documentPicker, &shareSheet,  temporaryFolder.path()};
+    Platform platform{interfaceStyle,
+                      fonts,
+                      resources,
+                      windowActivation,
+                      storeReview,
+                      addressOpener,
+                      mailComposer,
+                      messageCapability,
+                      fileOpener,
+                      &documentPicker,
+                      &shareSheet,
+                      &printPanel,
+                      temporaryFolder.path()};
 };
 
 } // namespace giggle
