@@ -97,9 +97,10 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     DesktopAddressOpener addressOpener;
     NoMailComposer mailComposer;
     NoMessageCapability messageCapability;
-    UserInterface interface(appDelegate, userDefaults,
-                            {interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener,
-                             mailComposer, messageCapability});
+    Platform platform{interfaceStyle, fonts,         resources,    windowActivation,
+                      storeReview,    addressOpener, mailComposer, messageCapability};
+    platform.documentsFolder = places.documentsFolder();
+    UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));

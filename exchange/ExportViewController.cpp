@@ -3,7 +3,6 @@
 
 #include "exchange/format/ExchangeFile.h"
 #include "exchange/format/ExchangeWriter.h"
-#include "platform/MailComposer.h"
 #include "platform/Platform.h"
 #include "platform/ShareSheet.h"
 #include "store/AppDelegate.h"
@@ -12,9 +11,9 @@
 #include "store/StoreError.h"
 #include "ui/AtomicFile.h"
 #include "ui/MainQueue.h"
+#include "ui/TextOutput.h"
 
 #include <QDir>
-#include <QFile>
 #include <QPointer>
 
 #include <algorithm>
@@ -169,7 +168,7 @@ void ExportViewController::SaveToFiles()
     const QString path = filePath();
     if (const QString failure = writeAtomically(path, *m_dataString); !failure.isEmpty())
         printFailure(failure);
-    environment().platform.shareSheet->present(SharedFile{path}, ExcludedActivities);
+    environment().platform.shareSheet->present({SharedFile{path}}, ExcludedActivities);
 }
 
 void ExportViewController::WriteTextFile()
@@ -180,24 +179,12 @@ void ExportViewController::WriteTextFile()
     if (written.text &&
         *written.text != *m_exportTextView.text()) // the same text keeps its place in the view
         m_exportTextView.setText(std::move(*written.text));
-    if (environment().platform.mailComposer.canSendMail())
-        composeMail(path);
-    else
-        environment().navigator.present({QStringLiteral("Sending Email"),
-                                         QStringLiteral("Email not Setup or Unavailable"),
-                                         {{QStringLiteral("OK"), {}}}});
-}
-
-void ExportViewController::composeMail(const QString& path)
-{
-    Mail mail;
-    mail.subject = QStringLiteral("Giggle Archives Update Text File");
-    mail.body = QStringLiteral("Attachment: Giggle Archives Text File");
-    if (QFile file(path); file.open(QIODevice::ReadOnly))
-        mail.attachments.push_back({file.readAll(), QStringLiteral("csv"), FileName});
-    environment().platform.mailComposer.present(mail, [](const QString& failure) {
-        if (!failure.isEmpty())
-            printFailure(failure);
+    sendMail(environment(), [path] {
+        Mail mail;
+        mail.subject = QStringLiteral("Giggle Archives Update Text File");
+        mail.body = QStringLiteral("Attachment: Giggle Archives Text File");
+        mail.attachments = attachmentOf(path, QStringLiteral("csv"), FileName);
+        return mail;
     });
 }
 

@@ -83,7 +83,6 @@ private:
     void showProgress();
     void setActivityIndicatorAnimating(bool animating);
     [[nodiscard]] QString filePath() const;
-    void composeMail(const QString& path);
     [[nodiscard]] ManagedObjectContext& viewContext() const;
 
     std::vector<Jokes*> m_theEntryList;

@@ -11,6 +11,7 @@ class Fonts;
 class InterfaceStyle;
 class MailComposer;
 class MessageCapability;
+class PrintPanel;
 class Resources;
 class ShareSheet;
 class StoreReview;
@@ -32,9 +33,12 @@ struct Platform {
     /// @{
     DocumentPicker* documentPicker = nullptr;
     ShareSheet* shareSheet = nullptr;
+    PrintPanel* printPanel = nullptr;
     /// A folder for files that other programs are handed, which nobody but the user can look into. It lasts
     /// as long as the application.
     QString temporaryFolder = {};
+    /// The application's own folder for the user's documents. It may have to be made.
+    QString documentsFolder = {};
     /// @}
 };
 

@@ -13,6 +13,8 @@ FocusScope {
     required property string name
     required property LargeTextModel content
     property color borderColor: Theme.line
+    property bool isBold: false
+    property int horizontalAlignment: Text.AlignLeft
     /// High enough for some lines.
     readonly property real leastHeight: frame.y + 6 * Theme.bodySize + 4 * Theme.unit
 
@@ -76,6 +78,8 @@ FocusScope {
             wrapMode: Text.Wrap
             color: Theme.text
             font.pixelSize: Theme.bodySize
+            font.bold: control.isBold
+            horizontalAlignment: control.horizontalAlignment
             Accessible.role: Accessible.ListItem
             Accessible.name: line
             ListView.onPooled: pooled = true
