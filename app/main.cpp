@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "app/NoMail.h"
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/DesktopNotification.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -20,6 +22,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include <cstdlib>
@@ -61,6 +64,12 @@ void notify(const QString& message)
     DesktopNotification().show(ApplicationIdentity::displayName(), message);
 }
 
+/// Where files lie that other programs are handed, see OutgoingFiles.
+QString outgoingFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/outgoing");
+}
+
 void sayWhenReady(QQuickWindow& window)
 {
     QObject::connect(
@@ -95,10 +104,11 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     BundleResources resources;
     LinuxStoreReview storeReview;
     DesktopAddressOpener addressOpener;
-    NoMailComposer mailComposer;
-    NoMessageCapability messageCapability;
-    Platform platform{interfaceStyle, fonts,         resources,    windowActivation,
-                      storeReview,    addressOpener, mailComposer, messageCapability};
+    LinuxMailComposer mailComposer(addressOpener, outgoingFolder());
+    LinuxMessageCapability messageCapability;
+    LinuxFileOpener fileOpener(addressOpener);
+    Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
+                      addressOpener,  mailComposer, messageCapability, fileOpener};
     platform.documentsFolder = places.documentsFolder();
     UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)

@@ -4,11 +4,13 @@
 #include "benchmarks/RawDatabase.h"
 #include "exchange/format/ExchangeReader.h"
 #include "exchange/format/ExchangeWriter.h"
+#include "ui/AtomicFile.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <memory>
+#include <stdexcept>
 
 namespace giggle {
 
@@ -77,6 +79,56 @@ Sides readerSides(Collections& collections, std::size_t size)
     return {ours, baseline};
 }
 
+Sides exportSides(Collections& collections, std::size_t size)
+{
+    const QString folder = collections.folder(size);
+    return {[folder] { return measuredElsewhere(ScreenMeasurement::Export, folder); },
+            [folder] {
+                return secondsFor([&] {
+                    return RawDatabase(Collections::fileIn(folder), RawDatabase::Sync::Full)
+                        .jokes("ORDER BY category, joke");
+                });
+            }};
+}
+
+/// A new collection with an exchange file beside it.
+QString folderWithFile(Collections& collections, const std::string& text)
+{
+    const QString folder = collections.emptyFolder();
+    if (!writeAtomically(folder + QStringLiteral("/jokes.csv"), text).isEmpty())
+        throw std::runtime_error("the exchange file cannot be written");
+    return folder;
+}
+
+Sides importSides(Collections& collections, std::size_t size)
+{
+    const std::string text = writeCollection(Collections::open(collections.folder(size)).viewContext());
+    return {[&collections, text] {
+                return measuredElsewhere(ScreenMeasurement::Import, folderWithFile(collections, text));
+            },
+            readerSides(collections, size).baseline};
+}
+
+/// Against the file's size.
+Sides memorySides(ScreenMeasurement measurement, Collections& collections, std::size_t size)
+{
+    const QString folder = collections.folder(size);
+    const std::string text = writeCollection(Collections::open(folder).viewContext());
+    return {[=, &collections] {
+                return measuredElsewhere(measurement, measurement == ScreenMeasurement::ExportMemory
+                                                          ? folder
+                                                          : folderWithFile(collections, text));
+            },
+            [bytes = double(text.size())] { return bytes; }};
+}
+
+std::function<Sides(Collections&, std::size_t)> memoryOf(ScreenMeasurement measurement)
+{
+    return [measurement](Collections& collections, std::size_t size) {
+        return memorySides(measurement, collections, size);
+    };
+}
+
 } // namespace
 
 std::vector<Figure> exchangeFigures()
@@ -84,6 +136,24 @@ std::vector<Figure> exchangeFigures()
     return {
         {"exchange file, write", "memcpy", {.largestRatio = 10}, writerSides},
         {"exchange file, read", "raw commit for each line", {.largestRatio = 1.2}, readerSides, 7},
+        {"export, tap to enabled buttons", "raw ORDER BY", {.largestValue = 0.15}, exportSides, 5},
+        {"import, loading and tap to alert",
+         "raw commit for each line",
+         {.largestRatio = 1.2},
+         importSides,
+         5},
+        {"export, peak memory",
+         "size of the file",
+         {.largestRatio = 3},
+         memoryOf(ScreenMeasurement::ExportMemory),
+         3,
+         Unit::Bytes},
+        {"import, peak memory",
+         "size of the file",
+         {.largestRatio = 3},
+         memoryOf(ScreenMeasurement::ImportMemory),
+         3,
+         Unit::Bytes},
     };
 }
 

@@ -55,7 +55,11 @@ enum class ScreenMeasurement {
     Memory,
     EditorFrame,
     EditorSave,
-    BreakdownFrame
+    BreakdownFrame,
+    Export,
+    ExportMemory,
+    Import,      ///< of the file "jokes.csv" in the collection's folder
+    ImportMemory ///< the same
 };
 
 /// Shows the screens over the collection in @p folder, in this process, and measures one thing about them:
@@ -67,6 +71,9 @@ enum class ScreenMeasurement {
 
 /// How much memory this process has at the moment.
 [[nodiscard]] std::size_t residentBytes();
+
+/// The most memory that this process has had.
+[[nodiscard]] std::size_t peakBytes();
 
 /// How long it takes until @p work has returned; what becomes of its result takes no part.
 template <class Work>

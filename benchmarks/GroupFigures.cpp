@@ -9,7 +9,10 @@
 #include "platform/Platform.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -54,7 +57,11 @@ struct Desk {
     SingleInstance windowActivation{settings.filePath(QStringLiteral("lock"))};
     LinuxStoreReview storeReview;
     DesktopAddressOpener addressOpener;
-    Platform platform{interfaceStyle, fonts, resources, windowActivation, storeReview, addressOpener};
+    LinuxMailComposer mailComposer{addressOpener, settings.filePath(QStringLiteral("outgoing"))};
+    LinuxMessageCapability messageCapability;
+    LinuxFileOpener fileOpener{addressOpener};
+    Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
+                      addressOpener,  mailComposer, messageCapability, fileOpener};
     ScreenEnvironment environment{appDelegate, userDefaults, selection, navigator, mainQueue, platform};
     RawDatabase raw;
 };

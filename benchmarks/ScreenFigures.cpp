@@ -23,6 +23,18 @@ double percentile99(std::vector<double> values)
     return *place;
 }
 
+/// The file is on the disk's account, what grows over its reading and showing is the application's.
+double measureExchange(ScreenSession& session, ScreenMeasurement measurement, const QString& folder)
+{
+    const std::size_t before = residentBytes();
+    const bool isExport =
+        measurement == ScreenMeasurement::Export || measurement == ScreenMeasurement::ExportMemory;
+    const double seconds =
+        isExport ? session.exportFile() : session.importFile(folder + QStringLiteral("/jokes.csv"));
+    const bool isTime = measurement == ScreenMeasurement::Export || measurement == ScreenMeasurement::Import;
+    return isTime ? seconds : double(peakBytes() - before);
+}
+
 } // namespace
 
 double measuredElsewhere(ScreenMeasurement measurement, const QString& folder)
@@ -95,6 +107,8 @@ double measureScreens(ScreenMeasurement measurement, const QString& folder)
         return menuFrame;
     if (measurement == ScreenMeasurement::BreakdownFrame)
         return session.openLargestBreakdown();
+    if (measurement >= ScreenMeasurement::Export)
+        return measureExchange(session, measurement, folder);
     const double listFrame = session.openJokeList();
     if (measurement == ScreenMeasurement::JokeListFrame)
         return listFrame;

@@ -2,6 +2,8 @@
 #include "benchmarks/ScreenSession.h"
 
 #include "benchmarks/Figure.h"
+#include "exchange/ExportViewController.h"
+#include "exchange/ImportViewController.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
 #include "lists/CategoryGroupTableViewController.h"
@@ -27,7 +29,7 @@ ScreenSession::ScreenSession(const QString& folder)
       m_windowActivation(m_settings.filePath(QStringLiteral("lock"))),
       m_interface(m_appDelegate, m_userDefaults,
                   {m_interfaceStyle, m_fonts, m_resources, m_windowActivation, m_storeReview, m_addressOpener,
-                   m_mailComposer, m_messageCapability})
+                   m_mailComposer, m_messageCapability, m_fileOpener})
 {
     m_userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
 }
@@ -63,6 +65,35 @@ double ScreenSession::openEditor()
     });
     rest();
     return seconds;
+}
+
+double ScreenSession::exportFile()
+{
+    m_interface.navigation().performSegue(SegueId::ExportJokes);
+    rest();
+    auto& screen = screenAround<ExportViewController>(QStringLiteral("ExportButton"));
+    const double seconds = secondsFor([&] {
+        screen.CreateUpdateFile();
+        return 0;
+    });
+    rest();
+    if (!screen.isSaveButtonEnabled())
+        throw std::runtime_error("the export is not complete");
+    return seconds;
+}
+
+double ScreenSession::importFile(const QString& path)
+{
+    const double loading = secondsFor([&] {
+        m_interface.open(QUrl::fromLocalFile(path));
+        return 0;
+    });
+    rest();
+    auto& screen = screenAround<ImportViewController>(QStringLiteral("ImportButton"));
+    return loading + secondsFor([&] {
+               screen.ImportTextFile();
+               return 0;
+           });
 }
 
 double ScreenSession::saveInEditor()

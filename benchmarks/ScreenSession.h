@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/NoMail.h"
 #include "app/UserInterface.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopAddressOpener.h"
+#include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxFonts.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
@@ -42,6 +44,14 @@ public:
     /// waits until it has come to rest.
     double openEditor();
 
+    /// Opens the export screen and taps Export; returns the seconds until the buttons are enabled that hand
+    /// the file on.
+    double exportFile();
+
+    /// Opens the file as one from outside, and taps Import; returns the seconds that loading and importing
+    /// took.
+    double importFile(const QString& path);
+
     /// Ticks the favourite box in the editor and presses Save; returns the seconds until the save is done and
     /// the list has fetched anew.
     double saveInEditor();
@@ -63,8 +73,9 @@ private:
     SingleInstance m_windowActivation;
     LinuxStoreReview m_storeReview;
     DesktopAddressOpener m_addressOpener;
-    NoMailComposer m_mailComposer;
-    NoMessageCapability m_messageCapability;
+    LinuxMailComposer m_mailComposer{m_addressOpener, m_settings.filePath(QStringLiteral("outgoing"))};
+    LinuxMessageCapability m_messageCapability;
+    LinuxFileOpener m_fileOpener{m_addressOpener};
     UserInterface m_interface;
     QQuickWindow* m_window = nullptr;
 };

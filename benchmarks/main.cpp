@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <fstream>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -68,6 +69,14 @@ std::size_t giggle::residentBytes()
     std::size_t resident = 0;
     std::ifstream("/proc/self/statm") >> total >> resident;
     return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
+std::size_t giggle::peakBytes()
+{
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    constexpr std::size_t Unit = 1024;
+    return static_cast<std::size_t>(usage.ru_maxrss) * Unit;
 }
 
 /// Arguments: --quick for a third of the rounds, and those of Google Benchmark, such as --benchmark_filter.

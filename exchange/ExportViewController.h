@@ -28,8 +28,8 @@ class ExportViewController : public giggle::Screen {
     Q_PROPERTY(giggle::LargeTextModel* ExportTextView READ exportTextView CONSTANT)
     Q_PROPERTY(double ProgressView READ progressView NOTIFY progressViewChanged)
     Q_PROPERTY(QString HelpTextView READ helpTextView CONSTANT)
-    Q_PROPERTY(bool isActivityIndicatorAnimating READ isActivityIndicatorAnimating NOTIFY
-                   activityIndicatorChanged)
+    Q_PROPERTY(
+        bool isActivityIndicatorAnimating READ isActivityIndicatorAnimating NOTIFY activityIndicatorChanged)
 
 public:
     using Screen::Screen;

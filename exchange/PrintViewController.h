@@ -12,8 +12,8 @@ namespace giggle {
 
 using PrintListTableViewCell = NewMainListTableViewCell;
 
-/// Chooses jokes, composes one document of them, and prints, mails or shares it. The document follows the list
-/// on show; what is handed on is always the document on show. A joke without a text in the list ends the
+/// Chooses jokes, composes one document of them, and prints, mails or shares it. The document follows the
+/// list on show; what is handed on is always the document on show. A joke without a text in the list ends the
 /// program.
 class PrintViewController : public giggle::SegmentedJokeListController {
     Q_OBJECT

@@ -11,8 +11,8 @@
 
 namespace giggle {
 
-/// The text that is shared, mailed and printed: jokes in large bold type, each with a dashed line below it and
-/// some room. It is put together as plain text, which is what most of them take; how its pieces look is
+/// The text that is shared, mailed and printed: jokes in large bold type, each with a dashed line below it
+/// and some room. It is put together as plain text, which is what most of them take; how its pieces look is
 /// worked out when it is asked for. Nothing of a joke is left out.
 class JokeComposition {
 public:

@@ -23,7 +23,7 @@ struct MailAttachment {
 struct Mail {
     QStringList recipients;
     QString subject;
-    QString body;
+    QString body;            ///< one that is too long for mail programs goes along as a file
     bool isBodyHtml = false; ///< becomes plain text where the mail program takes no other
     std::vector<MailAttachment> attachments;
 
@@ -41,8 +41,9 @@ public:
     /// Whether the user has a program for mails.
     [[nodiscard]] virtual bool canSendMail() const = 0;
 
-    /// Opens a window of the mail program with @p mail. Calls @p finished once, later, when the mail program
-    /// has taken it over, or with the reason in words when none could.
+    /// Opens a window of the mail program with @p mail. Calls @p finished once, later: with nothing when the
+    /// mail program has taken everything over or the user has turned away, otherwise with what to tell the
+    /// user in words: that no mail program could be opened, or which file the mail had to go without.
     virtual void present(const Mail& mail, std::function<void(const QString& failure)> finished) = 0;
 };
 

@@ -7,6 +7,7 @@ namespace giggle {
 
 class AddressOpener;
 class DocumentPicker;
+class FileOpener;
 class Fonts;
 class InterfaceStyle;
 class MailComposer;
@@ -28,6 +29,7 @@ struct Platform {
     AddressOpener& addressOpener;
     MailComposer& mailComposer;
     MessageCapability& messageCapability;
+    FileOpener& fileOpener;
 
     /// @name What the window brings itself where it is left out; screens always find it
     /// @{

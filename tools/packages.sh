@@ -31,6 +31,7 @@ application=(
     qml6-module-qtquick-shapes
     qml6-module-qtquick-templates
     qml6-module-qtquick-window
+    xdg-utils
 )
 
 # For a session that has Wayland and nothing else.

@@ -26,13 +26,13 @@ void shareText(Screen& screen, ScreenEnvironment& environment, const std::functi
 /// What is done after printing where nothing else is wanted: a failure is logged.
 void logPrintFailure(const PrintOutcome& outcome);
 
-/// Opens the print panel; what becomes of it goes to @p finished, which must refer to nothing that may be gone
-/// by then.
+/// Opens the print panel; what becomes of it goes to @p finished, which must refer to nothing that may be
+/// gone by then.
 void printText(ScreenEnvironment& environment, AttributedText text,
                std::function<void(const PrintOutcome&)> finished = logPrintFailure);
 
-/// Opens a mail with what @p compose returns. A failure is logged. Where there is no mail program an alert says
-/// so instead, and nothing is composed.
+/// Opens a mail with what @p compose returns. A failure is logged. Where there is no mail program an alert
+/// says so instead, and nothing is composed.
 void sendMail(ScreenEnvironment& environment, const std::function<Mail()>& compose);
 
 /// The file at @p path to go with a mail under @p fileName, or nothing when it cannot be read.

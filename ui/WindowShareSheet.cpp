@@ -3,7 +3,9 @@
 
 #include "platform/AddressOpener.h"
 #include "platform/DocumentPicker.h"
+#include "platform/FileOpener.h"
 #include "platform/MailComposer.h"
+#include "platform/MessageAddress.h"
 #include "platform/MessageCapability.h"
 #include "platform/Platform.h"
 #include "ui/AtomicFile.h"
@@ -49,13 +51,10 @@ const QString TextFileName = QStringLiteral("Jokes.txt");
 // What a shared text is called in a mail's subject.
 const QString TextTitle = QStringLiteral("Jokes");
 
+const QString MailTitle = QStringLiteral("Sending Email");
+
 // A program is handed the message as one argument, and the system takes none of 128 KiB.
 constexpr qsizetype LongestMessageAddress = 100'000;
-
-QUrl messageAddress(const QString& text)
-{
-    return QUrl::fromEncoded("sms:?body=" + QUrl::toPercentEncoding(text));
-}
 
 bool canBeMessage(const QString& text)
 {
@@ -63,31 +62,40 @@ bool canBeMessage(const QString& text)
            messageAddress(text).toEncoded().size() <= LongestMessageAddress;
 }
 
-QString nameOf(const SharedItem& item)
+SharedThings sorted(std::vector<SharedItem> items)
 {
-    const auto* file = std::get_if<SharedFile>(&item);
-    return file ? QFileInfo(file->path).fileName() : TextFileName;
-}
-
-/// The item as it goes into a file. @p failure says why there is nothing.
-QByteArray bytesOf(const SharedItem& item, QString& failure)
-{
-    if (const auto* text = std::get_if<SharedText>(&item))
-        return text->text.toUtf8();
-    QFile file(std::get<SharedFile>(item).path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        failure =
-            QStringLiteral("The file \"%1\" cannot be read: %2").arg(file.fileName(), file.errorString());
-        return {};
+    SharedThings things;
+    for (SharedItem& item : items) {
+        if (const auto* file = std::get_if<SharedFile>(&item))
+            things.files += file->path;
+        else if (QString& text = std::get<SharedText>(item).text; things.text)
+            *things.text += u'\n' + text;
+        else
+            things.text = std::move(text);
     }
-    return file.readAll();
+    return things;
 }
 
-/// Writes the item to a file. Why it failed, or nothing.
-QString writeTo(const QString& path, const SharedItem& item)
+QString fileName(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+
+/// A file's bytes; @p failure says why there are none.
+QByteArray bytesOf(const QString& path, QString& failure)
+{
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly))
+        return file.readAll();
+    failure = QStringLiteral("The file \"%1\" cannot be read: %2").arg(path, file.errorString());
+    return {};
+}
+
+/// Writes one text or one file to @p path. Why it failed, or nothing.
+QString writeTo(const QString& path, const SharedThings& things)
 {
     QString failure;
-    const QByteArray bytes = bytesOf(item, failure);
+    const QByteArray bytes = things.text ? things.text->toUtf8() : bytesOf(things.files.first(), failure);
     if (!failure.isEmpty())
         return failure;
     return writeAtomically(path, {bytes.data(), static_cast<std::size_t>(bytes.size())});
@@ -100,11 +108,11 @@ WindowShareSheet::WindowShareSheet(Platform& platform, Navigator& navigator)
 {
 }
 
-void WindowShareSheet::present(SharedItem item, const std::set<ShareActivity>& excluded)
+void WindowShareSheet::present(std::vector<SharedItem> items, const std::set<ShareActivity>& excluded)
 {
     if (m_isShown)
         return;
-    m_item = std::move(item);
+    m_things = sorted(std::move(items));
     m_activities.clear();
     for (const ActivityLooks& looks : Looks)
         if (!excluded.contains(looks.activity) && works(looks.activity))
@@ -113,20 +121,28 @@ void WindowShareSheet::present(SharedItem item, const std::set<ShareActivity>& e
     emit shownChanged();
 }
 
+bool WindowShareSheet::isOneFile() const
+{
+    return m_things.files.size() + (m_things.text ? 1 : 0) == 1;
+}
+
 bool WindowShareSheet::works(ShareActivity activity) const
 {
-    const auto* text = std::get_if<SharedText>(&m_item);
     switch (activity) {
     case ShareActivity::Mail:
         return m_platform.mailComposer.canSendMail();
     case ShareActivity::Message:
-        return text && m_platform.messageCapability.canSendText() && canBeMessage(text->text);
+        return m_things.files.isEmpty() && m_platform.messageCapability.canSendText() &&
+               canBeMessage(*m_things.text);
     case ShareActivity::Print:
     case ShareActivity::SaveAsPdf:
-        return false; // the platform has no print panel
-    case ShareActivity::Copy:
+        return false; // the window has no print panel
     case ShareActivity::SaveToFiles:
+        return isOneFile();
     case ShareActivity::OpenWith:
+        return isOneFile() &&
+               m_platform.fileOpener.canOpen(m_things.text ? TextFileName : m_things.files.first());
+    case ShareActivity::Copy:
         break;
     }
     return true;
@@ -156,14 +172,14 @@ void WindowShareSheet::choose(int index)
     m_isShown = false;
     emit shownChanged();
     perform(activity);
-    m_item = {};
+    m_things = {};
 }
 
 void WindowShareSheet::cancel()
 {
     if (!std::exchange(m_isShown, false))
         return;
-    m_item = {}; // a whole collection takes its room
+    m_things = {}; // a whole collection takes its room
     emit shownChanged();
 }
 
@@ -193,67 +209,70 @@ void WindowShareSheet::perform(ShareActivity activity)
 
 void WindowShareSheet::copy() const
 {
-    QClipboard& clipboard = *QGuiApplication::clipboard();
-    if (const auto* text = std::get_if<SharedText>(&m_item)) {
-        clipboard.setText(text->text);
-        return;
-    }
     auto* data = new QMimeData; // the clipboard's
-    data->setUrls({QUrl::fromLocalFile(std::get<SharedFile>(m_item).path)});
-    clipboard.setMimeData(data);
+    if (m_things.text)
+        data->setText(*m_things.text);
+    QList<QUrl> addresses;
+    for (const QString& path : m_things.files)
+        addresses += QUrl::fromLocalFile(path);
+    if (!addresses.isEmpty())
+        data->setUrls(addresses);
+    QGuiApplication::clipboard()->setMimeData(data);
 }
 
 void WindowShareSheet::composeMail()
 {
     Mail mail;
-    QString failure;
-    if (const auto* text = std::get_if<SharedText>(&m_item)) {
-        mail.subject = TextTitle;
-        mail.body = text->text;
-    } else {
-        const QString name = nameOf(m_item);
-        mail.subject = name;
-        mail.attachments.push_back(
-            {bytesOf(m_item, failure), QMimeDatabase().mimeTypeForFile(name).name(), name});
-    }
-    if (!failure.isEmpty()) {
-        report(QStringLiteral("Sending Email"), failure);
+    mail.subject = m_things.files.isEmpty() ? TextTitle : fileName(m_things.files.first());
+    mail.body = m_things.text.value_or(QString());
+    for (const QString& path : m_things.files) {
+        QString failure;
+        const QString type = QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension).name();
+        mail.attachments.push_back({bytesOf(path, failure), type, fileName(path)});
+        if (failure.isEmpty())
+            continue;
+        report(MailTitle, failure);
         return;
     }
-    m_platform.mailComposer.present(mail, [self = QPointer(this)](const QString& reason) {
-        if (self)
-            self->report(QStringLiteral("Sending Email"), reason);
-    });
+    m_platform.mailComposer.present(mail, reporter(MailTitle));
 }
 
 void WindowShareSheet::composeMessage()
 {
-    if (!m_platform.addressOpener.open(messageAddress(std::get<SharedText>(m_item).text)))
+    if (!m_platform.addressOpener.open(messageAddress(*m_things.text)))
         report(QStringLiteral("Sending Message"), QStringLiteral("No program could be started for it."));
 }
 
 void WindowShareSheet::save()
 {
+    const QString name = m_things.text ? TextFileName : fileName(m_things.files.first());
     m_platform.documentPicker->pickPlace(
-        nameOf(m_item), [self = QPointer(this), item = m_item](const QUrl& place) {
-            if (!self || place.isEmpty())
-                return;
-            const QString failure =
-                place.isLocalFile()
-                    ? writeTo(place.toLocalFile(), item)
-                    : QStringLiteral("\"%1\" is no place on this device.").arg(place.toDisplayString());
-            self->report(QStringLiteral("File Not Saved"), failure);
+        name, [done = reporter(QStringLiteral("File Not Saved")), things = m_things](const QUrl& place) {
+            if (place.isLocalFile())
+                done(writeTo(place.toLocalFile(), things));
+            else if (!place.isEmpty())
+                done(QStringLiteral("\"%1\" is no place on this device.").arg(place.toDisplayString()));
         });
 }
 
 void WindowShareSheet::openWith()
 {
-    const auto* file = std::get_if<SharedFile>(&m_item);
-    const QString path = file ? file->path : QDir(m_platform.temporaryFolder).filePath(TextFileName);
-    QString failure = file ? QString() : writeTo(path, m_item);
-    if (failure.isEmpty() && !m_platform.addressOpener.open(QUrl::fromLocalFile(path)))
-        failure = QStringLiteral("No program could be started for it.");
-    report(QStringLiteral("File Not Opened"), failure);
+    QString path = QDir(m_platform.temporaryFolder).filePath(TextFileName);
+    if (!m_things.text)
+        path = m_things.files.first();
+    const auto done = reporter(QStringLiteral("File Not Opened"));
+    if (const QString failure = m_things.text ? writeTo(path, m_things) : QString(); !failure.isEmpty())
+        done(failure);
+    else
+        m_platform.fileOpener.open(path, done);
+}
+
+std::function<void(const QString&)> WindowShareSheet::reporter(const QString& title)
+{
+    return [self = QPointer(this), title](const QString& failure) {
+        if (self)
+            self->report(title, failure);
+    };
 }
 
 void WindowShareSheet::report(const QString& title, const QString& failure)

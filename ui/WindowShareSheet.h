@@ -7,12 +7,20 @@
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace giggle {
 
 class Navigator;
 struct Platform;
+
+/// What a share sheet was opened for: its texts as one, each on lines of its own, and its files.
+struct SharedThings {
+    std::optional<QString> text;
+    QStringList files;
+};
 
 /// The window's own share sheet. The window shows `choices` while `isShown` and reports what was chosen.
 /// What an activity could not do is said in an alert.
@@ -28,7 +36,7 @@ public:
     /// Both must outlive the sheet. What the platform lacks is missing in the sheet: it is asked each time.
     WindowShareSheet(Platform& platform, Navigator& navigator);
 
-    void present(SharedItem item, const std::set<ShareActivity>& excluded) override;
+    void present(std::vector<SharedItem> items, const std::set<ShareActivity>& excluded) override;
 
     [[nodiscard]] bool isShown() const { return m_isShown; }
 
@@ -50,17 +58,21 @@ signals:
 private:
     [[nodiscard]] bool works(ShareActivity activity) const;
     void perform(ShareActivity activity);
+    /// Whether it is one thing that a file can hold.
+    [[nodiscard]] bool isOneFile() const;
     void copy() const;
     void composeMail();
     void composeMessage();
     void save();
     void openWith();
+    /// Says later what an activity could not do, if the sheet is still there and there is anything.
+    [[nodiscard]] std::function<void(const QString& failure)> reporter(const QString& title);
     void report(const QString& title, const QString& failure);
 
     Platform& m_platform;
     Navigator& m_navigator;
     bool m_isShown = false;
-    SharedItem m_item;
+    SharedThings m_things;
     std::vector<ShareActivity> m_activities;
 };
 

@@ -67,7 +67,8 @@ TEST_F(ExportViewControllerTest, TheFileIsShownSavedAndMailedByteForByte)
 {
     // What a text widget would turn into something else.
     addJoke({.id = 1, .favorite = true, .joke = "no-break\u00a0space, \u2028, \r and ^"});
-    const std::string text = "[GIGGLEARCHIVES]\n^^1^T^no-break\u00a0space, \u2028, \r and ~#~\n\n[CATEGORY]\n\n[RATING]\n";
+    const std::string text =
+        "[GIGGLEARCHIVES]\n^^1^T^no-break\u00a0space, \u2028, \r and ~#~\n\n[CATEGORY]\n\n[RATING]\n";
     EXPECT_TRUE(screen.isExportButtonEnabled());
     EXPECT_FALSE(screen.isSaveButtonEnabled() || screen.isEmailButtonEnabled());
     screen.CreateUpdateFile();
@@ -77,7 +78,7 @@ TEST_F(ExportViewControllerTest, TheFileIsShownSavedAndMailedByteForByte)
 
     screen.SaveToFiles();
     ASSERT_EQ(system.shareSheet.presented.size(), 1U);
-    EXPECT_EQ(std::get<SharedFile>(system.shareSheet.presented.front().item).path, path());
+    EXPECT_EQ(std::get<SharedFile>(system.shareSheet.presented.front().items.at(0)).path, path());
     EXPECT_THAT(system.shareSheet.presented.front().excluded,
                 UnorderedElementsAre(ShareActivity::Copy, ShareActivity::Mail, ShareActivity::Message,
                                      ShareActivity::Print, ShareActivity::SaveAsPdf));
@@ -88,9 +89,9 @@ TEST_F(ExportViewControllerTest, TheFileIsShownSavedAndMailedByteForByte)
     const Mail& mail = system.mailComposer.presented.front();
     EXPECT_EQ(mail.subject.toStdString(), "Giggle Archives Update Text File");
     EXPECT_EQ(mail.body.toStdString(), "Attachment: Giggle Archives Text File");
-    EXPECT_THAT(mail.attachments, ElementsAre(MailAttachment{QByteArray::fromStdString(text),
-                                                             QStringLiteral("csv"),
-                                                             QStringLiteral("GiggleArchives.csv")}));
+    EXPECT_THAT(mail.attachments,
+                ElementsAre(MailAttachment{QByteArray::fromStdString(text), QStringLiteral("csv"),
+                                           QStringLiteral("GiggleArchives.csv")}));
     EXPECT_EQ(shown(), text);
 }
 
@@ -101,7 +102,8 @@ TEST_F(ExportViewControllerTest, APlaceThatCannotBeWrittenToIsLoggedAndTheWayGoe
     ASSERT_TRUE(QDir().mkdir(path()));
     testing::internal::CaptureStderr();
     screen.SaveToFiles();
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("GiggleArchives.csv\" cannot be written"));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::HasSubstr("GiggleArchives.csv\" cannot be written"));
     EXPECT_EQ(system.shareSheet.presented.size(), 1U);
     screen.WriteTextFile();
     ASSERT_EQ(system.mailComposer.presented.size(), 1U);

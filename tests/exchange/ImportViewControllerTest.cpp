@@ -54,6 +54,7 @@ const std::string Marker = "[GIGGLEARCHIVES]\n";
 TEST_F(ImportViewControllerTest, OddFilesGiveWhatCanBeHad)
 {
     const std::string longText(10'000'000, 'x');
+
     const struct {
         const char* name;
         std::string bytes;
@@ -65,10 +66,14 @@ TEST_F(ImportViewControllerTest, OddFilesGiveWhatCanBeHad)
         {"byte-order mark", "\xEF\xBB\xBF" + Marker + "^^1^F^a\n", Completed, {"1|NULL|0|1|a|NULL"}},
         {"carriage returns", "[GIGGLEARCHIVES]\r^^1^F^a\r", Completed, {"1|NULL|0|1|a|NULL"}},
         {"no line end", Marker + "^^1^F^a", Completed, {"1|NULL|0|1|a|NULL"}},
-        {"torn line", Marker + "^^1^F^a\nDad^Mil", Completed, {"1|NULL|0|1|a|NULL", "2|Dad|NULL|NULL|NULL|Mil"}},
+        {"torn line",
+         Marker + "^^1^F^a\nDad^Mil",
+         Completed,
+         {"1|NULL|0|1|a|NULL", "2|Dad|NULL|NULL|NULL|Mil"}},
         {"zero bytes", Marker + "^^1^F^a\0b\n"s, Completed, {"1|NULL|0|1|a\0b|NULL"s}},
         {"long line", Marker + "^^1^F^" + longText, Completed, {"1|NULL|0|1|" + longText + "|NULL"}},
     };
+
     for (const auto& one : cases) {
         SCOPED_TRACE(one.name);
         writeBytes(file, QByteArray::fromStdString(one.bytes));
@@ -95,7 +100,8 @@ TEST_F(ImportViewControllerTest, FilesThatCannotBeReadSayWhyAndStopTheImportAndN
           std::pair(picture, "picture.png\" cannot be read: it is not a text"),
           std::pair(huge, "huge.csv\" cannot be read: it is larger than"),
           std::pair(folder.path(), "cannot be read: it is a folder"),
-          std::pair(folder.filePath(QStringLiteral("gone.csv")), "gone.csv\" cannot be read: No such file")}) {
+          std::pair(folder.filePath(QStringLiteral("gone.csv")),
+                    "gone.csv\" cannot be read: No such file")}) {
         SCOPED_TRACE(reason);
         ImportViewController screen(environment);
         testing::internal::CaptureStderr();

@@ -13,15 +13,19 @@ using JokeListShareTest = JokeListFixture;
 TEST_F(JokeListShareTest, SharesTheJokesOnShowAsOneText)
 {
     const std::string dashes = "\n" + std::string(34, '-') + "\n\n\n";
+
     const struct {
         std::vector<JokeValues> jokes;
         const char* search;
         std::string text;
     } cases[] = {
         {{}, "", ""},
-        {{{.category = "b", .joke = "Don't \u00e9\n^"}, {.category = "a"}}, "", dashes + "Don't \u00e9\n^" + dashes},
+        {{{.category = "b", .joke = "Don't \u00e9\n^"}, {.category = "a"}},
+         "",
+         dashes + "Don't \u00e9\n^" + dashes},
         {{{.category = "cat", .joke = "mine"}}, "CAT", "mine" + dashes},
     };
+
     for (const auto& one : cases) {
         for (const JokeValues& joke : one.jokes)
             addJoke(joke);
@@ -31,7 +35,7 @@ TEST_F(JokeListShareTest, SharesTheJokesOnShowAsOneText)
         screen.shareButtonClicked();
         ASSERT_FALSE(system.shareSheet.presented.empty());
         const auto& request = system.shareSheet.presented.back();
-        EXPECT_EQ(std::get<SharedText>(request.item).text.toStdString(), one.text);
+        EXPECT_EQ(std::get<SharedText>(request.items.at(0)).text.toStdString(), one.text);
         EXPECT_TRUE(request.excluded.empty());
     }
     EXPECT_TRUE(navigator.alerts.empty());

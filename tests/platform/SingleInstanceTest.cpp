@@ -75,6 +75,26 @@ TEST_F(SingleInstanceTest, SecondInstanceBringsTheFirstForward)
     EXPECT_EQ(activations, 1);
 }
 
+TEST_F(SingleInstanceTest, SecondInstanceHandsItsFileToTheFirst)
+{
+    PrivateBus bus;
+    ASSERT_TRUE(bus.isRunning());
+    SingleInstance first(m_lock, bus.connect());
+    ASSERT_EQ(first.start(), Outcome::First);
+    QList<QUrl> opened;
+    QObject::connect(&first, &WindowActivation::documentOpened,
+                     [&opened](const QUrl& document) { opened += document; });
+
+    const QDBusConnection second = bus.connect();
+    const QUrl document = QUrl::fromLocalFile(QStringLiteral("/some folder/caf\u00e9 100%.csv"));
+    auto outcome =
+        std::async(std::launch::async, [&] { return SingleInstance(m_lock, second).start(document); });
+    ASSERT_TRUE(
+        spinUntil([&] { return outcome.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    EXPECT_EQ(outcome.get(), Outcome::OtherShown);
+    EXPECT_EQ(opened, QList{document});
+}
+
 TEST_F(SingleInstanceTest, ActivationTokenReachesTheWindowSystem)
 {
     PrivateBus bus;

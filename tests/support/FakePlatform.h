@@ -3,11 +3,13 @@
 
 #include "platform/AddressOpener.h"
 #include "platform/DocumentPicker.h"
+#include "platform/FileOpener.h"
 #include "platform/Fonts.h"
 #include "platform/InterfaceStyle.h"
 #include "platform/MailComposer.h"
 #include "platform/MessageCapability.h"
 #include "platform/Platform.h"
+#include "platform/PrintPanel.h"
 #include "platform/Resources.h"
 #include "platform/ShareSheet.h"
 #include "platform/StoreReview.h"
@@ -111,7 +113,10 @@ class FakeMailComposer : public MailComposer {
 public:
     [[nodiscard]] bool canSendMail() const override { return canSend; }
 
-    void present(const Mail& mail, std::function<void(const QString&)>) override { presented.push_back(mail); }
+    void present(const Mail& mail, std::function<void(const QString&)>) override
+    {
+        presented.push_back(mail);
+    }
 
     bool canSend = true;
     std::vector<Mail> presented;
@@ -122,6 +127,21 @@ public:
     [[nodiscard]] bool canSendText() const override { return canSend; }
 
     bool canSend = true;
+};
+
+class FakeFileOpener : public FileOpener {
+public:
+    [[nodiscard]] bool canOpen(const QString&) const override { return hasProgram; }
+
+    void open(const QString& path, std::function<void(const QString&)> whatToDo) override
+    {
+        opened.append(path);
+        finished = std::move(whatToDo);
+    }
+
+    bool hasProgram = true;
+    QStringList opened;
+    std::function<void(const QString&)> finished; ///< what the last caller waits for
 };
 
 /// Shows no dialog: a test answers the last request by `answer`.
@@ -143,13 +163,31 @@ public:
 class FakeShareSheet : public ShareSheet {
 public:
     struct Request {
-        SharedItem item;
+        std::vector<SharedItem> items;
         std::set<ShareActivity> excluded;
     };
 
-    void present(SharedItem item, const std::set<ShareActivity>& excluded) override
+    void present(std::vector<SharedItem> items, const std::set<ShareActivity>& excluded) override
     {
-        presented.push_back({std::move(item), excluded});
+        presented.push_back({std::move(items), excluded});
+    }
+
+    std::vector<Request> presented;
+};
+
+/// Writes down what it was opened for; a test calls `finished` of the last request.
+class FakePrintPanel : public PrintPanel {
+public:
+    struct Request {
+        QString text;
+        QString jobName;
+        std::function<void(const PrintOutcome&)> finished;
+    };
+
+    void present(AttributedText text, const QString& jobName,
+                 std::function<void(const PrintOutcome&)> finished) override
+    {
+        presented.push_back({text.plainText(), jobName, std::move(finished)});
     }
 
     std::vector<Request> presented;
@@ -165,12 +203,25 @@ struct FakePlatform {
     FakeAddressOpener addressOpener;
     FakeMailComposer mailComposer;
     FakeMessageCapability messageCapability;
+    FakeFileOpener fileOpener;
     FakeDocumentPicker documentPicker;
     FakeShareSheet shareSheet;
+    FakePrintPanel printPanel;
     QTemporaryDir temporaryFolder;
-    Platform platform{interfaceStyle,    fonts,           resources,   windowActivation,
-                      storeReview,       addressOpener,   mailComposer, messageCapability,
-                      &documentPicker,   &shareSheet,     temporaryFolder.path()};
+    Platform platform{interfaceStyle,
+                      fonts,
+                      resources,
+                      windowActivation,
+                      storeReview,
+                      addressOpener,
+                      mailComposer,
+                      messageCapability,
+                      fileOpener,
+                      &documentPicker,
+                      &shareSheet,
+                      &printPanel,
+                      temporaryFolder.path(),
+                      temporaryFolder.filePath(QStringLiteral("documents"))};
 };
 
 } // namespace giggle

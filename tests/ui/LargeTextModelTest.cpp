@@ -19,12 +19,11 @@ TEST(LargeTextModelTest, RowsHoldEveryLineAndLongOnesInPiecesOfWholeCharacters)
     std::string manyLines;
     for (int i = 0; i < 1000; ++i)
         manyLines += std::to_string(i) + '\n';
-    for (const std::string& text : {std::string(), std::string("\n"), std::string("a"), std::string("a\n\nb"),
-                                    longLine, longLine + "\nend", manyLines, std::string(1000, 'x') + "\n",
-                                    std::string(1001, 'x')}) {
+    for (const std::string& text :
+         {std::string(), std::string("\n"), std::string("a"), std::string("a\n\nb"), longLine,
+          longLine + "\nend", manyLines, std::string(1000, 'x') + "\n", std::string(1001, 'x')}) {
         LargeTextModel model;
-        const QAbstractItemModelTester tester(&model,
-                                              QAbstractItemModelTester::FailureReportingMode::Fatal);
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
         model.setText(text);
         QString joined;
         for (int row = 0; row < model.rowCount(); ++row) {

@@ -34,23 +34,36 @@ protected:
 TEST_F(ShareSheetTest, OffersWhatWorksAndIsNotExcluded)
 {
     const struct {
-        SharedItem item;
+        std::vector<SharedItem> items;
         bool canMail;
         bool canMessage;
         std::set<ShareActivity> excluded;
         QStringList choices;
     } cases[] = {
-        {text, true, true, {}, {u"Copy"_qs, u"Mail"_qs, u"Message"_qs, u"Save to Files"_qs, u"Open With"_qs}},
-        {text, false, false, {}, {u"Copy"_qs, u"Save to Files"_qs, u"Open With"_qs}},
-        {SharedText{QString(20000, u'\u00e9')}, true, true, {ShareActivity::Copy}, // too long for a message
+        {{text},
+         true,
+         true,
+         {},
+         {u"Copy"_qs, u"Mail"_qs, u"Message"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+        {{text}, false, false, {}, {u"Copy"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+        {{SharedText{QString(20000, u'\u00e9')}},
+         true,
+         true,
+         {ShareActivity::Copy}, // too long for a message
          {u"Mail"_qs, u"Save to Files"_qs, u"Open With"_qs}},
-        {SharedFile{u"/a.csv"_qs}, true, true, {ShareActivity::Mail},
+        {{SharedFile{u"/a.csv"_qs}},
+         true,
+         true,
+         {ShareActivity::Mail},
          {u"Copy"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+        {{text, text}, false, true, {}, {u"Copy"_qs, u"Message"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+        {{text, SharedFile{u"/a.csv"_qs}}, true, true, {}, {u"Copy"_qs, u"Mail"_qs}},
     };
+
     for (const auto& one : cases) {
         system.mailComposer.canSend = one.canMail;
         system.messageCapability.canSend = one.canMessage;
-        sheet.present(one.item, one.excluded);
+        sheet.present(one.items, one.excluded);
         EXPECT_EQ(sheet.choices(), one.choices);
         EXPECT_EQ(sheet.icons().size(), one.choices.size());
         sheet.cancel();
@@ -59,24 +72,24 @@ TEST_F(ShareSheetTest, OffersWhatWorksAndIsNotExcluded)
 
 TEST_F(ShareSheetTest, ATextGoesWhereItIsChosenToGo)
 {
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Copy"_qs);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), text.text);
 
-    sheet.present(text, {});
+    sheet.present({text, SharedText{u"website"_qs}}, {});
     choose(u"Mail"_qs);
-    EXPECT_EQ(system.mailComposer.presented.at(0).body, text.text);
+    EXPECT_EQ(system.mailComposer.presented.at(0).body, text.text + u"\nwebsite"_qs);
 
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Message"_qs);
     EXPECT_EQ(system.addressOpener.opened.back().toEncoded(), "sms:?body=caf%C3%A9%20%26%20more%0Alines");
 
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Open With"_qs);
-    EXPECT_EQ(readBytes(system.addressOpener.opened.back().toLocalFile()), text.text.toUtf8());
+    EXPECT_EQ(readBytes(system.fileOpener.opened.at(0)), text.text.toUtf8());
 
     CollectionFolder folder;
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Save to Files"_qs);
     EXPECT_EQ(system.documentPicker.suggestedNames.back(), u"Jokes.txt"_qs);
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"mine.txt"_qs)));
@@ -88,21 +101,21 @@ TEST_F(ShareSheetTest, WhatCannotBeDoneIsSaid)
 {
     CollectionFolder folder;
     const SharedFile gone{folder.filePath(u"gone.csv"_qs)};
-    sheet.present(gone, {});
+    sheet.present({gone}, {});
     choose(u"Mail"_qs);
     EXPECT_TRUE(system.mailComposer.presented.empty());
-    sheet.present(gone, {});
+    sheet.present({gone}, {});
     choose(u"Save to Files"_qs);
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"mine.csv"_qs)));
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Save to Files"_qs);
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"no/folder/mine.txt"_qs)));
-    system.addressOpener.canOpen = false;
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Open With"_qs);
+    system.fileOpener.finished(u"No program could be started."_qs);
     EXPECT_EQ(navigator.alerts.size(), 4U);
 
-    sheet.present(text, {});
+    sheet.present({text}, {});
     choose(u"Save to Files"_qs);
     system.documentPicker.answer({}); // cancelled
     EXPECT_EQ(navigator.alerts.size(), 4U);

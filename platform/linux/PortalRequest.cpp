@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PortalRequest.h"
+
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QGuiApplication>
+#include <QUuid>
+#include <QWindow>
+
+#include <utility>
+
+namespace giggle {
+
+namespace {
+
+const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
+
+/// Names the window that a dialog of the portal belongs to, where its name can be had.
+QString parentWindow()
+{
+    const QWindow* const window = QGuiApplication::focusWindow();
+    if (!window || QGuiApplication::platformName() != QLatin1StringView("xcb"))
+        return {};
+    return QStringLiteral("x11:") + QString::number(window->winId(), 16);
+}
+
+} // namespace
+
+void PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer)
+{
+    auto* const request = new PortalRequest(bus, parent, std::move(answer));
+    if (bus.isConnected())
+        request->start(call);
+    else
+        QMetaObject::invokeMethod(
+            request, [request] { request->finish(Outcome::Failed); }, Qt::QueuedConnection);
+}
+
+bool PortalRequest::takesFiles(const QDBusConnection& bus)
+{
+    return bus.isConnected() && bus.connectionCapabilities() & QDBusConnection::UnixFileDescriptorPassing;
+}
+
+PortalRequest::PortalRequest(QDBusConnection bus, QObject* parent, Answer answer)
+    : QObject(parent), m_bus(std::move(bus)), m_answer(std::move(answer))
+{
+}
+
+void PortalRequest::start(const Call& call)
+{
+    // The portal makes the name of the answering object from the two, so that listening can come first.
+    const QString token = QStringLiteral("giggle_") + QUuid::createUuid().toString(QUuid::Id128);
+    const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
+    listen(Path + QStringLiteral("/request/%1/%2").arg(sender, token));
+
+    auto* const presence =
+        new QDBusServiceWatcher(Service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(presence, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(Outcome::Failed); });
+
+    QVariantMap options = call.options;
+    options.insert(QStringLiteral("handle_token"), token);
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        Service, Path, QStringLiteral("org.freedesktop.portal.") + call.interface, call.method);
+    message.setArguments(QVariantList{parentWindow()} + call.arguments + QVariantList{options});
+    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, &PortalRequest::called);
+}
+
+void PortalRequest::called(QDBusPendingCallWatcher* watcher)
+{
+    const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
+    if (!reply.isValid())
+        finish(Outcome::Failed);
+    else if (reply.value().path() != m_handle) // an old portal, which knows no tokens
+        listen(reply.value().path());
+}
+
+void PortalRequest::listen(const QString& handle)
+{
+    m_handle = handle;
+    // The path is the portal's and nobody else knows it: the sender need not be looked up, which would wait.
+    m_bus.connect(QString(), handle, QStringLiteral("org.freedesktop.portal.Request"),
+                  QStringLiteral("Response"), this, SLOT(responded(uint, QVariantMap)));
+}
+
+void PortalRequest::responded(uint response, const QVariantMap&)
+{
+    constexpr uint done = 0;
+    constexpr uint cancelled = 1;
+    finish(response == done ? Outcome::Done : response == cancelled ? Outcome::Cancelled : Outcome::Failed);
+}
+
+void PortalRequest::finish(Outcome outcome)
+{
+    if (const Answer answer = std::exchange(m_answer, {})) {
+        deleteLater();
+        answer(outcome);
+    }
+}
+
+} // namespace giggle
