@@ -18,6 +18,7 @@ AppPage {
     FormScroller {
         anchors.fill: parent
         name: page.title
+        endsEditingOnTap: false
 
         FormTextArea {
             Layout.fillWidth: true

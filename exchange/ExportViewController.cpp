@@ -11,6 +11,7 @@
 #include "store/StoreError.h"
 #include "ui/AtomicFile.h"
 #include "ui/MainQueue.h"
+#include "ui/StoreCalls.h"
 #include "ui/TextOutput.h"
 
 #include <QDir>
@@ -59,6 +60,14 @@ QString ExportViewController::helpTextView()
 ManagedObjectContext& ExportViewController::viewContext() const
 {
     return environment().appDelegate.persistentContainer().viewContext();
+}
+
+void ExportViewController::viewDidAppear()
+{
+    environment().mainQueue.async([self = QPointer(this)] {
+        if (self)
+            loggingFailure([&] { (void)self->viewContext().fetch(ExchangeWriter::jokesRequest()); });
+    });
 }
 
 void ExportViewController::CreateUpdateFile()

@@ -51,6 +51,9 @@ public:
 
     [[nodiscard]] bool isActivityIndicatorAnimating() const { return m_isActivityIndicatorAnimating; }
 
+    /// Has the collection read and in order, so that the export button need not wait for that.
+    void viewDidAppear() override;
+
 public slots:
     /// The export button: builds the file's text. A collection that cannot be read ends the program.
     void CreateUpdateFile();
