@@ -32,7 +32,8 @@ UserInterface::UserInterface(AppDelegate& appDelegate, Preferences& userDefaults
                                                                       m_navigation, m_mainQueue,  m_platform},
       m_appearance(platform.interfaceStyle),
       m_reviewInvitation(platform.storeReview, platform.addressOpener, m_navigation),
-      m_shareSheet(m_platform, m_navigation), m_documentOpening(m_navigation, m_selection)
+      m_shareSheet(m_platform, m_navigation), m_printPanel(m_platform),
+      m_documentOpening(m_navigation, m_selection)
 {
     completePlatform();
     m_storyboard.setEnvironment(m_environment);
@@ -42,6 +43,8 @@ void UserInterface::completePlatform()
 {
     if (!m_platform.documentPicker)
         m_platform.documentPicker = &m_documentPicker;
+    if (!m_platform.printPanel)
+        m_platform.printPanel = &m_printPanel;
     if (!m_platform.shareSheet)
         m_platform.shareSheet = &m_shareSheet;
     // Where none can be made every file in it fails, in words.
@@ -62,6 +65,7 @@ QQuickWindow& UserInterface::load()
          {QStringLiteral("reviewInvitation"), QVariant::fromValue(&m_reviewInvitation)},
          {QStringLiteral("shareSheet"), QVariant::fromValue(&m_shareSheet)},
          {QStringLiteral("documentPicker"), QVariant::fromValue(&m_documentPicker)},
+         {QStringLiteral("printPanel"), QVariant::fromValue(&m_printPanel)},
          {QStringLiteral("documentOpening"), QVariant::fromValue(&m_documentOpening)}});
     m_engine.load(MainPage);
     auto* window = m_engine.rootObjects().isEmpty()

@@ -11,6 +11,7 @@
 #include "ui/SharedSelection.h"
 #include "ui/TimerMainQueue.h"
 #include "ui/WindowDocumentPicker.h"
+#include "ui/WindowPrintPanel.h"
 #include "ui/WindowShareSheet.h"
 
 #include <QQmlApplicationEngine>
@@ -39,6 +40,9 @@ public:
 
     [[nodiscard]] NavigationController& navigation() { return m_navigation; }
 
+    /// What the screens find of the system.
+    [[nodiscard]] const Platform& platform() const { return m_platform; }
+
 private:
     void completePlatform();
 
@@ -53,6 +57,7 @@ private:
     ReviewInvitation m_reviewInvitation;
     WindowDocumentPicker m_documentPicker;
     WindowShareSheet m_shareSheet;
+    WindowPrintPanel m_printPanel;
     DocumentOpening m_documentOpening;
     QQmlApplicationEngine m_engine;
 };

@@ -3,6 +3,7 @@
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
+#include "platform/linux/CupsPrinters.h"
 #include "platform/linux/DesktopAddressOpener.h"
 #include "platform/linux/DesktopNotification.h"
 #include "platform/linux/LinuxFileOpener.h"
@@ -110,8 +111,10 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     LinuxMailComposer mailComposer(addressOpener, outgoingFolder());
     LinuxMessageCapability messageCapability;
     LinuxFileOpener fileOpener(addressOpener);
+    CupsPrinters printers;
     Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
                       addressOpener,  mailComposer, messageCapability, fileOpener};
+    platform.printers = &printers;
     platform.documentsFolder = places.documentsFolder();
     UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)

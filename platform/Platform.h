@@ -13,6 +13,7 @@ class InterfaceStyle;
 class MailComposer;
 class MessageCapability;
 class PrintPanel;
+class Printers;
 class Resources;
 class ShareSheet;
 class StoreReview;
@@ -42,6 +43,9 @@ struct Platform {
     /// The application's own folder for the user's documents. It may have to be made.
     QString documentsFolder = {};
     /// @}
+
+    /// None where nothing can be printed on: PDF files can still be made.
+    Printers* printers = nullptr;
 };
 
 } // namespace giggle

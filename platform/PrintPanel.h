@@ -29,6 +29,11 @@ public:
     /// and the work that it began is done; @p finished must not outlive what it refers to: capture weakly.
     virtual void present(AttributedText text, const QString& jobName,
                          std::function<void(const PrintOutcome&)> finished) = 0;
+
+    /// Makes a PDF file of @p text: asks for the place at once, and shows the panel only while there is
+    /// something to wait for or to be said. Otherwise as `present`.
+    virtual void makePdf(AttributedText text, const QString& jobName,
+                         std::function<void(const PrintOutcome&)> finished) = 0;
 };
 
 } // namespace giggle

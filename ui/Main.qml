@@ -13,9 +13,10 @@ ApplicationWindow {
     required property ReviewInvitation reviewInvitation
     required property WindowShareSheet shareSheet
     required property WindowDocumentPicker documentPicker
+    required property WindowPrintPanel printPanel
     required property DocumentOpening documentOpening
     /// Something lies over the page and has the keyboard.
-    readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen
+    readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen || printPanel.isShown
 
     title: qsTr("Giggle Archives")
     width: 420
@@ -147,6 +148,11 @@ ApplicationWindow {
 
     ShareSheetDialog {
         sheet: window.shareSheet
+        onClosed: window.focusPage()
+    }
+
+    PrintPanelDialog {
+        panel: window.printPanel
         onClosed: window.focusPage()
     }
 

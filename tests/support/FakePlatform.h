@@ -182,12 +182,19 @@ public:
         QString text;
         QString jobName;
         std::function<void(const PrintOutcome&)> finished;
+        bool isForPdf = false;
     };
 
     void present(AttributedText text, const QString& jobName,
                  std::function<void(const PrintOutcome&)> finished) override
     {
         presented.push_back({text.plainText(), jobName, std::move(finished)});
+    }
+
+    void makePdf(AttributedText text, const QString& jobName,
+                 std::function<void(const PrintOutcome&)> finished) override
+    {
+        presented.push_back({text.plainText(), jobName, std::move(finished), true});
     }
 
     std::vector<Request> presented;

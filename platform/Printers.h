@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMetaType>
+#include <QSizeF>
+#include <QString>
+
+#include <vector>
+
+namespace giggle {
+
+/// A size of paper.
+struct Paper {
+    QString name;  ///< as the user knows it: "A4"
+    QString media; ///< as a printer is told: "iso_a4_210x297mm"
+    QSizeF size;   ///< upright, in points
+
+    bool operator==(const Paper&) const = default;
+};
+
+struct Printer {
+    QString name;        ///< what the system calls it by
+    QString description; ///< what the user knows it by
+    bool isDefault = false;
+    std::vector<Paper> papers; ///< may be empty where the printer does not tell
+    QString defaultMedia;      ///< empty where the printer does not tell
+
+    bool operator==(const Printer&) const = default;
+};
+
+struct PrintJob {
+    QString printer; ///< its name
+    QString file;    ///< a PDF file, needed no longer than the call lasts
+    QString title;
+    int copies = 1;
+    QString media;
+};
+
+/// The printers that the system has. Both calls may take seconds: they are made from a thread that can wait,
+/// always the same one at a time.
+class Printers {
+public:
+    Printers() = default;
+    Printers(const Printers&) = delete;
+    Printers& operator=(const Printers&) = delete;
+    virtual ~Printers() = default;
+
+    /// Those that can be printed on at the moment; none where there is no printing service.
+    [[nodiscard]] virtual std::vector<Printer> available() = 0;
+
+    /// Hands a job to the printing service. Why it was not taken, in words, or nothing.
+    [[nodiscard]] virtual QString print(const PrintJob& job) = 0;
+};
+
+} // namespace giggle
+
+Q_DECLARE_METATYPE(giggle::Printer)

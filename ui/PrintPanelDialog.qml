@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+// Follows `panel`: printer, copies, paper and the pages, or the progress of the work that was begun. Escape does
+// what "Cancel" does.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import GiggleArchives
+
+Dialog {
+    id: dialog
+
+    required property WindowPrintPanel panel
+    readonly property bool isWanted: panel.isShown
+    readonly property bool isWorking: panel.isWorking
+    /// The pages then stand beside the fields.
+    readonly property bool isWide: width > 560
+    readonly property bool hasChoices: !panel.isForPdfOnly && !isWorking
+
+    onIsWantedChanged: isWanted ? open() : close()
+    onOpened: focusButton()
+    onIsWorkingChanged: Qt.callLater(focusButton)
+
+    title: panel.title
+    anchors.centerIn: parent
+    width: parent ? Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth * Math.min(Theme.textScale, 1.5)) : 0
+    height: parent ? Math.min(parent.height - 2 * Theme.unit, panel.isForPdfOnly ? implicitHeight : 760) : 0
+    modal: true
+    focus: true
+    closePolicy: Popup.NoAutoClose
+    padding: 0
+    topPadding: 2 * Theme.unit
+    bottomPadding: 2 * Theme.unit
+    header: null
+    contentHeight: heading.height + work.implicitHeight + failure.height + buttons.height + 4 * Theme.unit
+
+    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
+
+    component Fade: Transition {
+        id: fade
+
+        property real from: 0
+        property real to: 0
+
+        NumberAnimation {
+            property: "opacity"
+            from: fade.from
+            to: fade.to
+            duration: Theme.animationTime
+        }
+    }
+    enter: Fade {
+        to: 1
+    }
+    exit: Fade {
+        from: 1
+    }
+    background: Rectangle {
+        radius: Theme.radius
+        color: Theme.background
+        border.width: Theme.borderWidth
+        border.color: Theme.line
+    }
+
+    FocusScope {
+        width: dialog.availableWidth
+        height: dialog.availableHeight
+        focus: true
+        Keys.onEscapePressed: dialog.panel.cancel()
+        Keys.onBackPressed: dialog.panel.cancel()
+
+        Label {
+            id: heading
+
+            width: parent.width
+            bottomPadding: Theme.unit
+            text: dialog.title
+            textFormat: Text.PlainText
+            color: Theme.text
+            font.pixelSize: Theme.titleSize
+            font.bold: true
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.role: Accessible.Heading
+        }
+        FormScroller {
+            anchors.top: heading.bottom
+            anchors.bottom: failure.top
+            width: parent.width
+            visible: dialog.hasChoices
+            name: qsTr("Print settings")
+
+            GridLayout {
+                columns: dialog.isWide ? 2 : 1
+                columnSpacing: 2 * Theme.unit
+                rowSpacing: Theme.unit
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 300
+                    Layout.alignment: Qt.AlignTop
+                    spacing: Theme.unit
+
+                    PickerField {
+                        Layout.fillWidth: true
+                        name: qsTr("Printer")
+                        readOnly: true
+                        picker: pickerSheet
+                        choices: dialog.panel.printers
+                        text: dialog.panel.printer
+                        enabled: dialog.panel.canPrint
+                        onPicked: row => dialog.panel.choosePrinter(row)
+                    }
+                    Label {
+                        Layout.fillWidth: true
+                        visible: text.length > 0
+                        text: dialog.panel.hint
+                        textFormat: Text.PlainText
+                        color: Theme.mutedText
+                        font.pixelSize: Theme.smallSize
+                        wrapMode: Text.Wrap
+                    }
+                    GridLayout {
+                        Layout.fillWidth: true
+                        columns: Theme.textScale > 1.5 ? 1 : 2
+                        columnSpacing: 2 * Theme.unit
+                        rowSpacing: Theme.unit
+
+                        Stepper {
+                            Layout.fillWidth: true
+                            Layout.preferredWidth: 150
+                            name: qsTr("Copies")
+                            from: 1
+                            to: dialog.panel.mostCopies
+                            value: dialog.panel.copies
+                            enabled: dialog.panel.canPrint
+                            opacity: enabled ? 1 : 0.5
+                            onStepped: value => dialog.panel.copies = value
+                        }
+                        PickerField {
+                            Layout.fillWidth: true
+                            Layout.preferredWidth: 150
+                            name: qsTr("Paper")
+                            readOnly: true
+                            picker: pickerSheet
+                            choices: dialog.panel.papers
+                            text: dialog.panel.paper
+                            onPicked: row => dialog.panel.choosePaper(row)
+                        }
+                    }
+                }
+                PagePreview {
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    Layout.preferredWidth: 300
+                    Layout.minimumHeight: leastHeight
+                    panel: dialog.panel
+                }
+            }
+        }
+        ColumnLayout {
+            id: work
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.margins: 2 * Theme.unit
+            y: heading.height + Math.max(Theme.unit, (failure.y - heading.height - height) / 2)
+            visible: dialog.isWorking
+            spacing: Theme.unit
+
+            Label {
+                Layout.fillWidth: true
+                text: dialog.panel.workText
+                textFormat: Text.PlainText
+                color: Theme.text
+                font.pixelSize: Theme.bodySize
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            ProgressBar {
+                id: bar
+
+                Layout.fillWidth: true
+                implicitHeight: Theme.unit
+                value: dialog.panel.progress
+                Accessible.name: qsTr("Progress")
+
+                background: Rectangle {
+                    radius: height / 2
+                    color: Theme.headerBackground
+                }
+                contentItem: Item {
+                    Rectangle {
+                        width: bar.visualPosition * parent.width
+                        height: parent.height
+                        radius: height / 2
+                        color: Theme.teal
+                    }
+                }
+            }
+        }
+        Label {
+            id: failure
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: buttons.top
+            anchors.leftMargin: 2 * Theme.unit
+            anchors.rightMargin: 2 * Theme.unit
+            height: visible ? implicitHeight : Theme.unit
+            topPadding: Theme.unit
+            bottomPadding: Theme.unit
+            visible: text.length > 0
+            text: dialog.panel.failure
+            textFormat: Text.PlainText
+            color: Theme.requiredText
+            font.pixelSize: Theme.smallSize
+            wrapMode: Text.Wrap
+            maximumLineCount: 5
+            elide: Text.ElideRight
+            Accessible.role: Accessible.AlertMessage
+        }
+        GridLayout {
+            id: buttons
+
+            readonly property real lineWidth: cancelButton.implicitWidth + saveButton.implicitWidth + printButton.implicitWidth + 2 * columnSpacing
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.leftMargin: 2 * Theme.unit
+            anchors.rightMargin: 2 * Theme.unit
+            columns: lineWidth <= width ? 3 : 1
+            columnSpacing: Theme.unit
+            rowSpacing: Theme.unit
+
+            AppButton {
+                id: cancelButton
+
+                Layout.fillWidth: true
+                text: qsTr("Cancel")
+                enabled: dialog.panel.canBeStopped
+                onClicked: dialog.panel.cancel()
+            }
+            AppButton {
+                id: saveButton
+
+                Layout.fillWidth: true
+                text: qsTr("Save as PDF")
+                enabled: !dialog.isWorking
+                fill: Theme.yellow
+                ink: Theme.brightInk
+                onClicked: dialog.panel.saveAsPdf()
+            }
+            AppButton {
+                id: printButton
+
+                Layout.fillWidth: true
+                visible: !dialog.panel.isForPdfOnly
+                text: qsTr("Print")
+                enabled: !dialog.isWorking && dialog.panel.canPrint
+                fill: Theme.yellow
+                ink: Theme.brightInk
+                onClicked: dialog.panel.print()
+            }
+        }
+        PickerSheet {
+            id: pickerSheet
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.margins: Theme.borderWidth
+            anchors.bottomMargin: Theme.borderWidth - dialog.bottomPadding
+            maximumHeight: parent.height - heading.height
+        }
+    }
+
+    function focusButton() {
+        if (!opened)
+            return;
+        const button = isWorking ? cancelButton : panel.canPrint ? printButton : saveButton;
+        button.forceActiveFocus(Qt.OtherFocusReason);
+    }
+}
