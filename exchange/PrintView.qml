@@ -30,6 +30,7 @@ AppPage {
         id: tools
 
         y: Theme.unit / 2
+        width: area.width - 2 * Theme.unit
         searched: table
         isActive: page.isActive
         placeholderText: page.screen.searchPlaceholder
@@ -81,7 +82,7 @@ AppPage {
         LargeTextView {
             objectName: "PrintTextView"
             x: page.isWide ? table.width : Theme.unit
-            y: page.isWide ? 0 : table.height
+            y: page.isWide ? 0 : table.height + Theme.unit
             width: area.width - x - Theme.unit
             height: area.height - y - Theme.unit
             name: qsTr("Document")

@@ -57,6 +57,7 @@ FocusScope {
         topMargin: Theme.unit
         bottomMargin: Theme.unit
         reuseItems: true
+        cacheBuffer: 0 // lines that are made ahead of time outlive a change of the text, to the view's surprise
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         model: control.content
