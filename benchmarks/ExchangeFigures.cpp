@@ -140,11 +140,11 @@ Sides documentSides(Collections& collections, std::size_t size)
     const auto view = std::make_shared<LargeTextModel>();
     return {[container, jokes, view] {
                 return secondsFor([&] {
-                    JokeComposition document;
-                    document.appendHeader();
-                    document.appendJokes(*jokes);
-                    view->setText(document.text());
-                    return document.text().size();
+                    const auto document = std::make_shared<JokeComposition>();
+                    document->appendHeader();
+                    document->appendJokes(*jokes);
+                    view->setText(LargeTextModel::Text(document, &document->text()));
+                    return document->text().size();
                 });
             },
             [container, jokes] {

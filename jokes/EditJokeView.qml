@@ -17,7 +17,6 @@ JokeEditorPage {
     }
 
     component ToolButton: IconButton {
-        width: 1.25 * implicitWidth
         fill: Theme.yellow
     }
 
