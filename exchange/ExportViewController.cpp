@@ -184,10 +184,7 @@ void ExportViewController::WriteTextFile()
 {
     const QString path = filePath();
     (void)writeAtomically(path, *m_exportTextView.text()); // the mail shows what came of it
-    FileText written = readUtf8File(path);
-    if (written.text &&
-        *written.text != *m_exportTextView.text()) // the same text keeps its place in the view
-        m_exportTextView.setText(std::move(*written.text));
+    showWritten(path);
     sendMail(environment(), [path] {
         Mail mail;
         mail.subject = QStringLiteral("Giggle Archives Update Text File");
@@ -195,6 +192,14 @@ void ExportViewController::WriteTextFile()
         mail.attachments = attachmentOf(path, QStringLiteral("csv"), FileName);
         return mail;
     });
+}
+
+void ExportViewController::showWritten(const QString& path)
+{
+    FileText written = readUtf8File(path);
+    // The same text keeps its place in the view.
+    if (written.text && *written.text != *m_exportTextView.text())
+        m_exportTextView.setText(std::move(*written.text));
 }
 
 } // namespace giggle

@@ -86,6 +86,7 @@ private:
     void showProgress();
     void setActivityIndicatorAnimating(bool animating);
     [[nodiscard]] QString filePath() const;
+    void showWritten(const QString& path);
     [[nodiscard]] ManagedObjectContext& viewContext() const;
 
     std::vector<Jokes*> m_theEntryList;

@@ -36,7 +36,7 @@ AppPage {
                 Layout.preferredWidth: 1
                 objectName: "LoadFileButton"
                 text: qsTr("Load File")
-                focus: true
+                focus: page.screen.isLoadFileButtonEnabled
                 enabled: page.screen.isLoadFileButtonEnabled
                 onClicked: page.screen.LoadFile()
             }
@@ -45,6 +45,7 @@ AppPage {
                 Layout.preferredWidth: 1
                 objectName: "ImportButton"
                 text: qsTr("Import")
+                focus: page.screen.isImportButtonEnabled
                 enabled: page.screen.isImportButtonEnabled
                 onClicked: page.screen.ImportTextFile()
             }

@@ -13,8 +13,10 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+#include <utility>
 
 namespace giggle {
 
@@ -38,6 +40,7 @@ EditJokeViewController::EditJokeViewController(ScreenEnvironment& environment)
     : JokeEditor(environment), m_reviewService(environment.userDefaults, environment.platform.storeReview),
       m_checkBox(uncheckedName())
 {
+    connect(this, &JokeEditor::jokeTextViewChanged, this, &EditJokeViewController::followDisplayLineFeed);
 }
 
 void EditJokeViewController::viewDidLoad()
@@ -57,10 +60,11 @@ void EditJokeViewController::showSelection()
                                                                              : uncheckedName());
     m_displaySettings = ListDisplaySettings::readForViewer(environment().userDefaults);
     m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
-    const QString joke = filteredForDisplay(selection.SelectedJokeText);
-    m_hasDisplayLineFeed = !joke.isEmpty();
-    if (m_hasDisplayLineFeed)
+    m_selectedJoke = selection.SelectedJokeText;
+    if (const QString joke = filteredForDisplay(m_selectedJoke); !joke.isEmpty()) {
         setJokeTextView(joke + u'\n');
+        m_displayLineFeed = joke.size();
+    }
     markAsSaved();
 }
 
@@ -137,9 +141,26 @@ void EditJokeViewController::PrintJoke()
 QString EditJokeViewController::enteredJoke() const
 {
     QString joke = jokeTextView();
-    if (m_hasDisplayLineFeed && joke.endsWith(u'\n'))
-        joke.chop(1);
+    if (m_displayLineFeed >= 0)
+        joke.remove(m_displayLineFeed, 1);
     return joke;
+}
+
+void EditJokeViewController::followDisplayLineFeed()
+{
+    const QString& now = jokeTextView();
+    const QString before = std::exchange(m_followedJoke, now);
+    if (m_displayLineFeed < 0)
+        return;
+    const qsizetype shorter = std::min(before.size(), now.size());
+    const qsizetype prefix = std::ranges::mismatch(before, now).in1 - before.begin();
+    qsizetype suffix = 0;
+    while (suffix < shorter - prefix && before[before.size() - 1 - suffix] == now[now.size() - 1 - suffix])
+        ++suffix;
+    if (m_displayLineFeed >= before.size() - suffix)
+        m_displayLineFeed += now.size() - before.size();
+    else if (m_displayLineFeed >= prefix)
+        m_displayLineFeed = -1;
 }
 
 void EditJokeViewController::SaveButtonClicked()
@@ -152,7 +173,7 @@ void EditJokeViewController::SaveButtonClicked()
                   QStringLiteral("Required Fields Labeled in RED Not Entered")))
         return;
     FetchRequest<Jokes> request = Jokes::fetchRequest();
-    request.predicate = Predicate<Jokes>("joke = %@", environment().selection.SelectedJokeText.toStdString());
+    request.predicate = Predicate<Jokes>("joke = %@", m_selectedJoke.toStdString());
     // When the fetch fails, what an earlier save found counts on.
     loggingFailure([&] { m_results = viewContext().fetch(request); });
     if (m_results.empty())

@@ -81,7 +81,11 @@ private:
     void requestReviewLater();
     void changeFontSize(double difference);
 
-    /// The text view's text without the line feed that was put behind it for display.
+    /// Keeps in mind where the line feed stands that was put behind the joke for display, while the user
+    /// types in front of it and behind it; -1 once it is deleted.
+    void followDisplayLineFeed();
+
+    /// The text view's text without that line feed.
     [[nodiscard]] QString enteredJoke() const;
 
     ReviewService m_reviewService;
@@ -89,7 +93,9 @@ private:
     QFont m_textFont;
     QString m_checkBox;
     QString m_savedCheckBox;
-    bool m_hasDisplayLineFeed = false;
+    QString m_selectedJoke; // by it a save finds the record
+    QString m_followedJoke; // what the text view held when the line feed was looked for last
+    qsizetype m_displayLineFeed = -1;
     std::vector<Jokes*> m_results; // what the last save found
 };
 

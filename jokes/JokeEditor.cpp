@@ -28,7 +28,7 @@ QStringList namesOf(const std::vector<Record*>& records, OptionalText (Record::*
     QStringList list;
     list.reserve(static_cast<qsizetype>(names.size()));
     for (const std::string& name : names)
-        list.append(QString::fromStdString(name));
+        list.append(textOrEmpty(name));
     return list;
 }
 

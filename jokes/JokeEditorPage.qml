@@ -15,6 +15,7 @@ AppPage {
     property alias jokeView: joke
 
     title: editor.title
+    onBarTapped: form.dismissKeyboard()
 
     Shortcut {
         sequence: "Ctrl+S"

@@ -35,6 +35,8 @@ SwipeRow {
         color: Theme.brightInk
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
+        maximumLineCount: 3
+        elide: Text.ElideRight
     }
     FavoriteCheckBox {
         id: favoriteBox
@@ -75,6 +77,8 @@ SwipeRow {
         color: Theme.brightInk
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
+        maximumLineCount: 3
+        elide: Text.ElideRight
     }
 
     /// Animated where the user can follow it: a row that comes into view is not seen yet while it is filled.

@@ -84,7 +84,7 @@ NewMainListTableViewCell NewMainListTableViewController::cellAt(int row) const
     cell.showJoke(joke.joke(), displaySettings(),
                   displaySettings().requiredFont(environment().platform.fonts));
     cell.favorite = joke.favorite().value_or(false);
-    cell.RatingLabel = QStringLiteral("Rating: ") + QString::fromUtf8(joke.rating().value_or("N/A"));
+    cell.RatingLabel = QStringLiteral("Rating: ") + textOrEmpty(joke.rating().value_or("N/A"));
     return cell;
 }
 
@@ -93,7 +93,7 @@ QString NewMainListTableViewController::categoryLabel(const Jokes& joke) const
     const bool showsMissing =
         !isSearching() && (selectedSegment() == RatingMode || selectedSegment() == JokeMode);
     return QStringLiteral("Category: ") +
-           QString::fromUtf8(joke.category().value_or(showsMissing ? "N/A" : ""));
+           textOrEmpty(joke.category().value_or(showsMissing ? "N/A" : ""));
 }
 
 void NewMainListTableViewController::selectRow(int row)

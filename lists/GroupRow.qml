@@ -19,11 +19,13 @@ SwipeRow {
         width: count.x - x - Theme.unit
         height: row.height
         verticalAlignment: Text.AlignVCenter
-        text: row.cell.NameLabel
+        text: row.cell.NameLabel.slice(0, 500).replace(/\s+/g, " ") // more never fits
         textFormat: Text.PlainText
         color: Theme.brightInk
         font.pixelSize: Theme.bodySize
         wrapMode: Text.Wrap
+        maximumLineCount: 3
+        elide: Text.ElideRight
     }
     Text {
         id: count

@@ -5,7 +5,7 @@ namespace giggle {
 
 QString GroupTableViewCell::accessibleName() const
 {
-    const QString name = NameLabel.isEmpty() ? QStringLiteral("No name") : NameLabel;
+    const QString name = NameLabel.trimmed().isEmpty() ? QStringLiteral("No name") : NameLabel;
     return name + QStringLiteral(", ") + CountLabel;
 }
 

@@ -3,6 +3,7 @@
 
 #include "store/ManagedObjectContext.h"
 #include "store/TextSearch.h"
+#include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
 
@@ -81,8 +82,7 @@ QVariant GroupTableViewController::cellForRow(int row) const
     if (!hasRow(row))
         return QVariant::fromValue(GroupTableViewCell());
     const std::string& name = listOnShow()[static_cast<std::size_t>(row)];
-    return QVariant::fromValue(
-        GroupTableViewCell{QString::fromStdString(name), QString::number(numberOfJokes(name))});
+    return QVariant::fromValue(GroupTableViewCell{textOrEmpty(name), QString::number(numberOfJokes(name))});
 }
 
 std::size_t GroupTableViewController::numberOfJokes(const std::string& name) const
@@ -118,7 +118,7 @@ void GroupTableViewController::selectRow(int row)
     if (!hasRow(row))
         return;
     SharedSelection& selection = environment().selection;
-    selection.*side().selectedName = QString::fromStdString(listOnShow()[static_cast<std::size_t>(row)]);
+    selection.*side().selectedName = textOrEmpty(listOnShow()[static_cast<std::size_t>(row)]);
     selection.CallingScreen = side().groupCallingScreen.toString();
     environment().navigator.performSegue(side().breakdownSegue);
 }

@@ -28,7 +28,6 @@ AppPage {
         searched: table
         isActive: page.isActive
         hasSearch: page.controller.hasSearch
-        searchBorderColor: Theme.buttonBorder
         placeholderText: page.controller.searchPlaceholder
         searchText: page.controller.searchText
         onSearchTextChanged: page.controller.searchText = searchText

@@ -22,7 +22,7 @@ SwipeRow {
         anchors.rightMargin: 1.5 * Theme.unit
         anchors.topMargin: Theme.borderWidth
         anchors.bottomMargin: Theme.borderWidth
-        text: row.label.slice(0, 500) // more never fits, and takes long to lay out
+        text: row.label.slice(0, 500).replace(/\s+/g, " ") // more never fits, and takes long to lay out
         textFormat: Text.PlainText
         color: Theme.brightInk
         font.pixelSize: Theme.bodySize

@@ -19,6 +19,7 @@ Dialog {
     signal answered(int index)
 
     onAlertChanged: follow()
+    onOpened: markChoice()
 
     anchors.centerIn: parent
     width: parent ? Math.min(parent.width - 2 * Theme.unit, 400 * Theme.textScale) : 0
@@ -135,8 +136,15 @@ Dialog {
         cancelAction = alert.cancelAction;
         actions = alert.actions;
         open();
-        // Where there is a choice it has to be seen which button has the keyboard.
-        if (actions.length > 1)
-            (buttonList.itemAt(Math.max(0, cancelAction)) as AppButton).forceActiveFocus(Qt.TabFocusReason);
+        markChoice();
+    }
+
+    /// Where there is a choice it has to be seen which button has the keyboard.
+    function markChoice() {
+        const button = buttonList.itemAt(Math.max(0, cancelAction)) as AppButton;
+        if (actions.length < 2 || !button)
+            return;
+        button.forceActiveFocus(Qt.TabFocusReason);
+        button.focusReason = Qt.TabFocusReason; // it may have had the keyboard already, unseen
     }
 }

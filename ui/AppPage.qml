@@ -16,6 +16,8 @@ Page {
     readonly property bool isActive: StackView.status === StackView.Active
 
     signal backRequested
+    /// The bar was tapped beside its controls.
+    signal barTapped
     /// The page has come to rest on top.
     signal appeared
     /// The page is being destroyed, and needs its screen no more.
@@ -23,8 +25,9 @@ Page {
 
     Component.onDestruction: released()
 
-    // A second press on Save while the page slides out must not store a thing twice.
-    enabled: StackView.status !== StackView.Deactivating
+    // A second press on Save while the page slides out must not store a thing twice, and a page below another
+    // one is not to be pressed by a client that needs no pointer.
+    enabled: StackView.status === StackView.Active || StackView.status === StackView.Activating
 
     background: Rectangle {
         color: Theme.background
@@ -35,5 +38,6 @@ Page {
         title: page.title
         titleView: page.titleView
         onBackRequested: page.backRequested()
+        onTapped: page.barTapped()
     }
 }

@@ -69,7 +69,13 @@ QString trimmedOfBlanks(const QString& text)
 
 QString textOrEmpty(OptionalText utf8)
 {
-    return utf8 ? QString::fromUtf8(*utf8) : QString();
+    constexpr std::string_view ByteOrderMark = "\xef\xbb\xbf";
+    if (!utf8)
+        return {};
+    // Qt takes a mark at the beginning for none of the text, and a record would not be found again without it.
+    if (utf8->starts_with(ByteOrderMark))
+        return QChar(QChar::ByteOrderMark) + textOrEmpty(utf8->substr(ByteOrderMark.size()));
+    return QString::fromUtf8(*utf8);
 }
 
 bool holdsLongWord(const QString& text)

@@ -50,7 +50,11 @@ FocusScope {
         Accessible.name: control.name
         Accessible.readOnly: control.readOnly
         Accessible.onPressAction: if (enabled) control.pressed()
-        onTextChanged: control.edited(text)
+        onTextChanged: {
+            control.edited(text);
+            if (!activeFocus)
+                ensureVisible(0);
+        }
         onAccepted: control.accepted()
         onPressed: control.pressed()
 

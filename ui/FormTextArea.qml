@@ -72,6 +72,7 @@ FocusScope {
             wrapMode: content.hasLongWord ? TextEdit.WrapAnywhere : TextEdit.Wrap
             horizontalAlignment: control.horizontalAlignment
             selectByMouse: true
+            selectByKeyboard: true // also where it is read-only: the keys scroll it
             background: null
             Accessible.name: control.name
             Accessible.readOnly: control.readOnly

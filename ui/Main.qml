@@ -74,6 +74,17 @@ ApplicationWindow {
         }
     }
 
+    // A notice that comes or goes moves what lies above it, away from under a finger on its way there.
+    MouseArea {
+        z: 1
+        anchors.fill: stack
+        visible: settling.running
+    }
+    Timer {
+        id: settling
+
+        interval: 500
+    }
     StackView {
         id: stack
 
@@ -109,6 +120,7 @@ ApplicationWindow {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
+        onHeightChanged: settling.restart()
 
         NoticeBar {
             id: notice

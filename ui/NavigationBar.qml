@@ -12,9 +12,13 @@ Item {
     readonly property real sideWidth: back.width + Theme.unit
 
     signal backRequested
+    signal tapped
 
     implicitHeight: Math.max(back.height, middle.height) + Theme.unit
 
+    TapHandler {
+        onTapped: bar.tapped()
+    }
     IconButton {
         id: back
 
@@ -44,15 +48,17 @@ Item {
         anchors.centerIn: middle
         width: middle.width
         visible: !bar.titleView
-        text: bar.title
+        text: bar.title.slice(0, 500) // more never fits, and takes long to lay out
         textFormat: Text.PlainText
         color: Theme.text
         font.pixelSize: Theme.titleSize
         font.bold: true
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
         Accessible.role: Accessible.Heading
-        Accessible.name: text
+        Accessible.name: bar.title
     }
     Binding {
         target: bar.titleView

@@ -18,9 +18,9 @@ FormField {
 
     ornamentWidth: Theme.iconSize
     onPressed: picker.show(control, choices)
-    onAccepted: picker.field = null
+    onAccepted: picker.dismiss()
     onActiveFocusChanged: if (!activeFocus && isPicking)
-        picker.field = null
+        picker.dismiss()
 
     Keys.onUpPressed: step(-1)
     Keys.onDownPressed: step(1)

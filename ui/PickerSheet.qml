@@ -61,7 +61,7 @@ Rectangle {
             fill: Theme.yellow
             ink: Theme.brightInk
             focusPolicy: Qt.NoFocus // the field keeps it; Enter and Escape do the same
-            onClicked: sheet.field = null
+            onClicked: sheet.dismiss()
         }
     }
     Rectangle {
@@ -87,6 +87,7 @@ Rectangle {
         preferredHighlightBegin: (height - sheet.rowHeight) / 2
         preferredHighlightEnd: preferredHighlightBegin + sheet.rowHeight
         highlightMoveDuration: 0
+        cacheBuffer: 200 * sheet.rowHeight // a screen reader finds only the rows that have been made
         Accessible.role: Accessible.List
         Accessible.name: sheet.field ? qsTr("%1 choices").arg(sheet.field.name) : ""
         onMovementEnded: sheet.picked(currentIndex)
@@ -107,13 +108,16 @@ Rectangle {
 
             width: wheel.width
             height: sheet.rowHeight
-            text: modelData
+            text: modelData.slice(0, 500) // more never fits, and takes long to lay out
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
             leftPadding: 3 * Theme.unit
             rightPadding: 3 * Theme.unit
             elide: Text.ElideRight
+            wrapMode: Text.Wrap
+            fontSizeMode: Text.Fit
+            minimumPixelSize: Theme.smallSize
             color: isPicked ? Theme.accentText : Theme.text
             opacity: 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
             font.bold: true
@@ -168,6 +172,15 @@ Rectangle {
         wheel.showChoice();
     }
 
+    /// Puts the sheet away. A wheel that still turns picks the name in the middle.
+    function dismiss() {
+        const turning = wheel.moving;
+        wheel.cancelFlick();
+        if (turning && field)
+            picked(wheel.currentIndex);
+        field = null;
+    }
+
     Connections {
         target: sheet.field
 
@@ -175,5 +188,4 @@ Rectangle {
             wheel.showChoice();
         }
     }
-
 }

@@ -18,6 +18,7 @@ FocusScope {
 
     implicitHeight: Math.max(Theme.touchTarget, Math.ceil(metrics.height) + 2 * Theme.unit)
     Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Tabs")
 
     FontMetrics {
         id: metrics

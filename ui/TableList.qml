@@ -62,7 +62,13 @@ ListView {
 
     Keys.onReleased: showsFocus = true // of the Tab that led here, too
     Keys.onPressed: event => {
+        // Nothing is deleted before the user could see what would be.
+        const isSeen = showsFocus;
         showsFocus = true;
+        if (event.key === Qt.Key_Delete && !isSeen) {
+            event.accepted = true;
+            return;
+        }
         // A key that is held down goes on moving, but deletes or ticks one row only.
         event.accepted = (event.isAutoRepeat ? isAction(event.key) : act(event.key)) || go(event.key);
     }
@@ -73,8 +79,24 @@ ListView {
         function onModelReset() {
             list.startAtTop();
         }
+        function onRowsRemoved() {
+            settling.restart();
+        }
     }
 
+    // The second press of a double one would hit the row that has moved up.
+    MouseArea {
+        parent: list
+        z: 2
+        anchors.fill: parent
+        enabled: settling.running
+        visible: enabled
+    }
+    Timer {
+        id: settling
+
+        interval: 400
+    }
     FocusRing {
         parent: list.contentItem
         z: 1

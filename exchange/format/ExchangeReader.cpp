@@ -125,23 +125,6 @@ struct NameStep<Rating> {
     }
 };
 
-/// The lines between the section's marker and its end. Empty lines and the marker itself never count.
-template <class Record>
-std::vector<std::string_view> sectionLines(const PreparedText& text)
-{
-    using Step = NameStep<Record>;
-    std::vector<std::string_view> section;
-    const auto& lines = text.lines();
-    for (auto line = std::ranges::find(lines, Step::marker, &PreparedLine::text); line != lines.end();
-         ++line) {
-        if (!Step::endMarker.empty() && line->text == Step::endMarker)
-            break;
-        if (!line->text.empty() && line->text != Step::marker)
-            section.push_back(line->text);
-    }
-    return section;
-}
-
 } // namespace
 
 ExchangeReader::ExchangeReader(AppDelegate& appDelegate, QString sourceName, const char* sourceFile, int line)
@@ -157,12 +140,12 @@ ManagedObjectContext& ExchangeReader::context() const
 void ExchangeReader::readJokes(std::string_view document)
 {
     m_appDelegate.loadSecondContainer(m_sourceFile, m_line);
-    const PreparedText text(document);
-    m_wrongFile = !text.hasLine(CollectionMarker);
+    m_wrongFile = !hasPreparedLine(document, CollectionMarker);
     if (m_wrongFile)
         return;
     BulkSaving bulk(context());
-    for (const PreparedLine& line : text.lines()) {
+    PreparedText text(document);
+    for (PreparedLine line{}; text.next(line);) {
         if (line.text == CategoryMarker)
             break;
         if (!line.text.empty() && line.text != CollectionMarker)
@@ -219,13 +202,19 @@ template <class Record>
 void ExchangeReader::readNames(std::string_view document, NamesFilter filter)
 {
     m_appDelegate.loadSecondContainer(m_sourceFile, m_line);
-    const PreparedText text(document);
-    m_wrongFile = !text.hasLine(NameStep<Record>::marker);
+    using Step = NameStep<Record>;
+    m_wrongFile = !hasPreparedLine(document, Step::marker);
     if (m_wrongFile || filter == NamesFilter::KeepsNothing)
         return;
     BulkSaving bulk(context());
-    for (const std::string_view line : sectionLines<Record>(text))
-        readNameLine<Record>(line, bulk);
+    PreparedText text(document);
+    PreparedLine line{};
+    while (text.next(line) && line.text != Step::marker) {
+    }
+    // Empty lines and the marker itself never count.
+    while (text.next(line) && (Step::endMarker.empty() || line.text != Step::endMarker))
+        if (!line.text.empty() && line.text != Step::marker)
+            readNameLine<Record>(line.text, bulk);
 }
 
 template <class Record>

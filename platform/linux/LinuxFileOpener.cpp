@@ -54,7 +54,8 @@ void LinuxFileOpener::open(const QString& path, std::function<void(const QString
 void LinuxFileOpener::openByAddress(const QString& path, Finished finished)
 {
     QString failure;
-    if (!m_addressOpener.open(QUrl::fromLocalFile(path)))
+    // The desktop says that it has opened an address as soon as it starts to look for a program.
+    if (!canOpen(path) || !m_addressOpener.open(QUrl::fromLocalFile(path)))
         failure = QStringLiteral("No program could be opened for \"%1\".").arg(QFileInfo(path).fileName());
     finishLater(failure, std::move(finished));
 }

@@ -151,7 +151,8 @@ void LinuxMailComposer::tryTool(const HandoverPointer& handover)
 void LinuxMailComposer::tryAddress(const HandoverPointer& handover)
 {
     const QUrl address = MailText::address(handover->recipients, handover->subject, handover->body);
-    if (!m_addressOpener.open(address))
+    // The desktop says that it has opened an address as soon as it starts to look for a program.
+    if (!canSendMail() || !m_addressOpener.open(address))
         handover->failures = {QStringLiteral("No mail program could be opened.")};
     else
         for (const QString& path : std::as_const(handover->files))

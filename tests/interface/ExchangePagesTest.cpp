@@ -59,7 +59,9 @@ TEST_F(ExchangePages, AnExportIsShownCopiedAndSavedByTheSheet)
     const QString text = u"[GIGGLEARCHIVES]\nPuns^Mild^1^F^Pop\n\n[CATEGORY]\n\n[RATING]\n"_qs;
     EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
 
-    press(QAccessible::Button, u"Save To Files"_qs);
+    EXPECT_TRUE(
+        waitUntil([&] { return bool(find(QAccessible::Button, u"Save To Files"_qs)->state().focused); }));
+    key(Qt::Key_Return);
     waitFor(QAccessible::Dialog, u"Share"_qs);
     waitFor(QAccessible::Button, u"Open With"_qs);
     EXPECT_EQ(find(QAccessible::Button, u"Mail"_qs), nullptr);

@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: MIT
+#include "platform/MessageAddress.h"
+#include "platform/linux/LinuxFileOpener.h"
+#include "platform/linux/LinuxMailComposer.h"
+#include "tests/platform/FakeRequestPortal.h"
+#include "tests/platform/PrivateBus.h"
+#include "tests/platform/SpinUntil.h"
+#include "tests/support/FakePlatform.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <map>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace giggle {
+
+namespace {
+
+/// A bus with or without a portal, an empty PATH, one program for mails and texts, and a desktop that writes
+/// down what it opens.
+class HandoverTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_bus.isRunning());
+        set("PATH", QStringLiteral("bin"));
+        set("XDG_DATA_HOME", QStringLiteral("data"));
+        set("XDG_CONFIG_HOME", QStringLiteral("none"));
+        set("XDG_CONFIG_DIRS", QStringLiteral("none"));
+        // Of the system only what tells files apart.
+        set("XDG_DATA_DIRS", QStringLiteral("system"));
+        QDir(m_folder.path()).mkdir(QStringLiteral("system"));
+        QFile::link(QStringLiteral("/usr/share/mime"), m_folder.filePath(QStringLiteral("system/mime")));
+        QDir(m_folder.path()).mkpath(QStringLiteral("data/applications"));
+        QFile program(m_folder.filePath(QStringLiteral("data/applications/program.desktop")));
+        ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+        program.write("[Desktop Entry]\nExec=/bin/sh\nMimeType=x-scheme-handler/mailto;text/plain;\n");
+    }
+
+    void TearDown() override
+    {
+        for (const auto& [name, value] : m_environment)
+            value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    }
+
+    /// Has a variable name a folder of the test until its end.
+    void set(const char* name, const QString& folder)
+    {
+        m_environment.emplace(name, qgetenv(name));
+        qputenv(name, QFile::encodeName(m_folder.filePath(folder)));
+    }
+
+    /// A tool that writes its arguments down, one a line.
+    void installTool(int status)
+    {
+        QDir(m_folder.path()).mkdir(QStringLiteral("bin"));
+        QFile tool(m_folder.filePath(QStringLiteral("bin/xdg-email")));
+        ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
+        tool.write("#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.arguments\"\nexit " + QByteArray::number(status) +
+                   "\n");
+        tool.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    }
+
+    [[nodiscard]] QStringList toolArguments() const
+    {
+        QFile file(m_folder.filePath(QStringLiteral("bin/xdg-email.arguments")));
+        return file.open(QIODevice::ReadOnly)
+                   ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
+                   : QStringList();
+    }
+
+    std::function<void(const QString&)> answer()
+    {
+        return [this](const QString& failure) { m_answers.append(failure); };
+    }
+
+    /// What the composer says of this mail; null when it says nothing.
+    QString compose(const Mail& mail)
+    {
+        m_composer.present(mail, answer());
+        EXPECT_TRUE(m_answers.isEmpty()) << "answered before the call returned";
+        EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
+        return m_answers.value(0);
+    }
+
+    PrivateBus m_bus;
+    QTemporaryDir m_folder;
+    std::map<const char*, QByteArray> m_environment; ///< as it was
+    FakeAddressOpener m_desktop;
+    QString m_outgoing = m_folder.filePath(QStringLiteral("cache/outgoing"));
+    LinuxMailComposer m_composer{m_desktop, m_outgoing, m_bus.connect()};
+    QStringList m_answers;
+};
+
+Mail exampleMail()
+{
+    return {.recipients = {QStringLiteral("a+b@example.org")},
+            .subject = QStringLiteral("Zwölf\nWitze"),
+            .body = QStringLiteral("50 % & \\n #1?\nend"),
+            .attachments = {{QByteArray("a^b\0c\n", 6), QStringLiteral("csv"),
+                             QStringLiteral("/home/x/Jokes & more.csv")}}};
+}
+
+const QString ExampleAddress = QStringLiteral("mailto:a+b@example.org?subject=Zw%C3%B6lf%20Witze&"
+                                              "body=50%20%25%20%26%20%5Cn%20%231%3F%0D%0Aend");
+
+TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
+{
+    FakeRequestPortal portal(m_bus.connect());
+    EXPECT_EQ(compose(exampleMail()), QString());
+    EXPECT_EQ(portal.interface + u'.' + portal.method,
+              QStringLiteral("org.freedesktop.portal.Email.ComposeEmail"));
+    EXPECT_EQ(portal.options, (QVariantMap{{QStringLiteral("address"), QStringLiteral("a+b@example.org")},
+                                           {QStringLiteral("subject"), QStringLiteral("Zwölf Witze")},
+                                           {QStringLiteral("body"), exampleMail().body}}));
+    ASSERT_EQ(portal.files.size(), 1);
+    EXPECT_EQ(portal.contents, QByteArrayList{exampleMail().attachments[0].data});
+    const QFileInfo& file = portal.files[0];
+    EXPECT_EQ(file.fileName(), QStringLiteral("Jokes & more.csv"));
+    EXPECT_TRUE(file.exists()) << "the mail program may read it later";
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_FALSE(file.permissions() & others);
+    EXPECT_FALSE(QFileInfo(file.path()).permissions() & (others | QFile::ExeGroup | QFile::ExeOther));
+}
+
+TEST_F(HandoverTest, ThePortalGetsWhatItTakes)
+{
+    FakeRequestPortal portal(m_bus.connect());
+    Mail mail;
+    mail.subject = QString::fromUcs4(U"\U0001F600").repeated(300);
+    mail.body = QStringLiteral("<p>Enter your comments: </p><p>&lt;3</p>");
+    mail.isBodyHtml = true;
+    EXPECT_EQ(compose(mail), QString());
+    EXPECT_EQ(portal.options[QStringLiteral("subject")].toString().toUcs4().size(), 200);
+    EXPECT_EQ(portal.options[QStringLiteral("body")].toString(), QStringLiteral("Enter your comments: \n<3"));
+
+    // No mail program would be reached by a body of this size, so it goes along as a file.
+    mail = {};
+    mail.body = QStringLiteral("é\n").repeated(50'000);
+    m_answers.clear();
+    EXPECT_EQ(compose(mail), QString());
+    EXPECT_FALSE(portal.options.contains(QStringLiteral("body")));
+    EXPECT_EQ(portal.contents, QByteArrayList{mail.body.toUtf8()});
+}
+
+TEST_F(HandoverTest, ThePortalsAnswerIsAwaited)
+{
+    struct {
+        const char* name;
+        bool isOld;
+        std::function<void(FakeRequestPortal&)> act;
+        bool isToolAsked;
+    } const cases[] = {
+        {"done", false, [](FakeRequestPortal& portal) { portal.respond(0); }, false},
+        {"a request with a name of its own", true, [](FakeRequestPortal& portal) { portal.respond(0); },
+         false},
+        {"cancelled by the user", false, [](FakeRequestPortal& portal) { portal.respond(1); }, false},
+        {"failed", false, [](FakeRequestPortal& portal) { portal.respond(2); }, true},
+        {"went away", false, [](FakeRequestPortal& portal) { portal.leave(); }, true},
+    };
+
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        installTool(0);
+        QFile::remove(m_folder.filePath(QStringLiteral("bin/xdg-email.arguments")));
+        m_answers.clear();
+        FakeRequestPortal portal(m_bus.connect());
+        portal.response.reset();
+        portal.isOld = test.isOld;
+        m_composer.present(exampleMail(), answer());
+        ASSERT_TRUE(spinUntil([&portal] { return !portal.handle.isEmpty(); }));
+        for (const QDeadlineTimer pause(100); !pause.hasExpired();)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        EXPECT_TRUE(m_answers.isEmpty());
+        test.act(portal);
+        EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
+        EXPECT_EQ(m_answers, QStringList{QString()});
+        EXPECT_EQ(!toolArguments().isEmpty(), test.isToolAsked);
+        portal.leave();
+    }
+}
+
+TEST_F(HandoverTest, WithoutAPortalTheToolIsAsked)
+{
+    installTool(0);
+    EXPECT_EQ(compose(exampleMail()), QString());
+    const QStringList arguments = toolArguments();
+    ASSERT_EQ(arguments.size(), 4);
+    EXPECT_EQ(arguments[0] + u' ' + arguments[1], QStringLiteral("--utf8 --attach"));
+    EXPECT_EQ(QFileInfo(arguments[2]).fileName(), QStringLiteral("Jokes & more.csv"));
+    EXPECT_TRUE(QFileInfo(arguments[2]).isFile());
+    EXPECT_EQ(arguments[3], ExampleAddress);
+    EXPECT_TRUE(m_desktop.opened.isEmpty());
+}
+
+TEST_F(HandoverTest, WithoutAToolTheUserLearnsThatTheFileStayed)
+{
+    installTool(3); // it is there, and cannot either
+    const QString told = compose(exampleMail());
+    ASSERT_EQ(m_desktop.opened.size(), 1);
+    EXPECT_EQ(m_desktop.opened[0].toEncoded(), ExampleAddress.toLatin1());
+    const QString path = told.section(u'"', 1, 1);
+    EXPECT_TRUE(QFileInfo(path).isFile()) << told.toStdString();
+    EXPECT_TRUE(path.startsWith(m_outgoing));
+
+    m_desktop.canOpen = false;
+    m_answers.clear();
+    EXPECT_EQ(compose({}), QStringLiteral("No mail program could be opened."));
+    m_desktop.canOpen = true;
+    EXPECT_TRUE(m_composer.canSendMail());
+    QDir(m_folder.filePath(QStringLiteral("data"))).removeRecursively();
+    EXPECT_FALSE(m_composer.canSendMail());
+    m_answers.clear();
+    EXPECT_EQ(compose({}), QStringLiteral("No mail program could be opened."));
+}
+
+TEST_F(HandoverTest, FilesOfEarlierDaysGo)
+{
+    QDir(m_folder.path()).mkpath(m_outgoing + QStringLiteral("/old"));
+    QDir(m_folder.path()).mkpath(m_outgoing + QStringLiteral("/new"));
+    const QByteArray old = QFile::encodeName(m_outgoing + QStringLiteral("/old"));
+    const timespec times[2] = {{}, {.tv_sec = QDateTime::currentSecsSinceEpoch() - 3 * 86400, .tv_nsec = 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, old.constData(), times, 0), 0);
+    compose(exampleMail());
+    const QStringList left = QDir(m_outgoing).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    EXPECT_EQ(left.size(), 2);
+    EXPECT_FALSE(left.contains(QStringLiteral("old")));
+}
+
+TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
+{
+    LinuxFileOpener opener(m_desktop, m_bus.connect());
+    const QString path = m_folder.filePath(QStringLiteral("a b#.txt"));
+    const auto open = [&] {
+        m_answers.clear();
+        opener.open(path, answer());
+        EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
+        return m_answers.value(0);
+    };
+    EXPECT_TRUE(opener.canOpen(path));
+    EXPECT_FALSE(opener.canOpen(QStringLiteral("picture.png")));
+    EXPECT_NE(open(), QString()); // there is no file yet
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("ha");
+    file.close();
+
+    EXPECT_EQ(open(), QString());
+    EXPECT_EQ(m_desktop.opened, QList<QUrl>{QUrl::fromLocalFile(path)});
+    m_desktop.canOpen = false;
+    EXPECT_NE(open(), QString());
+
+    const FakeRequestPortal portal(m_bus.connect());
+    EXPECT_EQ(open(), QString());
+    EXPECT_EQ(portal.interface + u'.' + portal.method,
+              QStringLiteral("org.freedesktop.portal.OpenURI.OpenFile"));
+    EXPECT_EQ(portal.contents, QByteArrayList{"ha"});
+    EXPECT_EQ(portal.options, (QVariantMap{{QStringLiteral("ask"), true}}));
+}
+
+TEST(MessageAddressTest, KeepsEveryCharacterOfTheText)
+{
+    EXPECT_EQ(messageAddress(QStringLiteral("a&b=100% #ü\n\"\\+")).toEncoded(),
+              "sms:?body=a%26b%3D100%25%20%23%C3%BC%0A%22%5C%2B");
+}
+
+} // namespace
+
+} // namespace giggle
