@@ -46,6 +46,7 @@ struct Figure {
 [[nodiscard]] std::vector<Figure> searchFigures();
 [[nodiscard]] std::vector<Figure> exchangeFigures();
 [[nodiscard]] std::vector<Figure> groupFigures();
+[[nodiscard]] std::vector<Figure> printFigures();
 [[nodiscard]] std::vector<Figure> screenFigures();
 
 enum class ScreenMeasurement {

@@ -56,6 +56,7 @@ std::vector<Figure> allFigures()
     std::ranges::move(searchFigures(), std::back_inserter(figures));
     std::ranges::move(exchangeFigures(), std::back_inserter(figures));
     std::ranges::move(groupFigures(), std::back_inserter(figures));
+    std::ranges::move(printFigures(), std::back_inserter(figures));
     std::ranges::move(screenFigures(), std::back_inserter(figures));
     return figures;
 }

@@ -5,11 +5,8 @@
 #include <QFont>
 #include <QString>
 
-#include <memory>
 #include <optional>
 #include <vector>
-
-class QTextDocument;
 
 namespace giggle {
 
@@ -36,9 +33,6 @@ public:
     [[nodiscard]] const std::vector<Run>& runs() const { return m_runs; }
 
     [[nodiscard]] QString plainText() const;
-
-    /// The text as a document, to be laid out and printed.
-    [[nodiscard]] std::unique_ptr<QTextDocument> toDocument() const;
 
 private:
     std::vector<Run> m_runs;

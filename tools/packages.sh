@@ -7,6 +7,7 @@ build=(
     ccache
     cmake
     g++
+    libcups2-dev
     libsqlite3-dev
     ninja-build
     pkg-config
@@ -58,6 +59,7 @@ tests=(
     gir1.2-atspi-2.0
     libgmock-dev
     libgtest-dev
+    poppler-utils
     python3
     python3-gi
     qml6-module-qttest

@@ -2,14 +2,16 @@
 // One of the pages as they will be printed, and the buttons that turn to the others.
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Window
 import GiggleArchives
 
 FocusScope {
     id: preview
 
     required property WindowPrintPanel panel
-    readonly property real leastHeight: 220 + turning.height
+    property real leastPageHeight: 220
+    readonly property real leastHeight: leastPageHeight + turning.height + Theme.unit
+    /// High enough for the page to be as wide as there is room.
+    readonly property real fullHeight: width * panel.paperSize.height / panel.paperSize.width + turning.height + Theme.unit
     readonly property real pageWidth: Math.min(sheetArea.width, sheetArea.height * panel.paperSize.width / panel.paperSize.height)
 
     implicitHeight: leastHeight
@@ -31,16 +33,9 @@ FocusScope {
             border.color: Theme.mutedText
 
             PagePicture {
-                id: picture
-
-                readonly property int wishedWidth: Math.round(width * Screen.devicePixelRatio)
-
-                onWishedWidthChanged: preview.panel.setPictureWidth(wishedWidth)
-                Component.onCompleted: preview.panel.setPictureWidth(wishedWidth)
-
                 anchors.fill: parent
                 anchors.margins: 1
-                image: preview.panel.picture
+                panel: preview.panel
             }
         }
     }

@@ -4,9 +4,32 @@
 #include "ui/PaperSizes.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace giggle {
+
+namespace {
+
+/// Two sizes that differ by less, in points, are the same.
+constexpr double Tolerance = 3;
+
+/// Printers have names of their own for the sizes that everybody knows.
+std::vector<Paper> namedAsUsual(std::vector<Paper> papers)
+{
+    const std::vector<Paper> usual = usualPapers();
+    for (Paper& paper : papers) {
+        const auto known = std::ranges::find_if(usual, [&](const Paper& each) {
+            const QSizeF difference = each.size - paper.size;
+            return std::abs(difference.width()) < Tolerance && std::abs(difference.height()) < Tolerance;
+        });
+        if (known != usual.end())
+            paper.name = known->name;
+    }
+    return papers;
+}
+
+} // namespace
 
 PrintChoices::PrintChoices()
 {
@@ -43,7 +66,7 @@ void PrintChoices::choosePaper(int row)
 void PrintChoices::followPrinter()
 {
     const Printer* chosen = printer();
-    m_papers = chosen && !chosen->papers.empty() ? chosen->papers : usualPapers();
+    m_papers = chosen && !chosen->papers.empty() ? namedAsUsual(chosen->papers) : usualPapers();
     m_paper = 0;
     if (takePaper(m_wantedMedia) || (chosen && takePaper(chosen->defaultMedia)))
         return;

@@ -20,7 +20,6 @@ Dialog {
 
     onIsWantedChanged: isWanted ? open() : close()
     onOpened: focusButton()
-    onIsWorkingChanged: Qt.callLater(focusButton)
 
     title: panel.title
     anchors.centerIn: parent
@@ -70,7 +69,7 @@ Dialog {
         Keys.onEscapePressed: dialog.panel.cancel()
         Keys.onBackPressed: dialog.panel.cancel()
 
-        Label {
+        Text {
             id: heading
 
             width: parent.width
@@ -82,6 +81,7 @@ Dialog {
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
             Accessible.role: Accessible.Heading
+            Accessible.name: text
         }
         FormScroller {
             anchors.top: heading.bottom
@@ -153,7 +153,10 @@ Dialog {
                     Layout.fillWidth: true
                     Layout.fillHeight: true
                     Layout.preferredWidth: 300
+                    Layout.alignment: Qt.AlignTop
                     Layout.minimumHeight: leastHeight
+                    Layout.maximumHeight: Math.max(leastHeight, fullHeight)
+                    leastPageHeight: dialog.isWide ? 140 : 220
                     panel: dialog.panel
                 }
             }
@@ -199,7 +202,7 @@ Dialog {
                 }
             }
         }
-        Label {
+        Text {
             id: failure
 
             anchors.left: parent.left
@@ -219,6 +222,7 @@ Dialog {
             maximumLineCount: 5
             elide: Text.ElideRight
             Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
         }
         GridLayout {
             id: buttons
@@ -250,6 +254,7 @@ Dialog {
                 enabled: !dialog.isWorking
                 fill: Theme.yellow
                 ink: Theme.brightInk
+                onEnabledChanged: dialog.focusButton()
                 onClicked: dialog.panel.saveAsPdf()
             }
             AppButton {

@@ -31,7 +31,7 @@ FocusScope {
 
         y: label.height + Theme.unit / 2
         width: parent.width
-        height: Math.max(Theme.touchTarget, input.contentHeight + 2 * Theme.unit)
+        height: Math.max(Theme.touchTarget, implicitContentHeight + 2 * Theme.unit)
         padding: 0
         leftPadding: down.indicator.width
         rightPadding: up.indicator.width
@@ -43,8 +43,6 @@ FocusScope {
         onValueChanged: control.stepped(value)
 
         contentItem: TextInput {
-            id: input
-
             text: box.displayText
             font: box.font
             color: Theme.text

@@ -36,7 +36,6 @@ class WindowPrintPanel : public QObject, public PrintPanel {
     Q_PROPERTY(int page READ page WRITE setPage NOTIFY pagesChanged)
     Q_PROPERTY(int pageCount READ pageCount NOTIFY pagesChanged)
     Q_PROPERTY(QString pageText READ pageText NOTIFY pagesChanged)
-    Q_PROPERTY(QImage picture READ picture NOTIFY pictureChanged)
     Q_PROPERTY(bool isWorking READ isWorking NOTIFY workChanged)
     Q_PROPERTY(bool canBeStopped READ canBeStopped NOTIFY workChanged)
     Q_PROPERTY(double progress READ progress NOTIFY workChanged)
@@ -99,7 +98,7 @@ public:
     /// The page on show, as wide as was wished for; null until it is drawn.
     [[nodiscard]] const QImage& picture() const { return m_picture; }
 
-    Q_INVOKABLE void setPictureWidth(int pixels);
+    void setPictureWidth(int pixels);
 
     /// @}
 

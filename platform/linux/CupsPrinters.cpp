@@ -75,7 +75,24 @@ Paper paper(cups_dest_t& destination, cups_dinfo_t* information, cups_size_t& si
     return paper;
 }
 
-/// Asks for the sizes. Some come twice, with different margins.
+bool isBorderless(const Paper& paper)
+{
+    return paper.media.endsWith(QLatin1StringView("_borderless"));
+}
+
+/// Of a size that can be printed on with and without a border, the pages that have one take the former.
+void addPaper(std::vector<Paper>& papers, const Paper& paper)
+{
+    if (paper.size.isEmpty())
+        return;
+    const auto known = std::ranges::find(papers, paper.size, &Paper::size);
+    if (known == papers.end())
+        papers.push_back(paper);
+    else if (isBorderless(*known) && !isBorderless(paper))
+        *known = paper;
+}
+
+/// Asks for the sizes.
 void addPapers(Printer& printer, cups_dest_t& destination)
 {
     const std::unique_ptr<cups_dinfo_t, FreeInformation> information(
@@ -86,15 +103,9 @@ void addPapers(Printer& printer, cups_dest_t& destination)
     const int count =
         cupsGetDestMediaCount(CUPS_HTTP_DEFAULT, &destination, information.get(), CUPS_MEDIA_FLAGS_DEFAULT);
     for (int i = 0; i < count; ++i) {
-        if (!cupsGetDestMediaByIndex(CUPS_HTTP_DEFAULT, &destination, information.get(), i,
-                                     CUPS_MEDIA_FLAGS_DEFAULT, &size))
-            continue;
-        const Paper found = paper(destination, information.get(), size);
-        const auto isSame = [&](const Paper& other) {
-            return other.media == found.media || other.name == found.name;
-        };
-        if (!found.size.isEmpty() && std::ranges::none_of(printer.papers, isSame))
-            printer.papers.push_back(found);
+        if (cupsGetDestMediaByIndex(CUPS_HTTP_DEFAULT, &destination, information.get(), i,
+                                    CUPS_MEDIA_FLAGS_DEFAULT, &size))
+            addPaper(printer.papers, paper(destination, information.get(), size));
     }
     if (cupsGetDestMediaDefault(CUPS_HTTP_DEFAULT, &destination, information.get(), CUPS_MEDIA_FLAGS_DEFAULT,
                                 &size))

@@ -5,9 +5,6 @@
 #include "ui/DisplayText.h"
 #include "ui/ListDisplaySettings.h"
 
-#include <QTextBlock>
-#include <QTextDocument>
-
 #include <set>
 
 namespace giggle {
@@ -81,44 +78,6 @@ TEST(AttributedTextTest, KeepsEveryCodeUnit)
     attributed.append(text);
     attributed.append(QStringLiteral("e"));
     EXPECT_EQ(attributed.plainText(), text + u'e');
-}
-
-TEST(AttributedTextTest, BecomesADocumentOfItsParagraphs)
-{
-    QFont bold(QStringLiteral("Arial"));
-    bold.setWeight(QFont::Bold);
-    bold.setPixelSize(18);
-    AttributedText text;
-    text.append(QStringLiteral("One\nTwo"), {QColor(Qt::red), bold, Qt::AlignHCenter});
-    text.append(QStringLiteral("\n---"), {{}, {}, Qt::AlignHCenter});
-    text.append(QStringLiteral("\n"));
-    text.append(QStringLiteral("left"));
-
-    const auto document = text.toDocument();
-    EXPECT_EQ(document->toPlainText(), QStringLiteral("One\nTwo\n---\nleft"));
-
-    struct Case {
-        int block;
-        Qt::Alignment alignment;
-        bool isRed;
-        int weight;
-    };
-
-    const Case cases[] = {
-        {0, Qt::AlignHCenter, true, QFont::Bold},
-        {1, Qt::AlignHCenter, true, QFont::Bold},
-        {2, Qt::AlignHCenter, false, QFont::Normal},
-        {3, Qt::AlignLeft, false, QFont::Normal},
-    };
-    for (const Case& c : cases) {
-        const QTextBlock block = document->findBlockByNumber(c.block);
-        const QTextCharFormat format = block.begin().fragment().charFormat();
-        EXPECT_EQ(block.blockFormat().alignment() & Qt::AlignHorizontal_Mask, c.alignment) << c.block;
-        EXPECT_EQ(format.foreground().style() != Qt::NoBrush && format.foreground().color() == Qt::red,
-                  c.isRed);
-        EXPECT_EQ(format.font().weight(), c.weight) << c.block;
-        EXPECT_EQ(format.font().pixelSize() == 18, c.isRed) << c.block;
-    }
 }
 
 } // namespace giggle

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/InterfaceFixture.h"
+#include "tests/support/FakePrinters.h"
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class PrintPanelPageTest : public InterfaceFixture {
+protected:
+    void present(int jokes)
+    {
+        system().platform.printPanel = nullptr;
+        system().platform.printers = &m_printers;
+        skipSeeding();
+        openWindow();
+        userInterface().platform().printPanel->present(
+            manyJokes(jokes), u"Jokes"_qs, [this](const PrintOutcome& outcome) { m_outcome = outcome; });
+        waitFor(QAccessible::Dialog, u"Print"_qs);
+    }
+
+    QString valueOf(QAccessible::Role role, const QString& name)
+    {
+        return find(role, name)->text(QAccessible::Value);
+    }
+
+    FakePrinters m_printers;
+    std::optional<PrintOutcome> m_outcome;
+};
+
+TEST_F(PrintPanelPageTest, PrintsWhatIsChosenByName)
+{
+    m_printers.set({{u"attic"_qs, u"In the Attic"_qs, false, {}, {}},
+                    {u"cellar"_qs, u"In the Cellar"_qs, true, {}, {}}});
+    present(40);
+    ASSERT_TRUE(
+        waitUntil([&] { return valueOf(QAccessible::EditableText, u"Printer"_qs) == u"In the Cellar"_qs; }));
+    press(QAccessible::EditableText, u"Printer"_qs);
+    waitFor(QAccessible::List, u"Printer choices"_qs);
+    press(QAccessible::ListItem, u"In the Attic"_qs);
+    press(QAccessible::Button, u"Done"_qs);
+    press(QAccessible::EditableText, u"Paper"_qs);
+    press(QAccessible::ListItem, u"A5"_qs);
+    press(QAccessible::Button, u"Done"_qs);
+    find(QAccessible::SpinBox, u"Copies"_qs)->valueInterface()->setCurrentValue(3);
+
+    ASSERT_TRUE(
+        waitUntil([&] { return names(QAccessible::StaticText).filter(u"Page 1 of "_qs).size() == 1; }));
+    press(QAccessible::Button, u"Next Page"_qs);
+    EXPECT_EQ(names(QAccessible::StaticText).filter(u"Page 2 of "_qs).size(), 1);
+
+    press(QAccessible::Button, u"Print"_qs);
+    ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
+    EXPECT_TRUE(m_outcome->isCompleted);
+    const PrintJob job = m_printers.printed().at(0).job;
+    EXPECT_EQ(job.printer, u"attic"_qs);
+    EXPECT_EQ(job.media, u"iso_a5_148x210mm"_qs);
+    EXPECT_EQ(job.copies, 3);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Dialog, u"Print"_qs); }));
+    key(Qt::Key_Return); // the page has the keyboard again
+    waitFor(QAccessible::Button, u"Joke List"_qs);
+}
+
+TEST_F(PrintPanelPageTest, WithoutAPrinterThereIsThePdfFile)
+{
+    present(1);
+    waitFor(QAccessible::StaticText, u"There is no printer. The pages can be saved as a PDF file."_qs);
+    press(QAccessible::Button, u"Print"_qs);
+    key(Qt::Key_Return); // has the keyboard: "Save as PDF"
+    ASSERT_TRUE(waitUntil([&] { return !system().documentPicker.suggestedNames.isEmpty(); }));
+    system().documentPicker.answer(QUrl::fromLocalFile(u"/nonexistent/a.pdf"_qs));
+    ASSERT_TRUE(waitUntil([&] { return !names(QAccessible::AlertMessage).isEmpty(); }));
+    EXPECT_TRUE(names(QAccessible::AlertMessage)[0].contains(u"/nonexistent/a.pdf"_qs));
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
+    EXPECT_FALSE(m_outcome->isCompleted);
+    EXPECT_TRUE(m_printers.printed().empty());
+}
+
+} // namespace
+
+} // namespace giggle

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/CupsPrinters.h"
+
+#include "tests/platform/SpinUntil.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <thread>
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString Daemon = u"/usr/sbin/cupsd"_qs;
+
+void write(const QString& path, const QByteArray& text)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(text);
+}
+
+/// What a printer's description says of one size.
+QByteArray sizeLines(const QByteArray& name, const QByteArray& size, const QByteArray& area)
+{
+    return "*PageSize " + name + ": \"\"\n*PageRegion " + name + ": \"\"\n*ImageableArea " + name + ": \"" +
+           area + "\"\n*PaperDimension " + name + ": \"" + size + "\"\n";
+}
+
+const QByteArray Description =
+    "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n*LanguageVersion: English\n"
+    "*LanguageEncoding: ISOLatin1\n*PCFileName: \"A.PPD\"\n*Manufacturer: \"A\"\n*Product: \"(A)\"\n"
+    "*ModelName: \"A\"\n*ShortNickName: \"A\"\n*NickName: \"A\"\n*PSVersion: \"(3010.000) 0\"\n"
+    "*cupsFilter2: \"application/pdf application/pdf 0 -\"\n*DefaultPageSize: A5\n*DefaultPageRegion: A5\n"
+    "*DefaultImageableArea: A5\n*DefaultPaperDimension: A5\n" +
+    sizeLines("A4", "595 842", "18 18 577 824") + sizeLines("A5", "420 595", "18 18 402 577");
+
+/// A printing service of its own, with one printer that keeps its jobs.
+class CupsPrintersTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!QFile::exists(Daemon))
+            GTEST_SKIP() << "there is no " << Daemon.toStdString();
+        QFile::setPermissions(m_folder.path(),
+                              QFile::Permissions(0x7755)); // the service has a user of its own
+        const QByteArray root = m_folder.path().toUtf8();
+        write(m_folder.filePath(u"cupsd.conf"_qs),
+              "Listen " + root +
+                  "/socket\nBrowsing Off\nDefaultAuthType None\nWebInterface No\nDirtyCleanInterval "
+                  "0\n<Location />\nAllow "
+                  "all\n</Location>\n<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
+        write(m_folder.filePath(u"cups-files.conf"_qs),
+              "FileDevice Yes\nServerRoot " + root + "\nRequestRoot " + root + "/spool\nTempDir " + root +
+                  "/spool/tmp\nCacheDir " + root + "/cache\nStateDir " + root + "/state\nServerKeychain " +
+                  root + "/ssl\nErrorLog " + root + "/log\nAccessLog " + root + "/log\nPageLog " + root +
+                  "/log\n");
+        write(m_folder.filePath(u"printers.conf"_qs),
+              "<DefaultPrinter cellar>\nInfo In the Cellar\nDeviceURI file:///dev/null\nState "
+              "Stopped\nAccepting "
+              "Yes\nShared No\n</DefaultPrinter>\n");
+        write(m_folder.filePath(u"ppd/cellar.ppd"_qs), Description);
+        for (const QString& name : {u"spool/tmp"_qs, u"cache"_qs, u"state"_qs, u"ssl"_qs})
+            QDir(m_folder.path()).mkpath(name);
+        m_service.start(Daemon, {u"-f"_qs, u"-c"_qs, m_folder.filePath(u"cupsd.conf"_qs), u"-s"_qs,
+                                 m_folder.filePath(u"cups-files.conf"_qs)});
+        const QString socket = m_folder.filePath(u"socket"_qs);
+        ASSERT_TRUE(spinUntil([&] { return QFile::exists(socket); })) << m_service.readAll().toStdString();
+        qputenv("CUPS_SERVER", socket.toUtf8());
+    }
+
+    ~CupsPrintersTest() override
+    {
+        m_service.terminate();
+        if (m_service.state() != QProcess::NotRunning && !m_service.waitForFinished(5000))
+            m_service.kill();
+        m_service.waitForFinished(5000);
+    }
+
+    /// What the service remembers of its first job.
+    [[nodiscard]] QByteArray firstJob() const
+    {
+        QFile file(m_folder.filePath(u"spool/c00001"_qs));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QTemporaryDir m_folder;
+    QProcess m_service;
+    CupsPrinters m_printers;
+};
+
+/// Every thread has a connection of its own, to the service that was set when it began.
+template <class Work>
+void inNewThread(const Work& work)
+{
+    std::thread(work).join();
+}
+
+TEST_F(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
+{
+    const QString file = m_folder.filePath(u"a.pdf"_qs);
+    write(file, "%PDF-1.4\n%%EOF\n");
+    inNewThread([&] {
+        const std::vector<Printer> found = m_printers.available();
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_EQ(found[0].name, u"cellar"_qs);
+        EXPECT_EQ(found[0].description, u"In the Cellar"_qs);
+        EXPECT_TRUE(found[0].isDefault);
+        ASSERT_EQ(found[0].papers.size(), 2U);
+        EXPECT_EQ(found[0].papers[1].size.toSize(), QSize(595, 842));
+        EXPECT_EQ(found[0].papers[0].media, u"iso_a5_148x210mm"_qs);
+
+        EXPECT_EQ(m_printers.print({u"cellar"_qs, file, u"Jok\u00e9s"_qs, 3, u"iso_a5_148x210mm"_qs}),
+                  QString());
+        EXPECT_NE(m_printers.print({u"attic"_qs, file, u"Jokes"_qs, 1, {}}), QString()) << "not there";
+        EXPECT_NE(m_printers.print({u"cellar"_qs, file + u'x', u"Jokes"_qs, 1, {}}), QString()) << "no file";
+    });
+    ASSERT_TRUE(spinUntil([&] { return !firstJob().isEmpty(); }));
+    for (const QByteArray& part :
+         {QByteArray("iso_a5_148x210mm"), QByteArray("Jok\u00e9s"), QByteArray("copies\0\4\0\0\0\3", 12)})
+        EXPECT_TRUE(firstJob().contains(part)) << part.toStdString();
+}
+
+TEST_F(CupsPrintersTest, WithoutAServiceThereIsNoPrinter)
+{
+    qputenv("CUPS_SERVER", m_folder.filePath(u"nothing"_qs).toUtf8());
+    inNewThread([&] {
+        EXPECT_TRUE(m_printers.available().empty());
+        EXPECT_NE(m_printers.print({u"cellar"_qs, u"/dev/null"_qs, u"Jokes"_qs, 1, {}}), QString());
+    });
+}
+
+} // namespace
+
+} // namespace giggle

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/CollectionFolder.h"
+#include "tests/support/FakePlatform.h"
+#include "tests/support/FakePrinters.h"
+#include "ui/WindowPrintPanel.h"
+
+#include <QDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+bool until(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, 20'000);
+}
+
+class PrintPanelTest : public testing::Test {
+protected:
+    PrintPanelTest()
+    {
+        system.platform.printers = &printers;
+        printers.set(
+            {{u"attic"_qs, u"In the Attic"_qs, false, {}, {}},
+             {u"cellar"_qs,
+              u"In the Cellar"_qs,
+              true,
+              {{u"jis"_qs, u"iso_a5_148x210mm"_qs, {420, 595}}, {u"Roll"_qs, u"roll"_qs, {300, 900}}},
+              u"roll"_qs}});
+    }
+
+    void present(int jokes)
+    {
+        panel.present(manyJokes(jokes), u"My Jokes"_qs,
+                      [this](const PrintOutcome& left) { outcomes.push_back(left); });
+        EXPECT_TRUE(until([&] { return panel.canPrint() && panel.pageText().contains(u" of "_qs); }));
+    }
+
+    FakePlatform system;
+    FakePrinters printers;
+    std::vector<PrintOutcome> outcomes;
+    WindowPrintPanel panel{system.platform};
+    CollectionFolder folder;
+};
+
+TEST_F(PrintPanelTest, WhatIsChosenReachesThePrinter)
+{
+    const struct {
+        int printer;
+        int paper;
+        int copies;
+        QString name;
+        QString media;
+        int sentCopies;
+        QString size;
+    } cases[] = {
+        {-1, -1, 1, u"cellar"_qs, u"roll"_qs, 1, u"300 x 900"_qs}, // what the default printer holds
+        {-1, 0, 7, u"cellar"_qs, u"iso_a5_148x210mm"_qs, 7, u"420 x 595"_qs},
+        {0, -1, 0, u"attic"_qs, u"iso_a5_148x210mm"_qs, 1, u"420 x 595"_qs}, // which both have
+        {0, 2, 5000, u"attic"_qs, u"iso_a3_297x420mm"_qs, 999, u"842 x 1191"_qs},
+        {1, -1, 2, u"cellar"_qs, u"roll"_qs, 2, u"300 x 900"_qs}, // which has no A3
+    };
+
+    for (const auto& one : cases) {
+        present(5);
+        panel.choosePrinter(one.printer);
+        panel.choosePaper(one.paper);
+        panel.setCopies(one.copies);
+        panel.print();
+        const std::size_t count = outcomes.size() + 1;
+        ASSERT_TRUE(until([&] { return outcomes.size() == count; }));
+        EXPECT_TRUE(outcomes.back().isCompleted);
+        const FakePrinters::Printed printed = printers.printed().back();
+        EXPECT_EQ(printed.job.printer, one.name);
+        EXPECT_EQ(printed.job.media, one.media);
+        EXPECT_EQ(printed.job.copies, one.sentCopies);
+        EXPECT_EQ(printed.job.title, u"My Jokes"_qs);
+        EXPECT_TRUE(printed.information.contains(one.size)) << printed.information.toStdString();
+        EXPECT_FALSE(panel.isShown());
+    }
+    EXPECT_TRUE(QDir(system.temporaryFolder.path()).isEmpty()) << "a file was left";
+}
+
+TEST_F(PrintPanelTest, AFailureIsSaidAndAnotherWayCanBeChosen)
+{
+    present(5);
+    printers.set({}, u"The printer is not there any more."_qs);
+    panel.print();
+    ASSERT_TRUE(until([&] { return !panel.failure().isEmpty(); }));
+    EXPECT_EQ(panel.failure(), u"\"In the Cellar\" cannot print: The printer is not there any more."_qs);
+    EXPECT_TRUE(until([&] { return !panel.canPrint(); })) << "the printer is still offered";
+
+    panel.saveAsPdf();
+    EXPECT_EQ(system.documentPicker.suggestedNames, QStringList{u"My Jokes.pdf"_qs});
+    const QString missing = folder.filePath(u"missing/a.pdf"_qs);
+    system.documentPicker.answer(QUrl::fromLocalFile(missing));
+    ASSERT_TRUE(until([&] { return panel.failure().contains(missing); }));
+    EXPECT_TRUE(panel.isShown());
+    EXPECT_TRUE(outcomes.empty());
+
+    panel.saveAsPdf();
+    system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"a.pdf"_qs)));
+    ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
+    EXPECT_TRUE(outcomes[0].isCompleted);
+    EXPECT_EQ(outcomes[0].failure, QString());
+    EXPECT_TRUE(pagesOf(folder.filePath(u"a.pdf"_qs)).join(u' ').contains(u"Joke 5."_qs));
+}
+
+TEST_F(PrintPanelTest, CancelStopsTheWorkFirstAndThenThePanel)
+{
+    present(30'000);
+    panel.setPage(4000);
+    EXPECT_EQ(panel.page(), 4000);
+    panel.saveAsPdf();
+    system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"a.pdf"_qs)));
+    ASSERT_TRUE(until([&] { return panel.progress() > 0; }));
+    EXPECT_LT(panel.progress(), 1);
+    panel.cancel();
+    ASSERT_TRUE(until([&] { return !panel.isWorking(); }));
+    EXPECT_TRUE(panel.isShown());
+    EXPECT_EQ(panel.failure(), QString());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    panel.cancel();
+    ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
+    EXPECT_FALSE(outcomes[0].isCompleted);
+}
+
+TEST_F(PrintPanelTest, APdfAloneShowsThePanelOnlyForAWait)
+{
+    const auto finished = [this](const PrintOutcome& left) { outcomes.push_back(left); };
+    panel.makePdf(manyJokes(1), u"a/b"_qs, finished);
+    EXPECT_FALSE(panel.isShown());
+    EXPECT_EQ(system.documentPicker.suggestedNames, QStringList{u"a-b.pdf"_qs});
+    system.documentPicker.answer({});
+    ASSERT_TRUE(until([&] { return outcomes.size() == 1; }));
+    EXPECT_FALSE(outcomes[0].isCompleted);
+
+    panel.makePdf(manyJokes(1), u"a"_qs, finished);
+    system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"a.pdf"_qs)));
+    EXPECT_TRUE(panel.isShown());
+    ASSERT_TRUE(until([&] { return outcomes.size() == 2; }));
+    EXPECT_TRUE(outcomes[1].isCompleted);
+    EXPECT_EQ(pagesOf(folder.filePath(u"a.pdf"_qs)).size(), 1);
+}
+
+} // namespace
+
+} // namespace giggle
