@@ -131,7 +131,7 @@ void EditJokeViewController::PrintJoke()
     composition.appendJoke(jokeTextView().toStdString());
     const bool hadChanges = hasUnsavedChanges();
     setJokeTextView(composition.plainText());
-    m_hasDisplayLineFeed = false;
+    m_displayLineFeed = -1; // what is printed is stored as it is
     // Going back loses nothing that the user has typed.
     if (!hadChanges)
         markAsSaved();
