@@ -5,6 +5,7 @@
 #include "store/Console.h"
 #include "store/FatalError.h"
 #include "ui/AtomicFile.h"
+#include "ui/DisplayText.h"
 #include "ui/TextOutput.h"
 
 #include <QDir>
@@ -17,7 +18,7 @@ namespace {
 
 QString labelText(const char* prefix, OptionalText name)
 {
-    return QString::fromLatin1(prefix) + QString::fromUtf8(name.value_or("N/A"));
+    return QString::fromLatin1(prefix) + textOrEmpty(name.value_or("N/A"));
 }
 
 void sayOnConsole(const PrintOutcome& outcome)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "jokes/JokeComposition.h"
 
+#include "ui/DisplayText.h"
+
 #include <array>
 
 namespace giggle {
@@ -68,6 +70,11 @@ void JokeComposition::appendJokes(const std::vector<Jokes*>& jokes)
         appendJoke(joke->joke().value_or(""));
 }
 
+QString JokeComposition::plainText() const
+{
+    return textOrEmpty(m_text);
+}
+
 AttributedText JokeComposition::attributedText() const
 {
     const std::array looks{attributes(Look::Header), attributes(Look::Joke), attributes(Look::Dashes),
@@ -76,7 +83,7 @@ AttributedText JokeComposition::attributedText() const
     std::size_t start = 0;
     for (const auto& [end, look] : m_pieces) {
         const std::string_view text = std::string_view(m_text).substr(start, end - start);
-        composition.append(QString::fromUtf8(text), looks[static_cast<std::size_t>(look)]);
+        composition.append(textOrEmpty(text), looks[static_cast<std::size_t>(look)]);
         start = end;
     }
     return composition;

@@ -27,7 +27,7 @@ public:
     /// In UTF-8.
     [[nodiscard]] const std::string& text() const { return m_text; }
 
-    [[nodiscard]] QString plainText() const { return QString::fromStdString(m_text); }
+    [[nodiscard]] QString plainText() const;
 
     [[nodiscard]] AttributedText attributedText() const;
 

@@ -23,7 +23,7 @@ TEST_F(JokeListShareTest, SharesAndPrintsTheJokesOnShowAsOneText)
         {{{.category = "b", .joke = "Don't \u00e9\n^"}, {.category = "a"}},
          "",
          dashes + "Don't \u00e9\n^" + dashes},
-        {{{.category = "cat", .joke = "mine"}}, "CAT", "mine" + dashes},
+        {{{.category = "cat", .joke = "\ufeffmine"}}, "CAT", "\ufeffmine" + dashes},
     };
 
     for (const auto& one : cases) {
