@@ -4,6 +4,7 @@
 #include "exchange/ExportViewController.h"
 #include "exchange/ImportExportViewController.h"
 #include "exchange/ImportViewController.h"
+#include "exchange/PrintViewController.h"
 #include "jokes/AddJokeViewController.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
@@ -55,6 +56,7 @@ constexpr std::array Scenes{
                      QLatin1StringView("JokeOfDayView")},
     SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,
                      QLatin1StringView("JokeListView")},
+    SceneDescription{SegueId::Print, makeScreen<PrintViewController>, QLatin1StringView("PrintView")},
     SceneDescription{SegueId::ReferenceLists, makeScreen<ReferenceListViewController>,
                      QLatin1StringView("ReferenceListView")},
     SceneDescription{SegueId::CategoryList, makeScreen<CategoryTableViewController>,

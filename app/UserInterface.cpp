@@ -47,11 +47,12 @@ void UserInterface::completePlatform()
         m_platform.printPanel = &m_printPanel;
     if (!m_platform.shareSheet)
         m_platform.shareSheet = &m_shareSheet;
-    if (!m_platform.temporaryFolder.isEmpty())
-        return;
     // Where none can be made every file in it fails, in words.
-    m_platform.temporaryFolder =
-        m_temporaryFolder.isValid() ? m_temporaryFolder.path() : QStringLiteral("/nonexistent");
+    if (m_platform.temporaryFolder.isEmpty())
+        m_platform.temporaryFolder =
+            m_temporaryFolder.isValid() ? m_temporaryFolder.path() : QStringLiteral("/nonexistent");
+    if (m_platform.documentsFolder.isEmpty())
+        m_platform.documentsFolder = m_platform.temporaryFolder;
 }
 
 QQuickWindow& UserInterface::load()

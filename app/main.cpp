@@ -115,6 +115,7 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
                       addressOpener,  mailComposer, messageCapability, fileOpener};
     platform.printers = &printers;
+    platform.documentsFolder = places.documentsFolder();
     UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")

@@ -4,7 +4,9 @@
 #include "benchmarks/RawDatabase.h"
 #include "exchange/format/ExchangeReader.h"
 #include "exchange/format/ExchangeWriter.h"
+#include "jokes/JokeComposition.h"
 #include "ui/AtomicFile.h"
+#include "ui/LargeTextModel.h"
 
 #include <algorithm>
 #include <charconv>
@@ -129,11 +131,41 @@ std::function<Sides(Collections&, std::size_t)> memoryOf(ScreenMeasurement measu
     };
 }
 
+/// What the print screen does whenever its list changes, against appending the same texts one by one.
+Sides documentSides(Collections& collections, std::size_t size)
+{
+    const auto container = std::make_shared<PersistentContainer>(Collections::open(collections.folder(size)));
+    const auto jokes =
+        std::make_shared<const std::vector<Jokes*>>(container->viewContext().fetch(Jokes::fetchRequest()));
+    const auto view = std::make_shared<LargeTextModel>();
+    return {[container, jokes, view] {
+                return secondsFor([&] {
+                    const auto document = std::make_shared<JokeComposition>();
+                    document->appendHeader();
+                    document->appendJokes(*jokes);
+                    view->setText(LargeTextModel::Text(document, &document->text()));
+                    return document->text().size();
+                });
+            },
+            [container, jokes] {
+                const std::string between = '\n' + std::string(34, '-') + "\n\n\n";
+                return secondsFor([&] {
+                    std::string document;
+                    for (const Jokes* joke : *jokes) {
+                        document += joke->joke().value_or("");
+                        document += between;
+                    }
+                    return document.size();
+                });
+            }};
+}
+
 } // namespace
 
 std::vector<Figure> exchangeFigures()
 {
     return {
+        {"print document, compose and show", "append loop", {.largestValue = 0.1}, documentSides},
         {"exchange file, write", "memcpy", {.largestRatio = 10}, writerSides},
         {"exchange file, read", "raw commit for each line", {.largestRatio = 1.2}, readerSides, 7},
         {"export, tap to enabled buttons", "raw ORDER BY", {.largestValue = 0.15}, exportSides, 5},

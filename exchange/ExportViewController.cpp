@@ -3,7 +3,6 @@
 
 #include "exchange/format/ExchangeFile.h"
 #include "exchange/format/ExchangeWriter.h"
-#include "platform/MailComposer.h"
 #include "platform/Platform.h"
 #include "platform/ShareSheet.h"
 #include "store/AppDelegate.h"
@@ -13,9 +12,9 @@
 #include "ui/AtomicFile.h"
 #include "ui/MainQueue.h"
 #include "ui/StoreCalls.h"
+#include "ui/TextOutput.h"
 
 #include <QDir>
-#include <QFile>
 #include <QPointer>
 
 #include <algorithm>
@@ -186,12 +185,13 @@ void ExportViewController::WriteTextFile()
     const QString path = filePath();
     (void)writeAtomically(path, *m_exportTextView.text()); // the mail shows what came of it
     showWritten(path);
-    if (environment().platform.mailComposer.canSendMail())
-        composeMail(path);
-    else
-        environment().navigator.present({QStringLiteral("Sending Email"),
-                                         QStringLiteral("Email not Setup or Unavailable"),
-                                         {{QStringLiteral("OK"), {}}}});
+    sendMail(environment(), [path] {
+        Mail mail;
+        mail.subject = QStringLiteral("Giggle Archives Update Text File");
+        mail.body = QStringLiteral("Attachment: Giggle Archives Text File");
+        mail.attachments = attachmentOf(path, QStringLiteral("csv"), FileName);
+        return mail;
+    });
 }
 
 void ExportViewController::showWritten(const QString& path)
@@ -200,19 +200,6 @@ void ExportViewController::showWritten(const QString& path)
     // The same text keeps its place in the view.
     if (written.text && *written.text != *m_exportTextView.text())
         m_exportTextView.setText(std::move(*written.text));
-}
-
-void ExportViewController::composeMail(const QString& path)
-{
-    Mail mail;
-    mail.subject = QStringLiteral("Giggle Archives Update Text File");
-    mail.body = QStringLiteral("Attachment: Giggle Archives Text File");
-    if (QFile file(path); file.open(QIODevice::ReadOnly))
-        mail.attachments.push_back({file.readAll(), QStringLiteral("csv"), FileName});
-    environment().platform.mailComposer.present(mail, [](const QString& failure) {
-        if (!failure.isEmpty())
-            printFailure(failure);
-    });
 }
 
 } // namespace giggle

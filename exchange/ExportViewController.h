@@ -87,7 +87,6 @@ private:
     void setActivityIndicatorAnimating(bool animating);
     [[nodiscard]] QString filePath() const;
     void showWritten(const QString& path);
-    void composeMail(const QString& path);
     [[nodiscard]] ManagedObjectContext& viewContext() const;
 
     std::vector<Jokes*> m_theEntryList;

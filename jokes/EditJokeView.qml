@@ -10,8 +10,13 @@ JokeEditorPage {
 
     editor: screen
 
+    Shortcut {
+        sequence: "Ctrl+P"
+        enabled: page.isActive
+        onActivated: page.screen.PrintJoke()
+    }
+
     component ToolButton: IconButton {
-        width: 1.25 * implicitWidth
         fill: Theme.yellow
     }
 
@@ -54,13 +59,13 @@ JokeEditorPage {
             objectName: "ShareButton"
             text: qsTr("Share")
             iconSource: Theme.icon("share", false)
-            enabled: false
+            onClicked: page.screen.shareButtonClicked()
         }
         ToolButton {
             objectName: "PrintButton"
             text: qsTr("Print")
             iconSource: Theme.icon("print", false)
-            enabled: false
+            onClicked: page.screen.PrintJoke()
         }
     }
     Component.onCompleted: favorite.setStateName(screen.CheckBox, true)

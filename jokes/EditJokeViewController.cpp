@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "jokes/EditJokeViewController.h"
 
+#include "jokes/JokeComposition.h"
 #include "platform/Platform.h"
 #include "store/PreferenceKeys.h"
 #include "store/Preferences.h"
@@ -8,6 +9,7 @@
 #include "ui/MainQueue.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
+#include "ui/TextOutput.h"
 
 #include <QPointer>
 
@@ -115,6 +117,25 @@ void EditJokeViewController::changeFontSize(double difference)
     Preferences& userDefaults = environment().userDefaults;
     userDefaults.setReal(PreferenceKeys::ViewerFontSize, m_displaySettings.ListFontSize);
     userDefaults.synchronize();
+}
+
+void EditJokeViewController::shareButtonClicked()
+{
+    shareText(*this, environment(), [this] { return jokeTextView(); });
+}
+
+void EditJokeViewController::PrintJoke()
+{
+    JokeComposition composition;
+    composition.appendHeader();
+    composition.appendJoke(jokeTextView().toStdString());
+    const bool hadChanges = hasUnsavedChanges();
+    setJokeTextView(composition.plainText());
+    m_displayLineFeed = -1; // what is printed is stored as it is
+    // Going back loses nothing that the user has typed.
+    if (!hadChanges)
+        markAsSaved();
+    printText(environment(), composition.attributedText());
 }
 
 QString EditJokeViewController::enteredJoke() const

@@ -57,6 +57,13 @@ public slots:
     void IncreaseFontSize();
     void DecreaseFontSize();
 
+    /// Offers what the text view holds; on a device that cannot send text messages it only says so.
+    void shareButtonClicked();
+
+    /// Prints what the text view holds under a line that says where it comes from. The text view holds the
+    /// printed text from then on, and a save stores all of it.
+    void PrintJoke();
+
     /// Changes the first joke that has the chosen text. Without a category or a text it says so instead;
     /// where no joke has the text any more nothing happens. A failed save is logged, and the change waits for
     /// the next save.

@@ -4,15 +4,12 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
-import QtQuick.Layouts
 import GiggleArchives
 
 AppPage {
     id: page
 
     required property NewMainListTableViewController screen
-    readonly property bool isWide: width >= 560
     /// What an empty list says: title and hint.
     readonly property list<string> emptyTexts: {
         if (screen.searchText.length > 0)
@@ -36,78 +33,51 @@ AppPage {
     }
     Shortcut {
         sequence: "Ctrl+P"
-        enabled: page.isActive && printButton.enabled
-        onActivated: printButton.clicked()
-    }
-    Shortcut {
-        sequence: "Ctrl+F"
         enabled: page.isActive
-        onActivated: {
-            searchBar.forceActiveFocus(Qt.ShortcutFocusReason);
-            searchBar.selectAll();
-        }
+        onActivated: page.screen.PrintJokes()
     }
 
-    component ToolButton: IconButton {
-        Layout.fillWidth: !page.isWide
-        Layout.preferredWidth: 1.5 * Theme.touchTarget
-        fill: Theme.yellow
-        borderWidth: 1
-    }
-
-    GridLayout {
+    SearchTools {
         id: tools
 
         y: Theme.unit / 2
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth)
-        columns: page.isWide ? 2 : 1
-        columnSpacing: Theme.unit
-        rowSpacing: Theme.unit
+        searched: table
+        isActive: page.isActive
+        searchBorderColor: Theme.buttonBorder
+        placeholderText: page.screen.searchPlaceholder
+        searchText: page.screen.searchText
+        onSearchTextChanged: page.screen.searchText = searchText
 
-        RowLayout {
-            Layout.fillWidth: !page.isWide
-            spacing: Theme.unit
+        TableTool {
+            id: addButton
 
-            ToolButton {
-                id: addButton
-
-                objectName: "AddButton"
-                text: qsTr("Add")
-                iconSource: Theme.icon("add", false)
-                enabled: page.screen.canPerform(Segues.AddJoke)
-                onClicked: page.screen.AddTapped()
-            }
-            ToolButton {
-                objectName: "SortButton"
-                text: qsTr("Sort")
-                iconSource: Theme.icon("sort", false)
-                onClicked: page.screen.SortJokesTapped()
-            }
-            ToolButton {
-                objectName: "ShareButton"
-                text: qsTr("Share")
-                iconSource: Theme.icon("share", false)
-                onClicked: page.screen.shareButtonClicked()
-            }
-            ToolButton {
-                id: printButton
-
-                objectName: "PrintButton"
-                text: qsTr("Print")
-                iconSource: Theme.icon("print", false)
-                enabled: false
-            }
+            objectName: "AddButton"
+            text: qsTr("Add")
+            iconSource: Theme.icon("add", false)
+            borderWidth: 1
+            enabled: page.screen.canPerform(Segues.AddJoke)
+            onClicked: page.screen.AddTapped()
         }
-        SearchField {
-            id: searchBar
-
-            Layout.fillWidth: true
-            borderColor: Theme.buttonBorder
-            placeholderText: page.screen.searchPlaceholder
-            text: page.screen.searchText
-            onTextChanged: page.screen.searchText = text
-            Keys.onDownPressed: table.forceActiveFocus(Qt.TabFocusReason)
+        TableTool {
+            objectName: "SortButton"
+            text: qsTr("Sort")
+            iconSource: Theme.icon("sort", false)
+            borderWidth: 1
+            onClicked: page.screen.SortJokesTapped()
+        }
+        TableTool {
+            objectName: "ShareButton"
+            text: qsTr("Share")
+            iconSource: Theme.icon("share", false)
+            borderWidth: 1
+            onClicked: page.screen.shareButtonClicked()
+        }
+        TableTool {
+            objectName: "PrintButton"
+            text: qsTr("Print")
+            iconSource: Theme.icon("print", false)
+            borderWidth: 1
+            onClicked: page.screen.PrintJokes()
         }
     }
 

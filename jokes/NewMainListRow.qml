@@ -9,6 +9,7 @@ SwipeRow {
     id: row
 
     required property newMainListTableViewCell cell
+    property bool showsFavorite: true
     readonly property real margin: 1.5 * Theme.unit
     readonly property Item last: cell.RatingLabel ? rating : joke
 
@@ -16,7 +17,7 @@ SwipeRow {
 
     name: cell.accessibleName || qsTr("Empty row")
     height: cell.hasContent ? last.y + last.height + Theme.unit : Theme.touchTarget
-    onSpacePressed: if (cell.hasContent)
+    onSpacePressed: if (favoriteBox.visible)
         favoriteBox.toggle()
     onCellChanged: showFavorite()
     Component.onCompleted: showFavorite()
@@ -26,8 +27,8 @@ SwipeRow {
 
         x: row.margin
         y: Theme.unit / 2
-        width: favoriteBox.x - x
-        height: Math.max(implicitHeight + Theme.unit, favoriteBox.height)
+        width: row.showsFavorite ? favoriteBox.x - x : joke.width
+        height: Math.max(implicitHeight + Theme.unit, row.showsFavorite ? favoriteBox.height : 0)
         verticalAlignment: Text.AlignVCenter
         text: row.cell.CategoryLabel
         textFormat: Text.PlainText
@@ -42,7 +43,7 @@ SwipeRow {
 
         x: row.width - width - Theme.unit / 2
         y: Theme.unit / 2
-        visible: row.cell.hasContent
+        visible: row.showsFavorite && row.cell.hasContent
         activeFocusOnTab: row.ListView.isCurrentItem || activeFocus
         // So that the list itself is the next stop when the keyboard comes back.
         onActiveFocusChanged: if (!activeFocus)

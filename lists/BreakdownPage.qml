@@ -3,80 +3,48 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import GiggleArchives
 
 AppPage {
     id: page
 
     required property BreakdownTableViewController breakdown
-    readonly property bool isWide: width >= 560
 
     title: breakdown.title
 
     Shortcut {
         sequence: "Ctrl+P"
-        enabled: page.isActive && printButton.enabled
-        onActivated: printButton.clicked()
-    }
-    Shortcut {
-        sequence: "Ctrl+F"
         enabled: page.isActive
-        onActivated: {
-            searchBar.forceActiveFocus(Qt.ShortcutFocusReason);
-            searchBar.selectAll();
-        }
+        onActivated: page.breakdown.PrintJokes()
     }
 
-    component ToolButton: IconButton {
-        Layout.fillWidth: !page.isWide
-        Layout.preferredWidth: 1.5 * Theme.touchTarget
-        fill: Theme.yellow
-    }
-
-    GridLayout {
+    SearchTools {
         id: tools
 
         y: Theme.unit / 2
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth)
-        columns: page.isWide ? 2 : 1
-        columnSpacing: Theme.unit
-        rowSpacing: Theme.unit
+        searched: table
+        isActive: page.isActive
+        placeholderText: page.breakdown.searchPlaceholder
+        searchText: page.breakdown.searchText
+        onSearchTextChanged: page.breakdown.searchText = searchText
 
-        RowLayout {
-            Layout.fillWidth: !page.isWide
-            spacing: Theme.unit
-
-            ToolButton {
-                objectName: "SortButton"
-                text: qsTr("Sort")
-                iconSource: Theme.icon("sort", false)
-                onClicked: page.breakdown.SortData()
-            }
-            ToolButton {
-                objectName: "ShareButton"
-                text: qsTr("Share")
-                iconSource: Theme.icon("share", false)
-                enabled: false
-            }
-            ToolButton {
-                id: printButton
-
-                objectName: "PrintButton"
-                text: qsTr("Print")
-                iconSource: Theme.icon("print", false)
-                enabled: false
-            }
+        TableTool {
+            objectName: "SortButton"
+            text: qsTr("Sort")
+            iconSource: Theme.icon("sort", false)
+            onClicked: page.breakdown.SortData()
         }
-        SearchField {
-            id: searchBar
-
-            Layout.fillWidth: true
-            placeholderText: page.breakdown.searchPlaceholder
-            text: page.breakdown.searchText
-            onTextChanged: page.breakdown.searchText = text
-            Keys.onDownPressed: table.forceActiveFocus(Qt.TabFocusReason)
+        TableTool {
+            objectName: "ShareButton"
+            text: qsTr("Share")
+            iconSource: Theme.icon("share", false)
+            onClicked: page.breakdown.shareButtonClicked()
+        }
+        TableTool {
+            objectName: "PrintButton"
+            text: qsTr("Print")
+            iconSource: Theme.icon("print", false)
+            onClicked: page.breakdown.PrintJokes()
         }
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lists/BreakdownTableViewController.h"
 
+#include "jokes/JokeComposition.h"
 #include "jokes/SearchPreparation.h"
 #include "platform/InterfaceStyle.h"
 #include "platform/Platform.h"
@@ -9,6 +10,7 @@
 #include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
+#include "ui/TextOutput.h"
 
 #include <utility>
 
@@ -124,6 +126,16 @@ void BreakdownTableViewController::selectRow(int row)
 void BreakdownTableViewController::prepareForSegue(SegueId)
 {
     environment().selection.CallingScreen = side().breakdownCallingScreen.toString();
+}
+
+void BreakdownTableViewController::shareButtonClicked()
+{
+    shareText(*this, environment(), [this] { return composeJokes(listOnShow()).plainText(); });
+}
+
+void BreakdownTableViewController::PrintJokes()
+{
+    printText(environment(), composeJokes(listOnShow()).attributedText());
 }
 
 void BreakdownTableViewController::checkBoxClicked(int row, bool isChecked)

@@ -52,6 +52,12 @@ public slots:
     /// the editor.
     void selectRow(int row) override;
 
+    /// Offers the jokes on show as one text; on a device that cannot send text messages it only says so.
+    void shareButtonClicked();
+
+    /// Prints the jokes on show.
+    void PrintJokes();
+
     /// The row's check box was ticked or cleared.
     void checkBoxClicked(int row, bool isChecked);
 

@@ -3,7 +3,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import GiggleArchives
 
 FocusScope {
@@ -14,15 +13,6 @@ FocusScope {
     required property string title
     property bool isActive: false
 
-    Shortcut {
-        sequence: "Ctrl+F"
-        enabled: pane.isActive
-        onActivated: {
-            searchBar.forceActiveFocus(Qt.ShortcutFocusReason);
-            searchBar.selectAll();
-        }
-    }
-
     NavigationBar {
         id: bar
 
@@ -31,31 +21,23 @@ FocusScope {
         onBackRequested: pane.screen.UnwindSegue()
     }
 
-    RowLayout {
+    SearchTools {
         id: tools
 
         anchors.top: bar.bottom
         anchors.topMargin: Theme.unit / 2
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth)
-        spacing: Theme.unit
+        isWide: true
+        searched: table
+        isActive: pane.isActive
+        placeholderText: pane.screen.searchPlaceholder
+        searchText: pane.screen.searchText
+        onSearchTextChanged: pane.screen.searchText = searchText
 
-        IconButton {
+        TableTool {
             objectName: "SortButton"
-            Layout.preferredWidth: 1.5 * Theme.touchTarget
             text: qsTr("Sort")
             iconSource: Theme.icon("sort", false)
-            fill: Theme.yellow
             onClicked: pane.screen.SortData()
-        }
-        SearchField {
-            id: searchBar
-
-            Layout.fillWidth: true
-            placeholderText: pane.screen.searchPlaceholder
-            text: pane.screen.searchText
-            onTextChanged: pane.screen.searchText = text
-            Keys.onDownPressed: table.forceActiveFocus(Qt.TabFocusReason)
         }
     }
 

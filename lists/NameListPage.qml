@@ -4,7 +4,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import GiggleArchives
 
 AppPage {
@@ -12,7 +11,6 @@ AppPage {
 
     required property NameListViewController controller
     property alias rows: table.delegate
-    readonly property bool isWide: width >= 560
     readonly property bool isSearching: controller.hasSearch && controller.searchText.length > 0
 
     title: controller.title
@@ -22,59 +20,31 @@ AppPage {
         enabled: page.isActive
         onActivated: addButton.clicked()
     }
-    Shortcut {
-        sequence: "Ctrl+F"
-        enabled: page.isActive && page.controller.hasSearch
-        onActivated: {
-            searchBar.forceActiveFocus(Qt.ShortcutFocusReason);
-            searchBar.selectAll();
-        }
-    }
 
-    component ToolButton: IconButton {
-        Layout.fillWidth: !page.isWide
-        Layout.preferredWidth: 1.5 * Theme.touchTarget
-        fill: Theme.yellow
-    }
-
-    GridLayout {
+    SearchTools {
         id: tools
 
         y: Theme.unit / 2
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth)
-        columns: page.isWide ? 2 : 1
-        columnSpacing: Theme.unit
-        rowSpacing: Theme.unit
+        searched: table
+        isActive: page.isActive
+        hasSearch: page.controller.hasSearch
+        placeholderText: page.controller.searchPlaceholder
+        searchText: page.controller.searchText
+        onSearchTextChanged: page.controller.searchText = searchText
 
-        RowLayout {
-            Layout.fillWidth: !page.isWide
-            spacing: Theme.unit
+        TableTool {
+            id: addButton
 
-            ToolButton {
-                id: addButton
-
-                objectName: "AddButton"
-                text: qsTr("Add")
-                iconSource: Theme.icon("add", false)
-                onClicked: page.controller.AddTapped()
-            }
-            ToolButton {
-                objectName: "SortButton"
-                text: qsTr("Sort")
-                iconSource: Theme.icon("sort", false)
-                onClicked: page.controller.SortButtonTapped()
-            }
+            objectName: "AddButton"
+            text: qsTr("Add")
+            iconSource: Theme.icon("add", false)
+            onClicked: page.controller.AddTapped()
         }
-        SearchField {
-            id: searchBar
-
-            Layout.fillWidth: true
-            visible: page.controller.hasSearch
-            placeholderText: page.controller.searchPlaceholder
-            text: page.controller.searchText
-            onTextChanged: page.controller.searchText = text
-            Keys.onDownPressed: table.forceActiveFocus(Qt.TabFocusReason)
+        TableTool {
+            objectName: "SortButton"
+            text: qsTr("Sort")
+            iconSource: Theme.icon("sort", false)
+            onClicked: page.controller.SortButtonTapped()
         }
     }
 

@@ -40,6 +40,8 @@ struct Platform {
     /// A folder for files that other programs are handed, which nobody but the user can look into. It lasts
     /// as long as the application.
     QString temporaryFolder = {};
+    /// The application's own folder for the user's documents. It may have to be made.
+    QString documentsFolder = {};
     /// @}
 
     /// None where nothing can be printed on: PDF files can still be made.

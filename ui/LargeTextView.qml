@@ -13,6 +13,8 @@ FocusScope {
     required property string name
     required property LargeTextModel content
     property color borderColor: Theme.line
+    property bool isBold: false
+    property int horizontalAlignment: Text.AlignLeft
     /// High enough for some lines.
     readonly property real leastHeight: frame.y + 6 * Theme.bodySize + 4 * Theme.unit
 
@@ -55,6 +57,7 @@ FocusScope {
         topMargin: Theme.unit
         bottomMargin: Theme.unit
         reuseItems: true
+        cacheBuffer: 0 // lines that are made ahead of time outlive a change of the text, to the view's surprise
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         model: control.content
@@ -76,6 +79,8 @@ FocusScope {
             wrapMode: Text.Wrap
             color: Theme.text
             font.pixelSize: Theme.bodySize
+            font.bold: control.isBold
+            horizontalAlignment: control.horizontalAlignment
             Accessible.role: Accessible.ListItem
             Accessible.name: line
             ListView.onPooled: pooled = true

@@ -93,6 +93,11 @@ QString StoragePlaces::preferenceFile() const
     return fileIn(m_configFolder, QStringLiteral("preferences.json"));
 }
 
+QString StoragePlaces::documentsFolder() const
+{
+    return fileIn(m_dataFolder, QStringLiteral("documents"));
+}
+
 QString StoragePlaces::instanceLock() const
 {
     return fileIn(m_dataFolder, QStringLiteral("giggle-archives.lock"));

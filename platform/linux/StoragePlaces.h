@@ -31,6 +31,9 @@ public:
 
     QString preferenceFile() const;
 
+    /// For documents that the application writes; not made by `prepare`.
+    QString documentsFolder() const;
+
     /// Locked by the one instance that works with the collection beside it.
     QString instanceLock() const;
 

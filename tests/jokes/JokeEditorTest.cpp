@@ -210,6 +210,27 @@ TEST_F(JokeEditorTest, TheJokeChosenWhenTheScreenWasOpenedIsTheOneThatChanges)
     EXPECT_THAT(stored(), ElementsAre("1|Puns|0|1|marked|", "2|Puns|NULL|2|other|NULL"));
 }
 
+TEST_F(JokeEditorTest, WhatIsPrintedStaysInTheTextViewAndIsSaved)
+{
+    Jokes& joke = addJoke({.category = "Puns", .joke = "Don't"});
+    const QString shown =
+        u"From: Giggle Archives App for iPhone and iPad\n\nDont\n\n"_qs + QString(34, u'-') + u"\n\n\n"_qs;
+    for (const bool isTyped : {false, true}) {
+        const auto editor = openEditor(joke, "");
+        if (isTyped)
+            editor->setRatingTextField(u"Mild"_qs);
+        editor->shareButtonClicked();
+        EXPECT_EQ(std::get<SharedText>(system.shareSheet.presented.back().items.at(0)).text, u"Dont\n"_qs);
+        editor->PrintJoke();
+        EXPECT_EQ(system.printPanel.presented.back().text, shown);
+        EXPECT_EQ(editor->jokeTextView(), shown);
+        EXPECT_EQ(editor->hasUnsavedChanges(), isTyped);
+        if (isTyped)
+            editor->SaveButtonClicked();
+    }
+    EXPECT_EQ(joke.joke(), shown.toStdString());
+}
+
 TEST_F(JokeEditorTest, EditChangesTheFirstJokeWithTheChosenText)
 {
     addJoke({.category = "Puns", .rating = "Mild", .id = 1, .joke = "same"});

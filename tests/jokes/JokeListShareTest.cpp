@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 using JokeListShareTest = JokeListFixture;
 
-TEST_F(JokeListShareTest, SharesTheJokesOnShowAsOneText)
+TEST_F(JokeListShareTest, SharesAndPrintsTheJokesOnShowAsOneText)
 {
     const std::string dashes = "\n" + std::string(34, '-') + "\n\n\n";
 
@@ -23,7 +23,7 @@ TEST_F(JokeListShareTest, SharesTheJokesOnShowAsOneText)
         {{{.category = "b", .joke = "Don't \u00e9\n^"}, {.category = "a"}},
          "",
          dashes + "Don't \u00e9\n^" + dashes},
-        {{{.category = "cat", .joke = "mine"}}, "CAT", "mine" + dashes},
+        {{{.category = "cat", .joke = "\ufeffmine"}}, "CAT", "\ufeffmine" + dashes},
     };
 
     for (const auto& one : cases) {
@@ -37,6 +37,9 @@ TEST_F(JokeListShareTest, SharesTheJokesOnShowAsOneText)
         const auto& request = system.shareSheet.presented.back();
         EXPECT_EQ(std::get<SharedText>(request.items.at(0)).text.toStdString(), one.text);
         EXPECT_TRUE(request.excluded.empty());
+        screen.PrintJokes();
+        ASSERT_FALSE(system.printPanel.presented.empty());
+        EXPECT_EQ(system.printPanel.presented.back().text.toStdString(), one.text);
     }
     EXPECT_TRUE(navigator.alerts.empty());
 }
@@ -55,7 +58,7 @@ TEST_F(JokeListShareTest, WithoutTextMessagesAnAlertTakesThePlaceOfTheSheet)
 
 TEST_F(JokeListShareTest, TheCompositionIsLaidOutInTheMiddleWithJokesInLargeBoldType)
 {
-    const AttributedText composition = composeJokes({&addJoke({.joke = "a\nb"})});
+    const AttributedText composition = composeJokes({&addJoke({.joke = "a\nb"})}).attributedText();
     ASSERT_EQ(composition.runs().size(), 3U);
     const TextAttributes& joke = composition.runs().front().attributes;
     ASSERT_TRUE(joke.font && joke.foregroundColor);

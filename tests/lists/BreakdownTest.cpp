@@ -59,6 +59,24 @@ TEST_P(BreakdownTest, ListsTheJokesOfTheChosenName)
     EXPECT_EQ(navigator.navigationBarHidden, false);
 }
 
+TEST_P(BreakdownTest, SharesAndPrintsWhatTheSearchLeaves)
+{
+    addNamed("Puns", "Don't");
+    addNamed("Puns", "other");
+    load();
+    breakdown->setSearchText(QStringLiteral("DON"));
+    const std::string text = "Don't\n" + std::string(34, '-') + "\n\n\n";
+    breakdown->shareButtonClicked();
+    breakdown->PrintJokes();
+    EXPECT_EQ(std::get<SharedText>(system.shareSheet.presented.at(0).items.at(0)).text.toStdString(), text);
+    EXPECT_EQ(system.printPanel.presented.at(0).text.toStdString(), text);
+    system.messageCapability.canSend = false;
+    breakdown->shareButtonClicked();
+    mainQueue.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(system.shareSheet.presented.size(), 1U);
+    EXPECT_EQ(navigator.alerts.at(0).title, QStringLiteral("Can't Send Text Message"));
+}
+
 TEST_P(BreakdownTest, ARowShowsTheLabelsOfItsSide)
 {
     userDefaults.setText(PreferenceKeys::ListFontName, QStringLiteral("No Such Font"));

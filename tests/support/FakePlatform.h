@@ -175,6 +175,7 @@ public:
     std::vector<Request> presented;
 };
 
+/// Writes down what it was opened for; a test calls `finished` of the last request.
 class FakePrintPanel : public PrintPanel {
 public:
     struct Request {
@@ -226,7 +227,8 @@ struct FakePlatform {
                       &documentPicker,
                       &shareSheet,
                       &printPanel,
-                      temporaryFolder.path()};
+                      temporaryFolder.path(),
+                      temporaryFolder.filePath(QStringLiteral("documents"))};
 };
 
 } // namespace giggle

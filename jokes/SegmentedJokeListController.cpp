@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "jokes/SegmentedJokeListController.h"
+
+#include "jokes/SearchPreparation.h"
+#include "platform/InterfaceStyle.h"
+#include "platform/Platform.h"
+#include "store/AppDelegate.h"
+#include "store/TextSearch.h"
+#include "ui/StoreCalls.h"
+
+#include <array>
+#include <utility>
+
+namespace giggle {
+
+namespace {
+
+// What differs between the modes on the face of the screen.
+struct ModeTexts {
+    QStringView title;
+    QStringView placeholder;
+};
+
+constexpr std::array ModesTexts{
+    ModeTexts{u"Category", u"Search by Category"},
+    ModeTexts{u"Rating", u"Search by Rating"},
+    ModeTexts{u"Joke", u"Search by Joke"},
+    ModeTexts{u"Favorites", u"Search by Favorite"},
+};
+
+// What a search looks at, by mode; a search among the favourites filters nothing.
+constexpr std::array SearchedAttributes{Attribute::category, Attribute::rating, Attribute::joke};
+
+} // namespace
+
+SegmentedJokeListController::SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder)
+    : Screen(environment), m_context(environment.appDelegate.persistentContainer().viewContext()),
+      m_searchPlaceholder(std::move(placeholder)), m_table(*this)
+{
+}
+
+void SegmentedJokeListController::viewDidLoad()
+{
+    m_sortAsc = true;
+    m_darkMode = environment().platform.interfaceStyle.current() == InterfaceStyle::Style::Dark;
+    emit darkModeChanged();
+    m_displaySettings = ListDisplaySettings::read(environment().userDefaults);
+    fetch();
+}
+
+void SegmentedJokeListController::viewDidAppear()
+{
+    if (!std::exchange(m_isSearchPrepared, true))
+        prepareSearchLater(*this, environment().mainQueue, m_context);
+}
+
+void SegmentedJokeListController::viewDidDisappear()
+{
+    setSearchText({});
+}
+
+void SegmentedJokeListController::fetch()
+{
+    m_jokeList.clear();
+    const bool isFetched = loggingFailure([this] { m_jokeList = m_context.fetch(fetchRequest()); });
+    m_filteredJokeList = m_jokeList;
+    if (isFetched)
+        jokesFetched();
+    listOnShowChanged();
+    m_table.reload();
+}
+
+FetchRequest<Jokes> SegmentedJokeListController::fetchRequest() const
+{
+    FetchRequest<Jokes> request = Jokes::fetchRequest();
+    if (!m_sortAsc)
+        return request;
+    request.sortDescriptors = sortDescriptors(*m_sortAsc ? SortOrder::Ascending : SortOrder::Descending);
+    if (m_selectedSegment == FavoritesMode)
+        request.predicate = Predicate<Jokes>("favorite == %i", 1);
+    return request;
+}
+
+void SegmentedJokeListController::setSortAsc(bool ascending)
+{
+    m_sortAsc = ascending;
+    emit sortAscChanged();
+    fetch();
+}
+
+void SegmentedJokeListController::setSelectedSegment(int segment)
+{
+    if (segment == m_selectedSegment)
+        return;
+    m_selectedSegment = segment;
+    segmentedControlAction();
+}
+
+void SegmentedJokeListController::segmentedControlAction()
+{
+    const auto mode = static_cast<std::size_t>(m_selectedSegment);
+    m_searchPlaceholder = mode < ModesTexts.size() ? ModesTexts[mode].placeholder.toString() : QString();
+    emit selectedSegmentChanged();
+    fetch();
+}
+
+QStringList SegmentedJokeListController::segmentTitles() const
+{
+    QStringList titles;
+    for (const ModeTexts& texts : ModesTexts)
+        titles.append(texts.title.toString());
+    return titles;
+}
+
+void SegmentedJokeListController::setSearchText(const QString& text)
+{
+    if (text == m_searchText)
+        return;
+    m_searchText = text;
+    emit searchTextChanged();
+    updateSearchResults();
+}
+
+void SegmentedJokeListController::updateSearchResults()
+{
+    const auto mode = static_cast<std::size_t>(m_selectedSegment);
+    if (!isSearching())
+        m_filteredJokeList = m_jokeList;
+    else if (mode < SearchedAttributes.size())
+        m_filteredJokeList = TextSearch(m_searchText).filter(m_jokeList, SearchedAttributes[mode]);
+    listOnShowChanged();
+    m_table.reload();
+}
+
+int SegmentedJokeListController::numberOfRows() const
+{
+    return static_cast<int>(listOnShow().size());
+}
+
+void SegmentedJokeListController::removeFromListOnShow(int row)
+{
+    m_table.removeRow(row, [this, row] {
+        JokeArray& list = isSearching() ? m_filteredJokeList : m_jokeList;
+        list.erase(list.begin() + row);
+    });
+}
+
+} // namespace giggle

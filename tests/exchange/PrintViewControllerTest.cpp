@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/PrintViewController.h"
+
+#include "store/PreferenceKeys.h"
+#include "tests/support/ScreenFixture.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+namespace giggle {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+const std::string Header = "From: Giggle Archives App for iPhone and iPad\n\n";
+
+std::string documentOf(const std::vector<std::string>& jokes)
+{
+    std::string text = Header;
+    for (const std::string& joke : jokes)
+        text += joke + "\n" + std::string(34, '-') + "\n\n\n";
+    return text;
+}
+
+class PrintViewControllerTest : public ScreenFixture {
+protected:
+    void fill()
+    {
+        addJoke({.category = "b", .rating = "x", .favorite = true, .joke = "1"});
+        addJoke({.category = "a", .rating = "y", .joke = "3 don't \u00e9\u00a0\n^"});
+        addJoke({.category = "b", .joke = "2"});
+        addJoke({.rating = "y", .favorite = true, .joke = "4"});
+    }
+
+    [[nodiscard]] std::string document() { return *screen.printTextView()->text(); }
+
+    [[nodiscard]] QString file() const
+    {
+        return system.platform.documentsFolder + QStringLiteral("/GiggleArchives.txt");
+    }
+
+    PrintViewController screen{environment};
+};
+
+TEST_F(PrintViewControllerTest, TheDocumentFollowsTheList)
+{
+    using enum SegmentedJokeListController::Mode;
+    const std::string three = "3 don't \u00e9\u00a0\n^";
+
+    const struct {
+        int segment;
+        bool ascending;
+        const char* search;
+        std::vector<std::string> jokes;
+    } cases[] = {
+        {CategoryMode, true, "", {"4", three, "1", "2"}},
+        {CategoryMode, false, "", {"1", "2", three, "4"}}, // the second key stays as it is
+        {RatingMode, true, "", {"2", "1", three, "4"}},
+        {JokeMode, false, "", {"4", three, "2", "1"}},
+        {FavoritesMode, true, "", {"1", "4"}},
+        {FavoritesMode, false, "", {"4", "1"}},
+        {CategoryMode, true, "B", {"1", "2"}},
+        {RatingMode, true, "y", {three, "4"}},
+        {JokeMode, true, "\u00c9", {three}},
+        {JokeMode, true, "nothing", {}},
+        {FavoritesMode, true, "nothing", {"1", "4"}}, // filters nothing there
+    };
+
+    fill();
+    screen.viewDidLoad();
+    EXPECT_EQ(screen.searchPlaceholder(), QStringLiteral("Search by Name"));
+    for (const auto& one : cases) {
+        SCOPED_TRACE(&one - cases);
+        screen.setSearchText({});
+        screen.setSelectedSegment(one.segment);
+        screen.setSortAsc(one.ascending);
+        screen.setSearchText(QString::fromUtf8(one.search));
+        EXPECT_EQ(document(), documentOf(one.jokes));
+        EXPECT_EQ(screen.numberOfRows(), int(one.jokes.size()));
+    }
+    EXPECT_EQ(screen.searchPlaceholder(), QStringLiteral("Search by Favorite"));
+    mainQueue.advance(0ms);
+    EXPECT_TRUE(navigator.alerts.empty());
+}
+
+TEST_F(PrintViewControllerTest, RowsFilterTheJokeAndFallBackToTheDefaultFont)
+{
+    userDefaults.setText(PreferenceKeys::ListFontName, QStringLiteral("No Such Font"));
+    fill();
+    screen.viewDidLoad();
+    const auto cell = screen.cellForRow(0).value<PrintListTableViewCell>();
+    EXPECT_EQ(cell.accessibleName(), QStringLiteral("4, Category: N/A, Rating: y"));
+    EXPECT_EQ(cell.fontFamily, QStringLiteral("Arial"));
+    EXPECT_EQ(screen.cellForRow(1).value<PrintListTableViewCell>().JokeLabel, QStringLiteral("3 dont \n\n"));
+}
+
+TEST_F(PrintViewControllerTest, EveryFetchWithoutJokesIsSaid)
+{
+    screen.viewDidLoad();
+    EXPECT_TRUE(navigator.alerts.empty());
+    mainQueue.advance(0ms);
+    ASSERT_EQ(navigator.alerts.size(), 1U);
+    EXPECT_EQ(navigator.alerts[0].title, QStringLiteral("Print Jokes"));
+    EXPECT_EQ(navigator.alerts[0].message, QStringLiteral("There are no Jokes entered to print."));
+    EXPECT_EQ(document(), Header);
+    addJoke({.joke = "no favourite"});
+    for (const auto& [segment, alerts] : {std::pair(2, 1U), std::pair(3, 2U)}) {
+        screen.setSelectedSegment(segment);
+        mainQueue.advance(0ms);
+        EXPECT_EQ(navigator.alerts.size(), alerts);
+    }
+}
+
+TEST_F(PrintViewControllerTest, AJokeWithoutATextEndsTheProgramWhereItIsListed)
+{
+    addJoke({.favorite = true, .joke = "x"});
+    addJoke({.favorite = false});
+    EXPECT_DEATH(screen.viewDidLoad(), "Fatal error: A joke without a text cannot be printed.");
+}
+
+TEST_F(PrintViewControllerTest, PrintingSaysTheDocumentAndTheOutcomeOnTheConsole)
+{
+    addJoke({.joke = "Hello"});
+    screen.viewDidLoad();
+    testing::internal::CaptureStdout();
+    screen.PrintNotes();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), documentOf({"Hello"}) + '\n');
+    ASSERT_EQ(system.printPanel.presented.size(), 1U);
+    EXPECT_EQ(system.printPanel.presented[0].text.toStdString(), documentOf({"Hello"}));
+
+    const struct {
+        PrintOutcome outcome;
+        const char* console;
+    } cases[] = {
+        {{true, {}}, "Image is Printed\n"}, {{false, {}}, "\n"}, {{false, QStringLiteral("no paper")}, ""}};
+
+    for (const auto& one : cases) {
+        testing::internal::CaptureStdout();
+        system.printPanel.presented[0].finished(one.outcome);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), one.console);
+    }
+}
+
+TEST_F(PrintViewControllerTest, TheDocumentIsMailedAsAFile)
+{
+    const std::string text = "no-break\u00a0space, \u2028, \r";
+    addJoke({.joke = text});
+    screen.viewDidLoad();
+    screen.EmailFile();
+    const QByteArray document = QByteArray::fromStdString(documentOf({text}));
+    Mail expected;
+    expected.subject = QStringLiteral("Giggle Archives");
+    expected.attachments = {{document, QStringLiteral("text/txt"), file()}};
+    EXPECT_THAT(system.mailComposer.presented, ElementsAre(expected));
+    EXPECT_EQ(readBytes(file()), document);
+
+    // Not the file of last time.
+    QFile::remove(file());
+    ASSERT_TRUE(QDir().mkdir(file()));
+    testing::internal::CaptureStderr();
+    screen.EmailFile();
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("cannot be written"));
+    EXPECT_TRUE(system.mailComposer.presented.back().attachments.empty());
+
+    system.mailComposer.canSend = false;
+    ASSERT_TRUE(QDir().rmdir(file()));
+    screen.EmailFile();
+    EXPECT_EQ(system.mailComposer.presented.size(), 2U);
+    EXPECT_EQ(readBytes(file()), document);
+    ASSERT_EQ(navigator.alerts.size(), 1U);
+    EXPECT_EQ(navigator.alerts[0].title, QStringLiteral("Sending Email"));
+    EXPECT_EQ(navigator.alerts[0].message, QStringLiteral("Email not Setup or Unavailable"));
+}
+
+TEST_F(PrintViewControllerTest, SharesTheDocumentOnShowWhateverBecomesOfTheJokes)
+{
+    Jokes& joke = addJoke({.joke = "before"});
+    screen.viewDidLoad();
+    joke.setJoke("after");
+    screen.shareButtonClicked();
+    screen.PrintNotes();
+    ASSERT_EQ(system.shareSheet.presented.size(), 1U);
+    EXPECT_EQ(std::get<SharedText>(system.shareSheet.presented[0].items.at(0)).text.toStdString(),
+              documentOf({"before"}));
+    EXPECT_EQ(system.printPanel.presented.at(0).text.toStdString(), documentOf({"before"}));
+    system.messageCapability.canSend = false;
+    screen.shareButtonClicked();
+    mainQueue.advance(0ms);
+    EXPECT_EQ(system.shareSheet.presented.size(), 1U);
+    ASSERT_EQ(navigator.alerts.size(), 1U);
+    EXPECT_EQ(navigator.alerts[0].message, QStringLiteral("Your device is not able to send text messages."));
+}
+
+} // namespace
+
+} // namespace giggle

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/InterfaceFixture.h"
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class PrintPage : public InterfaceFixture {
+protected:
+    void fill()
+    {
+        skipSeeding();
+        insertJoke(context(), {.category = "Puns", .id = 1, .joke = "Pop"});
+        insertJoke(context(),
+                   {.category = "Animal", .rating = "Mild", .id = 2, .favorite = true, .joke = "Moo"});
+        context().save();
+    }
+
+    /// The rows of the jokes, and below them the lines of the document, without the dashed and the empty
+    /// ones.
+    QStringList items()
+    {
+        QStringList lines = names(QAccessible::ListItem);
+        lines.removeIf([](const QString& line) { return line.isEmpty() || line.startsWith(u"----"); });
+        return lines;
+    }
+
+    const QString header = u"From: Giggle Archives App for iPhone and iPad"_qs;
+    const QString moo = u"Moo, Category: Animal, Rating: Mild"_qs;
+    const QString pop = u"Pop, Category: Puns, Rating: N/A"_qs;
+};
+
+TEST_F(PrintPage, TheDocumentFollowsSegmentsAndSearch)
+{
+    fill();
+    openWindow();
+    openArea(u"Print"_qs);
+    waitFor(QAccessible::List, u"Document"_qs);
+    EXPECT_TRUE(waitUntil([&] { return items() == QStringList({moo, pop, header, u"Moo"_qs, u"Pop"_qs}); }));
+    EXPECT_FALSE(find(QAccessible::CheckBox, u"Favorite"_qs));
+    waitFor(QAccessible::EditableText, u"Search by Name"_qs);
+    key(Qt::Key_F, Qt::ControlModifier);
+    type(u"PUN"_qs);
+    EXPECT_TRUE(waitUntil([&] { return items() == QStringList({pop, header, u"Pop"_qs}); }));
+    press(QAccessible::RadioButton, u"Favorites"_qs);
+    waitFor(QAccessible::EditableText, u"Search by Favorite"_qs);
+    EXPECT_TRUE(waitUntil([&] { return items() == QStringList({moo, header, u"Moo"_qs}); }));
+}
+
+TEST_F(PrintPage, ButtonsHandTheDocumentOn)
+{
+    fill();
+    openWindow({720, 360});
+    openArea(u"Print"_qs);
+    press(QAccessible::Button, u"Email"_qs);
+    press(QAccessible::Button, u"Share"_qs);
+    press(QAccessible::Button, u"Print"_qs);
+    key(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(system().mailComposer.presented.size(), 1U);
+    EXPECT_EQ(system().shareSheet.presented.size(), 1U);
+    EXPECT_EQ(system().printPanel.presented.size(), 2U);
+}
+
+TEST_F(PrintPage, ListEditorAndBreakdownPrintAndShareToo)
+{
+    fill();
+    openWindow();
+    const auto printAndShare = [&](const QString& printed) {
+        press(QAccessible::Button, u"Share"_qs);
+        press(QAccessible::Button, u"Print"_qs);
+        EXPECT_TRUE(system().printPanel.presented.back().text.startsWith(printed));
+    };
+    openArea(u"Joke List"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    printAndShare(u"Moo\n-"_qs);
+    press(QAccessible::ListItem, moo);
+    waitFor(QAccessible::Button, u"Larger text"_qs);
+    waitUntil([&] { return !find(QAccessible::List, u"Joke List"_qs); });
+    printAndShare(header + u"\n\nMoo\n\n-"_qs);
+    press(QAccessible::Button, u"Back"_qs); // and nobody asks about changes
+    waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
+    waitUntil([&] { return !find(QAccessible::Button, u"Larger text"_qs); });
+    press(QAccessible::Button, u"Back"_qs);
+    waitFor(QAccessible::Button, u"Menu"_qs);
+    openArea(u"Jokes by Category"_qs);
+    press(QAccessible::ListItem, u"Puns, 1"_qs);
+    waitFor(QAccessible::Heading, u"1 Jokes"_qs);
+    printAndShare(u"Pop\n-"_qs);
+    EXPECT_EQ(system().shareSheet.presented.size(), 3U);
+    EXPECT_EQ(system().printPanel.presented.size(), 3U);
+}
+
+} // namespace
+
+} // namespace giggle

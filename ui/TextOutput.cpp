@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "ui/TextOutput.h"
+
+#include "platform/MessageCapability.h"
+#include "platform/Platform.h"
+#include "platform/ShareSheet.h"
+#include "store/Console.h"
+#include "ui/MainQueue.h"
+#include "ui/Screen.h"
+
+#include <QFile>
+#include <QPointer>
+
+#include <utility>
+
+namespace giggle {
+
+void presentLater(Screen& screen, ScreenEnvironment& environment, Alert alert)
+{
+    environment.mainQueue.async(
+        [screen = QPointer(&screen), &navigator = environment.navigator, alert = std::move(alert)] {
+            if (screen)
+                navigator.present(alert);
+        });
+}
+
+void shareText(Screen& screen, ScreenEnvironment& environment, const std::function<QString()>& compose)
+{
+    if (environment.platform.messageCapability.canSendText())
+        environment.platform.shareSheet->present({SharedText{compose()}}, {});
+    else
+        presentLater(screen, environment,
+                     {QStringLiteral("Can't Send Text Message"),
+                      QStringLiteral("Your device is not able to send text messages."),
+                      {{QStringLiteral("OK"), {}}}});
+}
+
+void logPrintFailure(const PrintOutcome& outcome)
+{
+    if (!outcome.failure.isEmpty())
+        printFailure(outcome.failure);
+}
+
+void printText(ScreenEnvironment& environment, AttributedText text,
+               std::function<void(const PrintOutcome&)> finished)
+{
+    environment.platform.printPanel->present(std::move(text), QStringLiteral("Giggle Archives"),
+                                             std::move(finished));
+}
+
+void sendMail(ScreenEnvironment& environment, const std::function<Mail()>& compose)
+{
+    MailComposer& mailComposer = environment.platform.mailComposer;
+    if (!mailComposer.canSendMail()) {
+        environment.navigator.present({QStringLiteral("Sending Email"),
+                                       QStringLiteral("Email not Setup or Unavailable"),
+                                       {{QStringLiteral("OK"), {}}}});
+        return;
+    }
+    mailComposer.present(compose(), [](const QString& failure) {
+        if (!failure.isEmpty())
+            printFailure(failure);
+    });
+}
+
+std::vector<MailAttachment> attachmentOf(const QString& path, const QString& mimeType,
+                                         const QString& fileName)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return {{file.readAll(), mimeType, fileName}};
+}
+
+} // namespace giggle
