@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A field whose names can also be picked: a press on it, or an arrow key, shows the page's picker, which is told
-// by `picker`. What is picked comes as `picked` with the row; anything may be typed all the same.
+// by `picker`. What is picked comes as `picked` with the row. Anything may be typed all the same, unless the field
+// is read-only: letters then pick the first name that begins with them.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -12,18 +13,29 @@ FormField {
     required property PickerSheet picker
     /// Texts.
     required property var choices
+    /// Where the names do not all look the same: a function that gives the look of a row.
+    property var lookOf: null
     readonly property bool isPicking: picker.field === control
 
     signal picked(int row)
 
     ornamentWidth: Theme.iconSize
-    onPressed: picker.show(control, choices)
+    onPressed: open()
     onAccepted: picker.field = null
     onActiveFocusChanged: if (!activeFocus && isPicking)
         picker.field = null
 
     Keys.onUpPressed: step(-1)
     Keys.onDownPressed: step(1)
+    Keys.onPressed: event => {
+        if (!readOnly || event.text.length === 0 || event.modifiers & (Qt.ControlModifier | Qt.AltModifier))
+            return;
+        event.accepted = event.text >= " ";
+        if (event.accepted) {
+            open();
+            picker.pickBeginningWith(event.text);
+        }
+    }
     Keys.onEscapePressed: event => {
         event.accepted = isPicking;
         if (isPicking)
@@ -35,7 +47,7 @@ FormField {
         y: control.inputArea.y + (control.inputArea.height - height) / 2
         sourceSize.width: Theme.iconSize
         sourceSize.height: Theme.iconSize
-        source: Theme.icon("unfold", Theme.dark)
+        source: Theme.icon("unfold", control.fill.hslLightness < 0.5)
         opacity: 0.7
     }
 
@@ -50,10 +62,13 @@ FormField {
 
     /// The first arrow key shows the picker, the next ones pick.
     function step(by: int) {
-        if (!isPicking) {
-            picker.show(control, choices);
-            return;
-        }
-        picker.pickNext(by);
+        if (isPicking)
+            picker.pickNext(by);
+        else
+            open();
+    }
+
+    function open() {
+        picker.show(control, choices, lookOf);
     }
 }

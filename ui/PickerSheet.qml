@@ -13,6 +13,8 @@ Rectangle {
     /// The field that is being filled in, or none, and the names for it: texts.
     property FormField field: null
     property var choices: []
+    /// Gives the look of a row (a pickerRowLook), where the rows do not all look the same.
+    property var lookOf: null
     readonly property int rowHeight: Math.max(Theme.touchTarget, Theme.bodySize + 2 * Theme.unit)
     property real maximumHeight: 300
 
@@ -66,6 +68,7 @@ Rectangle {
     }
     Rectangle {
         anchors.centerIn: wheel
+        z: 1 // rows may have a ground
         width: Math.min(wheel.width - 2 * Theme.unit, Theme.readableWidth / 2 * Theme.textScale)
         height: sheet.rowHeight
         radius: Theme.fieldRadius
@@ -104,6 +107,7 @@ Rectangle {
             required property int index
             required property string modelData
             readonly property bool isPicked: modelData === (sheet.field?.text ?? "")
+            readonly property var look: sheet.lookOf ? sheet.lookOf(index) : null
 
             width: wheel.width
             height: sheet.rowHeight
@@ -114,16 +118,23 @@ Rectangle {
             leftPadding: 3 * Theme.unit
             rightPadding: 3 * Theme.unit
             elide: Text.ElideRight
-            color: isPicked ? Theme.accentText : Theme.text
-            opacity: 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
-            font.bold: true
-            font.pixelSize: Theme.bodySize
+            color: look ? look.ink : isPicked ? Theme.accentText : Theme.text
+            opacity: look ? 1 : 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
+            font.family: look ? look.font.family : Qt.application.font.family
+            font.bold: !look
+            font.pixelSize: look ? Theme.jokeSize(look.font.pixelSize) : Theme.bodySize
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData
             Accessible.selectable: true
             Accessible.selected: isPicked
             Accessible.onPressAction: sheet.pick(index)
 
+            Rectangle {
+                anchors.fill: parent
+                z: -1
+                visible: choice.look !== null
+                color: choice.look?.ground ?? "transparent"
+            }
             MouseArea {
                 anchors.fill: parent
                 onClicked: sheet.pick(choice.index)
@@ -161,9 +172,27 @@ Rectangle {
         picked(row);
     }
 
+    /// Picks the first name that begins with the letters typed one soon after the other.
+    function pickBeginningWith(letter: string) {
+        typing.letters = (typing.running ? typing.letters : "") + letter.toLowerCase();
+        typing.restart();
+        const row = choices.findIndex(name => name.toLowerCase().startsWith(typing.letters));
+        if (row >= 0)
+            pick(row);
+    }
+
+    Timer {
+        id: typing
+
+        property string letters
+
+        interval: 1000
+    }
+
     /// Shows the names for a field, with the field's own in the middle.
-    function show(newField: FormField, names: var) {
+    function show(newField: FormField, names: var, newLookOf: var) {
         field = newField;
+        lookOf = newLookOf ?? null;
         choices = names;
         wheel.showChoice();
     }
