@@ -61,7 +61,7 @@ AppPage {
                     textFont.pixelSize: Theme.jokeSize(page.screen.listFont.pixelSize)
                     picker: picker
                     choices: page.screen.fontList
-                    lookOf: row => page.screen.viewForRow(row, DefaultsViewController.FontPicker)
+                    looks: page.screen.fontLooks
                     text: page.screen.ListFontTextField
                     onPicked: row => page.screen.didSelectRow(row, DefaultsViewController.FontPicker)
                     onIsPickingChanged: page.follow(isPicking, DefaultsViewController.FontPicker)
@@ -139,7 +139,7 @@ AppPage {
                         horizontalAlignment: TextInput.AlignHCenter
                         picker: picker
                         choices: page.screen.colorList
-                        lookOf: row => page.screen.viewForRow(row, DefaultsViewController.ColorPicker)
+                        looks: page.screen.colorLooks
                         text: page.screen.FontColorTextField
                         onPicked: row => page.screen.didSelectRow(row, DefaultsViewController.ColorPicker)
                         onIsPickingChanged: page.follow(isPicking, DefaultsViewController.ColorPicker)

@@ -97,7 +97,7 @@ void DefaultsViewController::showColor()
     emit fontColorTextFieldChanged();
 }
 
-PickerRowLook DefaultsViewController::viewForRow(int row, Picker picker)
+PickerRowLook DefaultsViewController::viewForRow(int row, Picker picker) const
 {
     const QString name = (picker == FontPicker ? m_fontList : m_colorList).value(row);
     if (picker == FontPicker)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/PickerRowLook.h"
+#include "ui/PickerLooks.h"
 #include "ui/Screen.h"
 
 #include <QColor>
@@ -40,6 +40,8 @@ class DefaultsViewController : public giggle::Screen {
     Q_PROPERTY(double greatestListStepper READ greatestListStepper CONSTANT)
     Q_PROPERTY(QStringList fontList READ fontList NOTIFY listsLoaded)
     Q_PROPERTY(QStringList colorList READ colorList NOTIFY listsLoaded)
+    Q_PROPERTY(giggle::PickerLooks* fontLooks READ fontLooks CONSTANT)
+    Q_PROPERTY(giggle::PickerLooks* colorLooks READ colorLooks CONSTANT)
 
 public:
     /// The pickers, by their tags.
@@ -91,9 +93,12 @@ public:
 
     [[nodiscard]] const QStringList& colorList() const { return m_colorList; }
 
-    /// How a row is drawn: a font's name in the font, a colour's in the colour.
-    [[nodiscard]] Q_INVOKABLE giggle::PickerRowLook viewForRow(int row,
-                                                               giggle::DefaultsViewController::Picker picker);
+    /// How the rows are drawn: a font's name in the font, a colour's in the colour.
+    [[nodiscard]] PickerRowLook viewForRow(int row, Picker picker) const;
+
+    [[nodiscard]] PickerLooks* fontLooks() { return &m_fontLooks; }
+
+    [[nodiscard]] PickerLooks* colorLooks() { return &m_colorLooks; }
 
 public slots:
     /// A row was chosen in a picker: its field shows it, and its editing has begun. A row that the picker
@@ -141,6 +146,8 @@ private:
     QStringList m_fontList;
     QStringList m_colorList;
     Editing m_editing = Editing::Nothing;
+    PickerLooks m_fontLooks{[this](int row) { return viewForRow(row, FontPicker); }};
+    PickerLooks m_colorLooks{[this](int row) { return viewForRow(row, ColorPicker); }};
 };
 
 } // namespace giggle

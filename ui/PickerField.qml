@@ -13,8 +13,8 @@ FormField {
     required property PickerSheet picker
     /// Texts.
     required property var choices
-    /// Where the names do not all look the same: a function that gives the look of a row.
-    property var lookOf: null
+    /// Where the names do not all look the same.
+    property PickerLooks looks: null
     readonly property bool isPicking: picker.field === control
 
     signal picked(int row)
@@ -69,6 +69,6 @@ FormField {
     }
 
     function open() {
-        picker.show(control, choices, lookOf);
+        picker.show(control, choices, looks);
     }
 }

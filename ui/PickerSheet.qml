@@ -13,8 +13,8 @@ Rectangle {
     /// The field that is being filled in, or none, and the names for it: texts.
     property FormField field: null
     property var choices: []
-    /// Gives the look of a row (a pickerRowLook), where the rows do not all look the same.
-    property var lookOf: null
+    /// Where the rows do not all look the same.
+    property PickerLooks looks: null
     readonly property int rowHeight: Math.max(Theme.touchTarget, Theme.bodySize + 2 * Theme.unit)
     property real maximumHeight: 300
 
@@ -107,7 +107,7 @@ Rectangle {
             required property int index
             required property string modelData
             readonly property bool isPicked: modelData === (sheet.field?.text ?? "")
-            readonly property var look: sheet.lookOf ? sheet.lookOf(index) : null
+            readonly property var look: sheet.looks ? sheet.looks.lookOf(index) : null
 
             width: wheel.width
             height: sheet.rowHeight
@@ -190,9 +190,9 @@ Rectangle {
     }
 
     /// Shows the names for a field, with the field's own in the middle.
-    function show(newField: FormField, names: var, newLookOf: var) {
+    function show(newField: FormField, names: var, newLooks: PickerLooks) {
         field = newField;
-        lookOf = newLookOf ?? null;
+        looks = newLooks;
         choices = names;
         wheel.showChoice();
     }
