@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/DailyCopying.h"
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
@@ -98,6 +99,8 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     Preferences userDefaults(places.preferenceFile());
     AppDelegate appDelegate(places.collectionFolder());
     appDelegate.applicationDidFinishLaunching();
+
+    const DailyCopying dailyCopying(appDelegate);
 
     PortalInterfaceStyle interfaceStyle;
     LinuxFonts fonts;

@@ -18,6 +18,7 @@ AppPage {
     FormScroller {
         anchors.fill: parent
         name: page.title
+        endsEditingOnTap: false
 
         FormTextArea {
             Layout.fillWidth: true
@@ -38,7 +39,7 @@ AppPage {
                 Layout.preferredWidth: 1
                 objectName: "ExportButton"
                 text: qsTr("Export")
-                focus: true
+                focus: page.screen.isExportButtonEnabled
                 enabled: page.screen.isExportButtonEnabled
                 onClicked: page.screen.CreateUpdateFile()
             }
@@ -47,6 +48,7 @@ AppPage {
                 Layout.preferredWidth: 1
                 objectName: "SaveButton"
                 text: qsTr("Save To Files")
+                focus: page.screen.isSaveButtonEnabled // the other has done its work
                 enabled: page.screen.isSaveButtonEnabled
                 onClicked: page.screen.SaveToFiles()
             }

@@ -12,6 +12,7 @@
 #include "store/StoreError.h"
 #include "ui/AtomicFile.h"
 #include "ui/MainQueue.h"
+#include "ui/StoreCalls.h"
 
 #include <QDir>
 #include <QFile>
@@ -60,6 +61,14 @@ QString ExportViewController::helpTextView()
 ManagedObjectContext& ExportViewController::viewContext() const
 {
     return environment().appDelegate.persistentContainer().viewContext();
+}
+
+void ExportViewController::viewDidAppear()
+{
+    environment().mainQueue.async([self = QPointer(this)] {
+        if (self)
+            loggingFailure([&] { (void)self->viewContext().fetch(ExchangeWriter::jokesRequest()); });
+    });
 }
 
 void ExportViewController::CreateUpdateFile()
@@ -176,16 +185,21 @@ void ExportViewController::WriteTextFile()
 {
     const QString path = filePath();
     (void)writeAtomically(path, *m_exportTextView.text()); // the mail shows what came of it
-    FileText written = readUtf8File(path);
-    if (written.text &&
-        *written.text != *m_exportTextView.text()) // the same text keeps its place in the view
-        m_exportTextView.setText(std::move(*written.text));
+    showWritten(path);
     if (environment().platform.mailComposer.canSendMail())
         composeMail(path);
     else
         environment().navigator.present({QStringLiteral("Sending Email"),
                                          QStringLiteral("Email not Setup or Unavailable"),
                                          {{QStringLiteral("OK"), {}}}});
+}
+
+void ExportViewController::showWritten(const QString& path)
+{
+    FileText written = readUtf8File(path);
+    // The same text keeps its place in the view.
+    if (written.text && *written.text != *m_exportTextView.text())
+        m_exportTextView.setText(std::move(*written.text));
 }
 
 void ExportViewController::composeMail(const QString& path)

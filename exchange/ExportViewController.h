@@ -28,8 +28,8 @@ class ExportViewController : public giggle::Screen {
     Q_PROPERTY(giggle::LargeTextModel* ExportTextView READ exportTextView CONSTANT)
     Q_PROPERTY(double ProgressView READ progressView NOTIFY progressViewChanged)
     Q_PROPERTY(QString HelpTextView READ helpTextView CONSTANT)
-    Q_PROPERTY(bool isActivityIndicatorAnimating READ isActivityIndicatorAnimating NOTIFY
-                   activityIndicatorChanged)
+    Q_PROPERTY(
+        bool isActivityIndicatorAnimating READ isActivityIndicatorAnimating NOTIFY activityIndicatorChanged)
 
 public:
     using Screen::Screen;
@@ -50,6 +50,9 @@ public:
     [[nodiscard]] static QString helpTextView();
 
     [[nodiscard]] bool isActivityIndicatorAnimating() const { return m_isActivityIndicatorAnimating; }
+
+    /// Has the collection read and in order, so that the export button need not wait for that.
+    void viewDidAppear() override;
 
 public slots:
     /// The export button: builds the file's text. A collection that cannot be read ends the program.
@@ -83,6 +86,7 @@ private:
     void showProgress();
     void setActivityIndicatorAnimating(bool animating);
     [[nodiscard]] QString filePath() const;
+    void showWritten(const QString& path);
     void composeMail(const QString& path);
     [[nodiscard]] ManagedObjectContext& viewContext() const;
 

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The way to the export and to the import.
+// The way to the export and to the import: two buttons in the middle.
+pragma ComponentBehavior: Bound
+
+import QtQuick
 import QtQuick.Layouts
 import GiggleArchives
 
@@ -10,24 +13,33 @@ AppPage {
 
     title: screen.title
 
+    component WayButton: AppButton {
+        Layout.fillWidth: true
+        Layout.maximumWidth: 400
+        Layout.alignment: Qt.AlignHCenter
+    }
+
     FormScroller {
         anchors.fill: parent
         name: page.title
 
-        AppButton {
-            Layout.fillWidth: true
-            Layout.topMargin: Theme.unit
+        Item {
+            Layout.fillHeight: true
+        }
+        WayButton {
             text: qsTr("Export Jokes")
             focus: true
+            KeyNavigation.down: importButton
             onClicked: page.screen.performSegue(Segues.ExportJokes)
         }
-        AppButton {
-            Layout.fillWidth: true
-            Layout.alignment: Qt.AlignTop
-            Layout.fillHeight: true
-            Layout.maximumHeight: implicitHeight
+        WayButton {
+            id: importButton
+
             text: qsTr("Import Jokes")
             onClicked: page.screen.performSegue(Segues.ImportJokes)
+        }
+        Item {
+            Layout.fillHeight: true
         }
     }
 }

@@ -15,6 +15,7 @@ AppPage {
     FormScroller {
         anchors.fill: parent
         name: page.title
+        endsEditingOnTap: false
 
         FormTextArea {
             Layout.fillWidth: true
@@ -35,7 +36,7 @@ AppPage {
                 Layout.preferredWidth: 1
                 objectName: "LoadFileButton"
                 text: qsTr("Load File")
-                focus: true
+                focus: page.screen.isLoadFileButtonEnabled
                 enabled: page.screen.isLoadFileButtonEnabled
                 onClicked: page.screen.LoadFile()
             }
@@ -44,6 +45,7 @@ AppPage {
                 Layout.preferredWidth: 1
                 objectName: "ImportButton"
                 text: qsTr("Import")
+                focus: page.screen.isImportButtonEnabled
                 enabled: page.screen.isImportButtonEnabled
                 onClicked: page.screen.ImportTextFile()
             }

@@ -3,6 +3,8 @@
 
 #include "store/FatalError.h"
 
+#include <utility>
+
 namespace giggle {
 
 namespace {
@@ -27,6 +29,7 @@ PersistentContainer& AppDelegate::persistentContainer()
     if (!m_persistentContainer) {
         m_persistentContainer.emplace(ContainerName, m_collectionFolder);
         m_persistentContainer->loadPersistentStores(endProgramOnError(SourceFile, LoadLine));
+        m_persistentContainer->viewContext().setSaveListener(m_saveListener);
     }
     return *m_persistentContainer;
 }
@@ -41,6 +44,18 @@ void AppDelegate::saveContext()
     } catch (const StoreError& error) {
         fatalError(error.unresolvedErrorMessage(), SourceFile, SaveLine);
     }
+}
+
+QString AppDelegate::collectionFile() const
+{
+    return PersistentContainer(ContainerName, m_collectionFolder).path();
+}
+
+void AppDelegate::setSaveListener(std::function<void()> listener)
+{
+    m_saveListener = std::move(listener);
+    if (m_persistentContainer)
+        m_persistentContainer->viewContext().setSaveListener(m_saveListener);
 }
 
 void AppDelegate::loadSecondContainer(const char* sourceFile, int line) const

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace giggle {
@@ -31,8 +32,15 @@ public:
     /// the program in the name of @p sourceFile.
     void loadSecondContainer(const char* sourceFile, int line) const;
 
+    /// Where the collection lies or will lie.
+    [[nodiscard]] QString collectionFile() const;
+
+    /// Hears of every save of the collection that has written something. An empty one hears nothing.
+    void setSaveListener(std::function<void()> listener);
+
 private:
     QString m_collectionFolder;
+    std::function<void()> m_saveListener;
     std::optional<PersistentContainer> m_persistentContainer;
 };
 

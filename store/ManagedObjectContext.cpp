@@ -122,6 +122,8 @@ void ManagedObjectContext::save()
     m_jokes.changesWereSaved();
     m_categories.changesWereSaved();
     m_ratings.changesWereSaved();
+    if (m_saveListener)
+        m_saveListener();
 }
 
 void ManagedObjectContext::refuseForeignChanges()

@@ -10,6 +10,7 @@
 #include "store/Rating.h"
 #include "store/RecordTable.h"
 
+#include <functional>
 #include <memory>
 #include <unordered_set>
 
@@ -61,6 +62,9 @@ public:
     /// also when another program has changed the collection meanwhile, whose changes are then left alone.
     void save();
 
+    /// Hears of every save that has written something, at its end. An empty one hears nothing.
+    void setSaveListener(std::function<void()> listener) { m_saveListener = std::move(listener); }
+
     /// The highest id of a joke, nothing when no joke has one. Costs the same for every collection. Throws
     /// StoreError when the jokes cannot be read.
     [[nodiscard]] std::optional<std::int16_t> highestJokeId();
@@ -101,6 +105,7 @@ private:
     };
 
     std::unique_ptr<PersistentStore> m_store;
+    std::function<void()> m_saveListener;
     std::unordered_set<std::string, NameHash, std::equal_to<>> m_names;
     JokeIdIndex m_jokeIds;
     NameCounts m_categoryCounts;

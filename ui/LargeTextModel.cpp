@@ -29,9 +29,9 @@ bool continuesCharacter(char byte)
 std::size_t cutBefore(std::string_view text, std::size_t end)
 {
     constexpr std::size_t LongestWord = LargeTextModel::LongestPiece / 4;
-    const std::size_t blank = text.rfind(' ', end - 1);
-    if (blank != std::string_view::npos && end - blank <= LongestWord)
-        return blank + 1;
+    const std::string_view tail = text.substr(end - LongestWord, LongestWord);
+    if (const std::size_t blank = tail.rfind(' '); blank != std::string_view::npos)
+        return end - LongestWord + blank + 1;
     constexpr int MostContinuations = 3;
     std::size_t cut = end;
     for (int i = 0; i < MostContinuations && continuesCharacter(text[cut]); ++i)

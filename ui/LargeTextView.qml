@@ -82,6 +82,9 @@ FocusScope {
             ListView.onReused: pooled = false
         }
 
+        TapHandler {
+            onTapped: lines.forceActiveFocus(Qt.MouseFocusReason)
+        }
         Keys.onPressed: event => {
             if (event.matches(StandardKey.Copy)) {
                 control.content.copy();

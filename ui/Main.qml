@@ -153,6 +153,8 @@ ApplicationWindow {
     Loader {
         readonly property bool isWanted: window.documentPicker.isOpen
 
+        onStatusChanged: if (status === Loader.Error)
+            window.documentPicker.close()
         onIsWantedChanged: {
             if (isWanted) {
                 setSource("DocumentDialog.qml", {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A row of the share sheet: an icon and what pressing the row does.
 import QtQuick
+import QtQuick.Layouts
 import GiggleArchives
 
 AppButton {
@@ -11,26 +12,16 @@ AppButton {
     fill: Theme.yellow
     ink: Theme.brightInk
 
-    contentItem: Item {
-        implicitHeight: Math.max(icon.height, label.implicitHeight)
+    contentItem: RowLayout {
+        spacing: 2 * Theme.unit
 
         Image {
-            id: icon
-
-            anchors.verticalCenter: parent.verticalCenter
-            width: Theme.iconSize
-            height: Theme.iconSize
             source: row.iconName ? Theme.icon(row.iconName, false) : ""
             sourceSize.width: Theme.iconSize
             sourceSize.height: Theme.iconSize
         }
         Text {
-            id: label
-
-            anchors.left: icon.right
-            anchors.leftMargin: 2 * Theme.unit
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
             text: row.text
             textFormat: Text.PlainText
             font: row.font

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/WindowDocumentPicker.h"
 
+#include <QDir>
 #include <QStandardPaths>
 
 #include <utility>
@@ -8,8 +9,9 @@
 namespace giggle {
 
 WindowDocumentPicker::WindowDocumentPicker()
-    : m_folder(QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)))
 {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    m_folder = QUrl::fromLocalFile(QDir(documents).exists() ? documents : QDir::homePath());
 }
 
 void WindowDocumentPicker::pickDocument(Answer answer)

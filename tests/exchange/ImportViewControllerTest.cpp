@@ -63,22 +63,25 @@ TEST_F(ImportViewControllerTest, OddFilesGiveWhatCanBeHad)
     } cases[] = {
         {"empty", "", Wrong, {}},
         {"another text", "Dad^Mild^1^T^a\n", Wrong, {}},
-        {"byte-order mark", "\xEF\xBB\xBF" + Marker + "^^1^F^a\n", Completed, {"1|NULL|0|1|a|NULL"}},
-        {"carriage returns", "[GIGGLEARCHIVES]\r^^1^F^a\r", Completed, {"1|NULL|0|1|a|NULL"}},
-        {"no line end", Marker + "^^1^F^a", Completed, {"1|NULL|0|1|a|NULL"}},
+        {"byte-order mark", "\xEF\xBB\xBF" + Marker + "^^1^F^a\n", Completed, {"NULL|0|1|a|NULL"}},
+        {"carriage returns", "[GIGGLEARCHIVES]\r^^1^F^a\r", Completed, {"NULL|0|1|a|NULL"}},
+        {"no line end", Marker + "^^1^F^a", Completed, {"NULL|0|1|a|NULL"}},
         {"torn line",
          Marker + "^^1^F^a\nDad^Mil",
          Completed,
-         {"1|NULL|0|1|a|NULL", "2|Dad|NULL|NULL|NULL|Mil"}},
-        {"zero bytes", Marker + "^^1^F^a\0b\n"s, Completed, {"1|NULL|0|1|a\0b|NULL"s}},
-        {"long line", Marker + "^^1^F^" + longText, Completed, {"1|NULL|0|1|" + longText + "|NULL"}},
+         {"NULL|0|1|a|NULL", "Dad|NULL|NULL|NULL|Mil"}},
+        {"zero bytes", Marker + "^^1^F^a\0b\n"s, Completed, {"NULL|0|1|a\0b|NULL"s}},
+        {"long line", Marker + "^^1^F^" + longText, Completed, {"NULL|0|1|" + longText + "|NULL"}},
     };
 
     for (const auto& one : cases) {
         SCOPED_TRACE(one.name);
         writeBytes(file, QByteArray::fromStdString(one.bytes));
         EXPECT_THAT(import(file), ElementsAre(Loaded, one.outcome));
-        EXPECT_TRUE(rows() == one.rows); // without printing megabytes
+        std::vector<std::string> found = rows();
+        for (std::string& row : found) // each case begins with a number of its own
+            row.erase(0, row.find('|') + 1);
+        EXPECT_TRUE(found == one.rows); // without printing megabytes
         for (Jokes* joke : context().fetch(Jokes::fetchRequest()))
             context().deleteObject(*joke);
         context().save();
@@ -122,9 +125,15 @@ TEST_F(ImportViewControllerTest, AnIdOutOfRangeEndsTheProgramAndWhatIsAboveStays
     EXPECT_THAT(storedRows(folder.file()), ElementsAre("1|NULL|0|1|a|NULL"));
 }
 
-TEST_F(ImportViewControllerTest, ADiskThatFillsKeepsWholeLinesAndTheRestComesWithALaterSave)
-{
+struct FaultyDisk {
     FaultyVfs disk;
+};
+
+/// The disk is there before the collection and after it.
+class ImportOnFaultyDiskTest : protected FaultyDisk, public ImportViewControllerTest {};
+
+TEST_F(ImportOnFaultyDiskTest, ADiskThatFillsKeepsWholeLinesAndTheRestComesWithALaterSave)
+{
     std::string text = Marker;
     for (int i = 1; i <= 50; ++i)
         text += "^^" + std::to_string(i) + "^F^joke " + std::to_string(i) + "\n";
@@ -139,11 +148,11 @@ TEST_F(ImportViewControllerTest, ADiskThatFillsKeepsWholeLinesAndTheRestComesWit
 
     CollectionFolder crashed;
     folder.copyAsAfterACrash(crashed);
+    disk.disarm();
     const auto kept = storedRows(crashed.file());
     EXPECT_LT(kept.size(), 50U);
     EXPECT_TRUE(std::equal(kept.begin(), kept.end(), rows().begin()));
 
-    disk.disarm();
     context().save();
     EXPECT_EQ(storedRows(folder.file()), rows());
 }

@@ -2,7 +2,9 @@
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QClipboard>
+#include <QDragEnterEvent>
 #include <QGuiApplication>
+#include <QMimeData>
 
 namespace giggle {
 
@@ -57,7 +59,9 @@ TEST_F(ExchangePages, AnExportIsShownCopiedAndSavedByTheSheet)
     const QString text = u"[GIGGLEARCHIVES]\nPuns^Mild^1^F^Pop\n\n[CATEGORY]\n\n[RATING]\n"_qs;
     EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
 
-    press(QAccessible::Button, u"Save To Files"_qs);
+    EXPECT_TRUE(
+        waitUntil([&] { return bool(find(QAccessible::Button, u"Save To Files"_qs)->state().focused); }));
+    key(Qt::Key_Return);
     waitFor(QAccessible::Dialog, u"Share"_qs);
     waitFor(QAccessible::Button, u"Open With"_qs);
     EXPECT_EQ(find(QAccessible::Button, u"Mail"_qs), nullptr);
@@ -95,6 +99,23 @@ TEST_F(ExchangePages, AnImportLeadsBackToTheMenu)
     EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 2U);
 }
 
+TEST_F(ExchangePages, TheWindowsOwnFileDialogOpensAndGivesTheKeyboardBack)
+{
+    system().platform.documentPicker = nullptr;
+    openWithAJoke();
+    openArea(u"Import / Export"_qs);
+    press(QAccessible::Button, u"Import Jokes"_qs);
+    waitForHeading(u"Import Jokes"_qs);
+    EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::Button, u"Load File"_qs)->state().focused); }));
+    key(Qt::Key_Return);
+    EXPECT_FALSE(isEnabled(u"Load File"_qs));
+    EXPECT_TRUE(waitUntil([&] {
+        key(Qt::Key_Escape); // nothing takes it before the dialog is there
+        return isEnabled(u"Load File"_qs);
+    }));
+    EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::Button, u"Load File"_qs)->state().focused); }));
+}
+
 TEST_F(ExchangePages, AFileFromOutsideWaitsForAlertsAndKeepsWhatIsTyped)
 {
     writeBytes(file, "[GIGGLEARCHIVES]\nDad^Mild^2^T^Two\n");
@@ -115,6 +136,21 @@ TEST_F(ExchangePages, AFileFromOutsideWaitsForAlertsAndKeepsWhatIsTyped)
     waitForHeading(u"Add Joke"_qs);
     EXPECT_EQ(waitFor(QAccessible::EditableText, u"Joke"_qs)->text(QAccessible::Value), u"half"_qs);
     EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 2U);
+}
+
+TEST_F(ExchangePages, AFileThatIsDroppedIsLoaded)
+{
+    writeBytes(file, "[GIGGLEARCHIVES]\nDad^Mild^2^T^Two\n");
+    openWithAJoke();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent enter({100, 300}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({100, 300}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &drop);
+    answer(u"Data Import"_qs);
+    waitFor(QAccessible::ListItem, u"Dad^Mild^2^T^Two"_qs);
 }
 
 TEST_F(ExchangePages, TheJokeListIsShared)
