@@ -55,7 +55,7 @@ AppPage {
                     labelColor: Theme.brightInk
                     borderColor: Theme.buttonBorder
                     ink: page.screen.listFontInk
-                    fill: ink.hslLightness > 0.5 ? Theme.surface : "white"
+                    fill: Theme.isDark(ink) ? "white" : Theme.surface
                     horizontalAlignment: TextInput.AlignHCenter
                     textFont.family: page.screen.listFont.family
                     textFont.pixelSize: Theme.jokeSize(page.screen.listFont.pixelSize)

@@ -15,18 +15,10 @@ FocusScope {
     required property PdfContent document
     readonly property real mostZoom: 5
     property real zoom: 1
+    /// Whether the user works with keys, and has to see what has the keyboard.
+    property bool usesKeys: false
     /// Pixels for a point.
     readonly property real scaleFactor: zoom * Math.min(scroller.width, 1.25 * Theme.readableWidth) / Math.max(1, document.widestPage)
-    /// The page that takes the middle of the view, from 0.
-    readonly property int currentPage: {
-        const middle = scroller.contentY + scroller.height / 2;
-        for (let i = 0; i < pages.count; ++i) {
-            const sheet = pages.itemAt(i);
-            if (sheet && sheet.y + sheet.height > middle)
-                return i;
-        }
-        return Math.max(0, pages.count - 1);
-    }
 
     Flickable {
         id: scroller
@@ -160,8 +152,6 @@ FocusScope {
             onClicked: view.zoomBy(1 / 1.25)
         }
     }
-
-    property bool usesKeys: false
 
     /// Zooms, and keeps what is at that place of the window where it is.
     function zoomAt(wanted: real, scenePosition: point) {

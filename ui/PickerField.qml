@@ -21,6 +21,11 @@ FormField {
 
     ornamentWidth: Theme.iconSize
     onPressed: open()
+    // Nobody but a program that reads the screen can put a text into a read-only field.
+    onEdited: text => {
+        if (readOnly && text !== control.text && choices.indexOf(text) >= 0)
+            picked(choices.indexOf(text));
+    }
     onAccepted: picker.field = null
     onActiveFocusChanged: if (!activeFocus && isPicking)
         picker.field = null
@@ -47,7 +52,7 @@ FormField {
         y: control.inputArea.y + (control.inputArea.height - height) / 2
         sourceSize.width: Theme.iconSize
         sourceSize.height: Theme.iconSize
-        source: Theme.icon("unfold", control.fill.hslLightness < 0.5)
+        source: Theme.icon("unfold", Theme.isDark(control.fill))
         opacity: 0.7
     }
 

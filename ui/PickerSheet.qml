@@ -67,6 +67,8 @@ Rectangle {
         }
     }
     Rectangle {
+        id: frame
+
         anchors.centerIn: wheel
         z: 1 // rows may have a ground
         width: Math.min(wheel.width - 2 * Theme.unit, Theme.readableWidth / 2 * Theme.textScale)
@@ -130,7 +132,10 @@ Rectangle {
             Accessible.onPressAction: sheet.pick(index)
 
             Rectangle {
-                anchors.fill: parent
+                anchors.centerIn: parent
+                width: frame.width
+                height: parent.height
+                radius: frame.radius
                 z: -1
                 visible: choice.look !== null
                 color: choice.look?.ground ?? "transparent"
