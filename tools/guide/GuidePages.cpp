@@ -20,7 +20,7 @@ constexpr double Margin = 26;
 constexpr double FooterHeight = 22;
 constexpr int PixelsPerInch = 96;
 constexpr int Resolution = 600;
-constexpr int PictureWidth = 480;
+constexpr int PictureWidth = 400;
 
 QString withoutMissingPictures(QString html, const QDir& pictures)
 {
@@ -35,7 +35,8 @@ QString withoutMissingPictures(QString html, const QDir& pictures)
     return html;
 }
 
-/// Sharp at three times the size it has on the page, in a frame. Without transparency it takes far less room.
+/// Sharp at more than twice the size it has on the page, in a frame. Without transparency it takes far less
+/// room.
 QImage pictureFrom(const QString& path)
 {
     QImage picture = QImage(path)
