@@ -32,10 +32,7 @@ PdfPageItem::PdfPageItem(QQuickItem* parent) : QQuickPaintedItem(parent)
 void PdfPageItem::paint(QPainter* painter)
 {
     const QRectF area(0, 0, width(), height());
-    if (m_image.isNull()) {
-        painter->fillRect(area, Qt::white);
-        return;
-    }
+    painter->fillRect(area, Qt::white); // a document only brings its ink
     painter->setRenderHint(QPainter::SmoothPixmapTransform, !isDrawn());
     painter->drawImage(area, m_image);
 }

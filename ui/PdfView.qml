@@ -109,10 +109,12 @@ FocusScope {
             view.zoomAt(startZoom * activeScale, centroid.scenePosition)
     }
     WheelHandler {
+        id: wheel
+
         parent: scroller
         acceptedModifiers: Qt.ControlModifier
         target: null
-        onWheel: event => view.zoomAt(view.zoom * Math.pow(1.2, event.angleDelta.y / 120), view.mapToItem(null, event.x, event.y))
+        onWheel: event => view.zoomAt(view.zoom * Math.pow(1.2, event.angleDelta.y / 120), wheel.point.scenePosition)
     }
     FocusRing {
         anchors.margins: 0

@@ -29,6 +29,8 @@ protected:
         return field ? field->textInterface()->text(0, field->textInterface()->characterCount()) : QString();
     }
 
+    [[nodiscard]] QPointF middle() { return {window().width() / 2.0, window().height() / 2.0}; }
+
     double zoomOfFirstPage()
     {
         auto* page = qobject_cast<QQuickItem*>(waitFor(QAccessible::Section, m_firstPage)->object());
@@ -37,9 +39,8 @@ protected:
 
     void wheel(int degrees, Qt::KeyboardModifiers modifiers)
     {
-        const QPointF middle(window().width() / 2.0, window().height() / 2.0);
-        QWheelEvent event(middle, middle, {}, {0, 8 * degrees}, Qt::NoButton, modifiers, Qt::NoScrollPhase,
-                          false);
+        QWheelEvent event(middle(), middle(), {}, {0, 8 * degrees}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&window(), &event);
     }
 
@@ -120,12 +121,19 @@ TEST_F(SettingsAndGuidePages, TheGuideIsReadScrolledAndZoomed)
     EXPECT_FALSE(names(QAccessible::StaticText).filter(u"joke"_qs).isEmpty());
     auto* first = qobject_cast<PdfPageItem*>(waitFor(QAccessible::Section, m_firstPage)->object());
     EXPECT_TRUE(waitUntil([&] { return first->isDrawn(); }));
+    const QPoint corner = first->mapToScene({5, 5}).toPoint();
+    EXPECT_EQ(window().grabWindow().pixelColor(corner), QColor(Qt::white)) << "paper under the ink";
 
     const double whole = zoomOfFirstPage();
     key(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_NEAR(zoomOfFirstPage() / whole, 1.25, 0.01);
+    key(Qt::Key_PageDown);
+    const auto underPointer = [&] { return first->mapFromScene(middle()).y() / first->height(); };
+    const double place = underPointer();
     wheel(15, Qt::ControlModifier);
     EXPECT_NEAR(zoomOfFirstPage() / whole, 1.5, 0.01);
+    EXPECT_NEAR(underPointer(), place, 0.01) << "what is under the pointer stays there";
+    key(Qt::Key_Home);
     key(Qt::Key_0, Qt::ControlModifier);
     EXPECT_NEAR(zoomOfFirstPage(), whole, 0.01);
 
