@@ -6,6 +6,7 @@
 #include "exchange/ImportViewController.h"
 #include "exchange/PrintViewController.h"
 #include "jokes/AddJokeViewController.h"
+#include "jokes/DefaultsViewController.h"
 #include "jokes/EditJokeViewController.h"
 #include "jokes/NewMainListTableViewController.h"
 #include "lists/AddCategoryViewController.h"
@@ -18,6 +19,8 @@
 #include "lists/RatingTableViewController.h"
 #include "lists/TabBarController.h"
 #include "shell/JokeOfDayViewController.h"
+#include "shell/OverviewViewController.h"
+#include "shell/RateShareTableViewController.h"
 #include "shell/ReferenceListViewController.h"
 #include "shell/ViewController.h"
 
@@ -44,19 +47,23 @@ constexpr std::array Scenes{
     SceneDescription{SegueId::AddJoke, makeScreen<AddJokeViewController>, QLatin1StringView("AddJokeView")},
     SceneDescription{SegueId::CategoryBreakdown, makeScreen<CategoryBreakdownTableViewController>,
                      QLatin1StringView("CategoryBreakdownView")},
+    SceneDescription{SegueId::AppOverview, makeScreen<OverviewViewController>,
+                     QLatin1StringView("OverviewView")},
+    SceneDescription{SegueId::DefaultSettings, makeScreen<DefaultsViewController>,
+                     QLatin1StringView("DefaultsView")},
     SceneDescription{SegueId::EditJoke, makeScreen<EditJokeViewController>,
                      QLatin1StringView("EditJokeView")},
-    SceneDescription{SegueId::ExportJokes, makeScreen<ExportViewController>,
-                     QLatin1StringView("ExportView")},
+    SceneDescription{SegueId::ExportJokes, makeScreen<ExportViewController>, QLatin1StringView("ExportView")},
     SceneDescription{SegueId::ImportExport, makeScreen<ImportExportViewController>,
                      QLatin1StringView("ImportExportView")},
-    SceneDescription{SegueId::ImportJokes, makeScreen<ImportViewController>,
-                     QLatin1StringView("ImportView")},
+    SceneDescription{SegueId::ImportJokes, makeScreen<ImportViewController>, QLatin1StringView("ImportView")},
     SceneDescription{SegueId::JokeOfDay, makeScreen<JokeOfDayViewController>,
                      QLatin1StringView("JokeOfDayView")},
     SceneDescription{SegueId::JokeList, makeScreen<NewMainListTableViewController>,
                      QLatin1StringView("JokeListView")},
     SceneDescription{SegueId::Print, makeScreen<PrintViewController>, QLatin1StringView("PrintView")},
+    SceneDescription{SegueId::RateShare, makeScreen<RateShareTableViewController>,
+                     QLatin1StringView("RateShareView")},
     SceneDescription{SegueId::ReferenceLists, makeScreen<ReferenceListViewController>,
                      QLatin1StringView("ReferenceListView")},
     SceneDescription{SegueId::CategoryList, makeScreen<CategoryTableViewController>,

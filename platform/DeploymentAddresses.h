@@ -16,7 +16,7 @@ inline QUrl storePage()
 
 inline QUrl website()
 {
-    return QUrl(QStringLiteral("https://gigglearchives.example/"));
+    return QUrl(QStringLiteral("http://gigglearchives.example/"));
 }
 
 /// The mailbox for what users have to say.

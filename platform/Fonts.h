@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -20,6 +21,9 @@ public:
     /// pixel: the pixel size is @p pointSize rounded, where anything that is not at least 1 counts as 1.
     /// Cheap enough to be asked for every row.
     virtual std::optional<QFont> font(const QString& name, double pointSize) = 0;
+
+    /// The names of all families, each once, in no particular order. Each of them has a font.
+    virtual QStringList families() = 0;
 };
 
 } // namespace giggle

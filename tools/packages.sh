@@ -28,7 +28,6 @@ application=(
     qml6-module-qtquick-controls
     qml6-module-qtquick-dialogs
     qml6-module-qtquick-layouts
-    qml6-module-qtquick-pdf
     qml6-module-qtquick-shapes
     qml6-module-qtquick-templates
     qml6-module-qtquick-window

@@ -13,6 +13,11 @@ FocusScope {
     property bool isRequired: false
     property bool readOnly: false
     property color borderColor: Theme.line
+    property color fill: Theme.surface
+    property color ink: Theme.text
+    property alias labelColor: label.color
+    property alias horizontalAlignment: input.horizontalAlignment
+    property alias textFont: input.font
     /// Room at the field's right end that the text leaves free.
     property real ornamentWidth: 0
     /// The field without its label.
@@ -44,7 +49,7 @@ FocusScope {
         maximumLength: 0x7fffffff // there is no limit; the usual one would cut off a longer text that is only shown
         text: control.text
         readOnly: control.readOnly
-        color: Theme.text
+        color: control.ink
         font.pixelSize: Theme.bodySize
         selectByMouse: true
         Accessible.name: control.name
@@ -60,7 +65,7 @@ FocusScope {
 
         background: Rectangle {
             radius: Theme.fieldRadius
-            color: Theme.surface
+            color: control.fill
             border.width: 1
             border.color: control.borderColor
 

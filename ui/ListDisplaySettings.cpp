@@ -46,6 +46,14 @@ std::optional<QColor> colorNamed(const QString& name)
     return std::nullopt;
 }
 
+QStringList colorNames()
+{
+    QStringList names;
+    for (const NamedColor& each : NamedColors)
+        names.append(each.name.toString());
+    return names;
+}
+
 ListDisplaySettings ListDisplaySettings::read(const Preferences& userDefaults)
 {
     return readSettings(userDefaults, PreferenceKeys::ListFontSize, PreferenceDefaults::ListFontSize);

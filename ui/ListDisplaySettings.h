@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -16,6 +17,9 @@ class Preferences;
 
 /// The colour behind a stored colour name; nothing for a name that is not known (case counts).
 [[nodiscard]] std::optional<QColor> colorNamed(const QString& name);
+
+/// The names that have a colour, in their fixed order.
+[[nodiscard]] QStringList colorNames();
 
 /// How the user wants jokes to look.
 struct ListDisplaySettings {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A field whose names can also be picked: a press on it, or an arrow key, shows the page's picker, which is told
-// by `picker`. What is picked comes as `picked` with the row; anything may be typed all the same.
+// by `picker`. What is picked comes as `picked` with the row. Anything may be typed all the same, unless the field
+// is read-only: letters then pick the first name that begins with them.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -12,18 +13,34 @@ FormField {
     required property PickerSheet picker
     /// Texts.
     required property var choices
+    /// Where the names do not all look the same.
+    property PickerLooks looks: null
     readonly property bool isPicking: picker.field === control
 
     signal picked(int row)
 
     ornamentWidth: Theme.iconSize
-    onPressed: picker.show(control, choices)
+    onPressed: open()
+    // Nobody but a program that reads the screen can put a text into a read-only field.
+    onEdited: text => {
+        if (readOnly && text !== control.text && choices.indexOf(text) >= 0)
+            picked(choices.indexOf(text));
+    }
     onAccepted: picker.dismiss()
     onActiveFocusChanged: if (!activeFocus && isPicking)
         picker.dismiss()
 
     Keys.onUpPressed: step(-1)
     Keys.onDownPressed: step(1)
+    Keys.onPressed: event => {
+        if (!readOnly || event.text.length === 0 || event.modifiers & (Qt.ControlModifier | Qt.AltModifier))
+            return;
+        event.accepted = event.text >= " ";
+        if (event.accepted) {
+            open();
+            picker.pickBeginningWith(event.text);
+        }
+    }
     Keys.onEscapePressed: event => {
         event.accepted = isPicking;
         if (isPicking)
@@ -35,7 +52,7 @@ FormField {
         y: control.inputArea.y + (control.inputArea.height - height) / 2
         sourceSize.width: Theme.iconSize
         sourceSize.height: Theme.iconSize
-        source: Theme.icon("unfold", Theme.dark)
+        source: Theme.icon("unfold", Theme.isDark(control.fill))
         opacity: 0.7
     }
 
@@ -50,10 +67,13 @@ FormField {
 
     /// The first arrow key shows the picker, the next ones pick.
     function step(by: int) {
-        if (!isPicking) {
-            picker.show(control, choices);
-            return;
-        }
-        picker.pickNext(by);
+        if (isPicking)
+            picker.pickNext(by);
+        else
+            open();
+    }
+
+    function open() {
+        picker.show(control, choices, looks);
     }
 }

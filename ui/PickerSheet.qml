@@ -13,6 +13,8 @@ Rectangle {
     /// The field that is being filled in, or none, and the names for it: texts.
     property FormField field: null
     property var choices: []
+    /// Where the rows do not all look the same.
+    property PickerLooks looks: null
     readonly property int rowHeight: Math.max(Theme.touchTarget, Theme.bodySize + 2 * Theme.unit)
     property real maximumHeight: 300
 
@@ -65,7 +67,10 @@ Rectangle {
         }
     }
     Rectangle {
+        id: frame
+
         anchors.centerIn: wheel
+        z: 1 // rows may have a ground
         width: Math.min(wheel.width - 2 * Theme.unit, Theme.readableWidth / 2 * Theme.textScale)
         height: sheet.rowHeight
         radius: Theme.fieldRadius
@@ -87,7 +92,7 @@ Rectangle {
         preferredHighlightBegin: (height - sheet.rowHeight) / 2
         preferredHighlightEnd: preferredHighlightBegin + sheet.rowHeight
         highlightMoveDuration: 0
-        cacheBuffer: 200 * sheet.rowHeight // a screen reader finds only the rows that have been made
+        cacheBuffer: sheet.looks ? 0 : 200 * sheet.rowHeight // a screen reader finds only the rows that have been made
         Accessible.role: Accessible.List
         Accessible.name: sheet.field ? qsTr("%1 choices").arg(sheet.field.name) : ""
         onMovementEnded: sheet.picked(currentIndex)
@@ -105,6 +110,7 @@ Rectangle {
             required property int index
             required property string modelData
             readonly property bool isPicked: modelData === (sheet.field?.text ?? "")
+            readonly property var look: sheet.looks ? sheet.looks.lookOf(index) : null
 
             width: wheel.width
             height: sheet.rowHeight
@@ -115,19 +121,29 @@ Rectangle {
             leftPadding: 3 * Theme.unit
             rightPadding: 3 * Theme.unit
             elide: Text.ElideRight
-            wrapMode: Text.Wrap
-            fontSizeMode: Text.Fit
+            wrapMode: look ? Text.NoWrap : Text.Wrap
+            fontSizeMode: look ? Text.FixedSize : Text.Fit
             minimumPixelSize: Theme.smallSize
-            color: isPicked ? Theme.accentText : Theme.text
-            opacity: 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
-            font.bold: true
-            font.pixelSize: Theme.bodySize
+            color: look ? look.ink : isPicked ? Theme.accentText : Theme.text
+            opacity: look ? 1 : 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
+            font.family: look ? look.font.family : Qt.application.font.family
+            font.bold: !look
+            font.pixelSize: look ? Theme.jokeSize(look.font.pixelSize) : Theme.bodySize
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData
             Accessible.selectable: true
             Accessible.selected: isPicked
             Accessible.onPressAction: sheet.pick(index)
 
+            Rectangle {
+                anchors.centerIn: parent
+                width: frame.width
+                height: parent.height
+                radius: frame.radius
+                z: -1
+                visible: choice.look !== null
+                color: choice.look?.ground ?? "transparent"
+            }
             MouseArea {
                 anchors.fill: parent
                 onClicked: sheet.pick(choice.index)
@@ -165,9 +181,27 @@ Rectangle {
         picked(row);
     }
 
+    /// Picks the first name that begins with the letters typed one soon after the other.
+    function pickBeginningWith(letter: string) {
+        typing.letters = (typing.running ? typing.letters : "") + letter.toLowerCase();
+        typing.restart();
+        const row = choices.findIndex(name => name.toLowerCase().startsWith(typing.letters));
+        if (row >= 0)
+            pick(row);
+    }
+
+    Timer {
+        id: typing
+
+        property string letters
+
+        interval: 1000
+    }
+
     /// Shows the names for a field, with the field's own in the middle.
-    function show(newField: FormField, names: var) {
+    function show(newField: FormField, names: var, newLooks: PickerLooks) {
         field = newField;
+        looks = newLooks;
         choices = names;
         wheel.showChoice();
     }

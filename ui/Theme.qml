@@ -58,6 +58,11 @@ QtObject {
         return Math.max(1, pixelSize * textScale);
     }
 
+    /// Whether white is easier to see on that colour than black.
+    function isDark(ground: color): bool {
+        return 0.299 * ground.r + 0.587 * ground.g + 0.114 * ground.b < 0.5;
+    }
+
     /// The icon of that name, drawn in black, or in white for a dark ground.
     function icon(name: string, onDark: bool): url {
         return "qrc:/resources/icons/" + name + (onDark ? "-light.svg" : ".svg");

@@ -59,13 +59,29 @@ std::optional<QFont> LinuxFonts::font(const QString& name, double pointSize)
     return font;
 }
 
+QStringList LinuxFonts::families()
+{
+    ensureFamilies();
+    QStringList families = m_families.values();
+    families.removeIf(&QFontDatabase::isPrivateFamily);
+    for (const Alias& alias : Aliases)
+        if (installedFamily(alias.family.toString()) && !installedFamily(alias.name.toString()))
+            families.append(alias.name.toString());
+    return families;
+}
+
+void LinuxFonts::ensureFamilies()
+{
+    if (!m_families.isEmpty())
+        return;
+    const QStringList families = QFontDatabase::families();
+    for (const QString& family : families)
+        m_families.insert(family.toCaseFolded(), family);
+}
+
 std::optional<QString> LinuxFonts::installedFamily(const QString& name)
 {
-    if (m_families.isEmpty()) {
-        const QStringList families = QFontDatabase::families();
-        for (const QString& family : families)
-            m_families.insert(family.toCaseFolded(), family);
-    }
+    ensureFamilies();
     const auto found = m_families.constFind(name.toCaseFolded());
     if (found == m_families.constEnd())
         return std::nullopt;

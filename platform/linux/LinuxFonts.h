@@ -19,7 +19,11 @@ public:
 
     std::optional<QFont> font(const QString& name, double pointSize) override;
 
+    /// Also the names that stand for another family which is installed.
+    QStringList families() override;
+
 private:
+    void ensureFamilies();
     std::optional<QString> installedFamily(const QString& name);
 
     QHash<QString, QString> m_families; ///< Installed families by their case-folded name; empty until asked.

@@ -34,6 +34,17 @@ TEST(LinuxFontsTest, UnknownNamesDoNotFallBackToAnotherFamily)
         EXPECT_FALSE(fonts.font(QString::fromUtf8(name), 15.0)) << name;
 }
 
+TEST(LinuxFontsTest, EveryFamilyHasAFontAndIsThereOnce)
+{
+    LinuxFonts fonts;
+    QStringList families = fonts.families();
+    for (const char* name : {"Arial", "Liberation Sans"})
+        EXPECT_EQ(families.count(QString::fromUtf8(name)), 1) << name;
+    for (const QString& family : families)
+        EXPECT_TRUE(fonts.font(family, 15.0)) << qPrintable(family);
+    EXPECT_EQ(families.removeDuplicates(), 0);
+}
+
 } // namespace
 
 } // namespace giggle

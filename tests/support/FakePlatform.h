@@ -52,6 +52,8 @@ public:
         return font;
     }
 
+    QStringList families() override { return installed; }
+
     QStringList installed{QStringLiteral("Arial"), QStringLiteral("Courier New")};
 };
 

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "store/PreferenceKeys.h"
+#include "tests/interface/InterfaceFixture.h"
+#include "ui/PdfPageItem.h"
+
+#include <QElapsedTimer>
+#include <QQuickItem>
+#include <QTest>
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class SettingsAndGuidePages : public InterfaceFixture {
+protected:
+    void open(const QString& area)
+    {
+        skipSeeding();
+        system().resources.paths[u"overview.pdf"_qs] = u":/resources/overview.pdf"_qs;
+        openWindow();
+        openArea(area);
+    }
+
+    QString fieldText(const QString& name)
+    {
+        QAccessibleInterface* field = waitFor(QAccessible::EditableText, name);
+        return field ? field->textInterface()->text(0, field->textInterface()->characterCount()) : QString();
+    }
+
+    [[nodiscard]] QPointF middle() { return {window().width() / 2.0, window().height() / 2.0}; }
+
+    double zoomOfFirstPage()
+    {
+        auto* page = qobject_cast<QQuickItem*>(waitFor(QAccessible::Section, m_firstPage)->object());
+        return page->width() / window().width();
+    }
+
+    void wheel(int degrees, Qt::KeyboardModifiers modifiers)
+    {
+        QWheelEvent event(middle(), middle(), {}, {0, 8 * degrees}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&window(), &event);
+    }
+
+    QString m_firstPage;
+};
+
+TEST_F(SettingsAndGuidePages, FontSizeAndColorAreChosenAndThereAfterARestart)
+{
+    open(u"Default Settings"_qs);
+    press(QAccessible::EditableText, u"Font"_qs);
+    waitFor(QAccessible::List, u"Font choices"_qs);
+    press(QAccessible::ListItem, u"Courier New"_qs);
+    press(QAccessible::Button, u"Done"_qs);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Font choices"_qs); }));
+    press(QAccessible::Button, u"Larger"_qs);
+    press(QAccessible::Button, u"Larger"_qs);
+    press(QAccessible::Button, u"Smaller"_qs);
+    press(QAccessible::EditableText, u"Color"_qs);
+    press(QAccessible::ListItem, u"white"_qs);
+    EXPECT_EQ(fieldText(u"Color"_qs), u"white"_qs);
+    press(QAccessible::Button, u"Back"_qs); // with the picker open
+    waitFor(QAccessible::Button, u"Menu"_qs);
+
+    restart();
+    openArea(u"Default Settings"_qs);
+    EXPECT_EQ(fieldText(u"Font"_qs), u"Courier New"_qs);
+    EXPECT_EQ(fieldText(u"Size"_qs), u"18"_qs);
+    EXPECT_EQ(fieldText(u"Color"_qs), u"white"_qs);
+}
+
+TEST_F(SettingsAndGuidePages, FiveHundredFontsOpenAtOnceAndAreFoundByTyping)
+{
+    system().fonts.installed.clear();
+    for (int i = 0; i < 500; ++i)
+        system().fonts.installed << u"Family %1"_qs.arg(i, 3, 10, QChar(u'0'));
+    userDefaults().setText(PreferenceKeys::ListFontName, u"Family 250"_qs);
+    open(u"Default Settings"_qs);
+    QElapsedTimer watch;
+    watch.start();
+    press(QAccessible::EditableText, u"Font"_qs);
+    waitFor(QAccessible::ListItem, u"Family 250"_qs);
+    RecordProperty("milliseconds", static_cast<int>(watch.elapsed()));
+    EXPECT_LT(names(QAccessible::ListItem).size(), 50) << "only the rows in sight are made";
+
+    type(u"family 4"_qs);
+    EXPECT_EQ(fieldText(u"Font"_qs), u"Family 400"_qs);
+    key(Qt::Key_Down);
+    EXPECT_EQ(fieldText(u"Font"_qs), u"Family 401"_qs);
+    key(Qt::Key_Return);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Font choices"_qs); }));
+    EXPECT_EQ(userDefaults().text(PreferenceKeys::ListFontName), u"Family 401"_qs);
+}
+
+TEST_F(SettingsAndGuidePages, RowsLeadOutAndSayWhatIsMissing)
+{
+    system().messageCapability.canSend = false;
+    open(u"Rate / Share"_qs);
+    EXPECT_EQ(names(QAccessible::ListItem),
+              (QStringList{u"Rate This App"_qs, u"Share This App"_qs, u"Share the Website"_qs,
+                           u"Visit the Website"_qs, u"Send Feedback"_qs}));
+    press(QAccessible::ListItem, u"Share This App"_qs);
+    press(QAccessible::Button, u"OK"_qs);
+    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Button, u"OK"_qs); }));
+    key(Qt::Key_End);
+    key(Qt::Key_Return);
+    EXPECT_EQ(system().mailComposer.presented.size(), 1U);
+}
+
+TEST_F(SettingsAndGuidePages, TheGuideIsReadScrolledAndZoomed)
+{
+    open(u"Overview"_qs);
+    waitFor(QAccessible::Heading, u"Parchment Trove Overview"_qs);
+    const QStringList pages = names(QAccessible::Section);
+    ASSERT_GE(pages.size(), 6);
+    ASSERT_LE(pages.size(), 10);
+    m_firstPage = u"Page 1 of %1"_qs.arg(pages.size());
+    EXPECT_EQ(pages.first(), m_firstPage);
+    EXPECT_FALSE(names(QAccessible::StaticText).filter(u"joke"_qs).isEmpty());
+    auto* first = qobject_cast<PdfPageItem*>(waitFor(QAccessible::Section, m_firstPage)->object());
+    EXPECT_TRUE(waitUntil([&] { return first->isDrawn(); }));
+    const QPoint corner = first->mapToScene({5, 5}).toPoint();
+    EXPECT_EQ(window().grabWindow().pixelColor(corner), QColor(Qt::white)) << "paper under the ink";
+
+    const double whole = zoomOfFirstPage();
+    key(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_NEAR(zoomOfFirstPage() / whole, 1.25, 0.01);
+    key(Qt::Key_PageDown);
+    const auto underPointer = [&] { return first->mapFromScene(middle()).y() / first->height(); };
+    const double place = underPointer();
+    wheel(15, Qt::ControlModifier);
+    EXPECT_NEAR(zoomOfFirstPage() / whole, 1.5, 0.01);
+    EXPECT_NEAR(underPointer(), place, 0.01) << "what is under the pointer stays there";
+    key(Qt::Key_Home);
+    key(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_NEAR(zoomOfFirstPage(), whole, 0.01);
+
+    const auto top = [&] { return first->mapToScene({}).y(); };
+    const double start = top();
+    wheel(-15, Qt::NoModifier);
+    EXPECT_TRUE(waitUntil([&] { return top() < start - 10; }));
+    key(Qt::Key_End);
+    EXPECT_LT(top(), -5 * first->height() + 640);
+    EXPECT_TRUE(waitUntil([&] { return !first->isInSight(); }));
+    key(Qt::Key_Home);
+    EXPECT_NEAR(top(), start, 1);
+}
+
+} // namespace
+
+} // namespace giggle
