@@ -95,7 +95,8 @@ void PersistentStore::makeTables()
 
 void PersistentStore::openChecked()
 {
-    StoreSchema::checkHeader(m_path);
+    if (!StoreSchema::isUnfinished(m_path))
+        StoreSchema::checkHeader(m_path);
     const CompanionFiles companions(m_path);
     try {
         m_database = openReadable();

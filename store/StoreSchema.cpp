@@ -48,6 +48,11 @@ constexpr int UserVersionOffset = 60;
 constexpr int ApplicationIdOffset = 68;
 constexpr QByteArrayView Magic("SQLite format 3\0", 16);
 
+// The same in the header of a rollback journal.
+constexpr int JournalHeaderSize = 28;
+constexpr int InitialPagesOffset = 16;
+constexpr QByteArrayView JournalMagic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
+
 StoreError refusal(int code, const QString& path, const QString& reason)
 {
     return StoreError(code, QStringLiteral("\"%1\" was left untouched: %2").arg(path, reason),
@@ -140,6 +145,16 @@ bool isAbsent(const QString& path)
         throw refusal(SQLITE_CORRUPT, path,
                       QStringLiteral("it is gone or empty, but its log \"%1\" holds saved jokes").arg(log));
     return true;
+}
+
+bool isUnfinished(const QString& path)
+{
+    QFile journal(path + QLatin1StringView("-journal"));
+    if (!journal.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray header = journal.read(JournalHeaderSize);
+    return header.size() == JournalHeaderSize && QByteArrayView(header).startsWith(JournalMagic) &&
+           qFromBigEndian<quint32>(header.constData() + InitialPagesOffset) == 0;
 }
 
 void checkHeader(const QString& path)
