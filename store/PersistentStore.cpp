@@ -2,6 +2,7 @@
 #include "store/PersistentStore.h"
 
 #include "store/Console.h"
+#include "store/FolderSync.h"
 #include "store/StoreSchema.h"
 
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <QFileInfo>
 
 #include <array>
+#include <cerrno>
 
 #include <sqlite3.h>
 
@@ -17,6 +19,10 @@ namespace giggle {
 namespace {
 
 using sqlite::Database;
+
+/// Also in a collection that stays with a rollback journal, whose removal is the commit: with FULL a power
+/// cut could bring the journal back, and with it take back what was saved.
+constexpr const char* Durable = "PRAGMA synchronous = EXTRA";
 
 QString writeAheadLogOf(const QString& path)
 {
@@ -67,7 +73,7 @@ PersistentStore::PersistentStore(const QString& path) : m_path(path)
     else
         openChecked();
     if (!m_database->isReadOnly())
-        m_database->execute("PRAGMA synchronous = FULL");
+        m_database->execute(Durable);
     m_dataVersionQuery.emplace(*m_database, "PRAGMA data_version");
     acceptContents();
 }
@@ -89,6 +95,7 @@ void PersistentStore::makeTables()
 {
     // They go in through a rollback journal: a crash leaves them whole, or a journal that takes them out
     // again.
+    m_database->execute(Durable);
     StoreSchema::migrate(*m_database);
     m_database->execute("PRAGMA journal_mode = WAL");
 }
@@ -168,12 +175,23 @@ std::int64_t PersistentStore::dataVersion()
 
 void PersistentStore::relaxDurability()
 {
-    m_database->execute("PRAGMA synchronous = NORMAL");
+    // With a rollback journal a relaxed commit may be taken back after the ones that follow it.
+    if (m_database->usesWriteAheadLog())
+        m_database->execute("PRAGMA synchronous = NORMAL");
+}
+
+void PersistentStore::synchronizeEntries()
+{
+    if (!synchronizeFolder(QFileInfo(m_path).absolutePath()))
+        throw StoreError(
+            SQLITE_IOERR_DIR_FSYNC,
+            QStringLiteral("What was saved could not be forced to the disk: %1").arg(qt_error_string(errno)),
+            {{QStringLiteral("path"), m_path}});
 }
 
 void PersistentStore::restoreDurability()
 {
-    m_database->execute("PRAGMA synchronous = FULL");
+    m_database->execute(Durable);
     m_database->syncWriteAheadLog();
 }
 

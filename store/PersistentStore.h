@@ -40,6 +40,9 @@ public:
     /// @{
     void relaxDurability();
     void restoreDurability();
+
+    /// Forces to the disk which files there are. Throws StoreError.
+    void synchronizeEntries();
     /// @}
 
 private:

@@ -27,9 +27,9 @@ inline constexpr std::int64_t CurrentVersion = 1;
 /// log lies beside it all the same: SQLite would throw away what was saved there.
 [[nodiscard]] bool isAbsent(const QString& path);
 
-/// Whether the file at @p path is what a crash has left of a collection that was being made: a rollback journal
-/// beside it leads back to a file without a page. SQLite takes it back when it opens the file, however little
-/// of a collection the file looks like by then.
+/// Whether the file at @p path is what a crash has left of a collection that was being made: a rollback
+/// journal beside it leads back to a file without a page. SQLite takes it back when it opens the file,
+/// however little of a collection the file looks like by then.
 [[nodiscard]] bool isUnfinished(const QString& path);
 
 /// Reads the header of the file at @p path without SQLite, so that nothing on disk is touched.

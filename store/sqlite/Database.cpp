@@ -73,6 +73,12 @@ bool Database::isInTransaction() const
     return sqlite3_get_autocommit(handle()) == 0;
 }
 
+bool Database::usesWriteAheadLog()
+{
+    Statement mode(*this, "PRAGMA journal_mode");
+    return mode.step() && mode.text(0) == "wal";
+}
+
 void Database::keepWriteAheadLog(bool keep)
 {
     int flag = keep ? 1 : 0;
