@@ -114,6 +114,7 @@ void ManagedObjectContext::save()
 {
     if (!hasChanges())
         return;
+    m_store->requireFileInPlace();
     const bool entriesAreCertain =
         std::exchange(m_entriesAreCertain, false) && m_store->database().usesWriteAheadLog();
     sqlite::Transaction transaction(m_store->database());

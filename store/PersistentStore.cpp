@@ -29,6 +29,19 @@ QString writeAheadLogOf(const QString& path)
     return path + QLatin1StringView("-wal");
 }
 
+/// Makes a folder with those above it. Each that is new is on the disk under its name when this returns,
+/// where the file system can tell.
+bool makeFolder(const QString& path)
+{
+    if (QFileInfo::exists(path))
+        return QFileInfo(path).isDir();
+    const QString parent = QFileInfo(path).path();
+    if (!makeFolder(parent) || !(QDir().mkdir(path) || QFileInfo(path).isDir()))
+        return false;
+    synchronizeFolder(parent);
+    return true;
+}
+
 /// Removes the companion files that only looking at a refused store has made.
 class CompanionFiles {
 public:
@@ -83,7 +96,7 @@ PersistentStore::~PersistentStore() = default;
 void PersistentStore::create()
 {
     const QString folder = QFileInfo(m_path).absolutePath();
-    if (!QDir().mkpath(folder))
+    if (!makeFolder(folder))
         throw StoreError(SQLITE_CANTOPEN,
                          QStringLiteral("The folder \"%1\" for the collection cannot be made").arg(folder),
                          {{QStringLiteral("path"), m_path}});
@@ -158,6 +171,18 @@ std::unique_ptr<Database> PersistentStore::openReadable()
 bool PersistentStore::mayHaveBeenChangedElsewhere()
 {
     return dataVersion() != m_acceptedDataVersion;
+}
+
+void PersistentStore::requireFileInPlace()
+{
+    if (!m_database->isStillInPlace())
+        throw StoreError(
+            SQLITE_READONLY_DBMOVED,
+            QStringLiteral(
+                "\"%1\" was removed, renamed or replaced while it was open. Nothing was saved; put "
+                "it back under its name, or close and open Giggle Archives again")
+                .arg(m_path),
+            {{QStringLiteral("path"), m_path}});
 }
 
 void PersistentStore::acceptContents()

@@ -31,6 +31,10 @@ public:
     /// whether a failed write of our own leaves that open. Exact only inside a transaction.
     [[nodiscard]] bool mayHaveBeenChangedElsewhere();
 
+    /// Throws StoreError when the file was removed, renamed or replaced since it was opened: what is written
+    /// to it now would be gone with the program.
+    void requireFileInPlace();
+
     /// The contents were found to be what they should be: changes until now no longer count.
     void acceptContents();
 

@@ -73,6 +73,13 @@ bool Database::isInTransaction() const
     return sqlite3_get_autocommit(handle()) == 0;
 }
 
+bool Database::isStillInPlace()
+{
+    int hasMoved = 0;
+    return sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved) != SQLITE_OK ||
+           hasMoved == 0;
+}
+
 bool Database::usesWriteAheadLog()
 {
     Statement mode(*this, "PRAGMA journal_mode");

@@ -42,6 +42,9 @@ public:
     /// Whether a transaction is open.
     [[nodiscard]] bool isInTransaction() const;
 
+    /// Whether the file that is open still stands under its name, or may do so.
+    [[nodiscard]] bool isStillInPlace();
+
     /// Whether commits go into a write-ahead log, and not by way of a rollback journal.
     [[nodiscard]] bool usesWriteAheadLog();
 
