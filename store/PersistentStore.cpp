@@ -116,7 +116,7 @@ void PersistentStore::makeTables()
 void PersistentStore::openChecked()
 {
     if (!StoreSchema::isUnfinished(m_path))
-        StoreSchema::checkHeader(m_path);
+        StoreSchema::checkFiles(m_path, isBulkUnfinished());
     const CompanionFiles companions(m_path);
     try {
         m_database = openReadable();
@@ -135,6 +135,9 @@ void PersistentStore::openChecked()
     StoreSchema::migrate(*m_database);
     try {
         m_database->execute("PRAGMA journal_mode = WAL");
+        // What a power cut has left of its log must not lie behind the saves to come.
+        if (isBulkUnfinished() && m_database->emptyWriteAheadLog())
+            QFile::remove(bulkMark());
     } catch (const StoreError& error) {
         // A store that cannot be converted now, for want of space, still shows what it holds.
         printFailure(error.localizedDescription());
@@ -201,8 +204,15 @@ std::int64_t PersistentStore::dataVersion()
 void PersistentStore::relaxDurability()
 {
     // With a rollback journal a relaxed commit may be taken back after the ones that follow it.
-    if (m_database->usesWriteAheadLog())
-        m_database->execute("PRAGMA synchronous = NORMAL");
+    if (m_database->isReadOnly() || !m_database->usesWriteAheadLog())
+        return;
+    QFile mark(bulkMark());
+    if (!mark.open(QIODevice::WriteOnly))
+        throw StoreError(SQLITE_CANTOPEN,
+                         QStringLiteral("\"%1\" cannot be made: %2").arg(mark.fileName(), mark.errorString()),
+                         {{QStringLiteral("path"), m_path}});
+    synchronizeEntries();
+    m_database->execute("PRAGMA synchronous = NORMAL");
 }
 
 void PersistentStore::synchronizeEntries()
@@ -218,6 +228,17 @@ void PersistentStore::restoreDurability()
 {
     m_database->execute(Durable);
     m_database->syncWriteAheadLog();
+    QFile::remove(bulkMark());
+}
+
+QString PersistentStore::bulkMark() const
+{
+    return m_path + QLatin1StringView("-bulk");
+}
+
+bool PersistentStore::isBulkUnfinished() const
+{
+    return QFile::exists(bulkMark());
 }
 
 } // namespace giggle

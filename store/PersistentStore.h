@@ -55,6 +55,10 @@ private:
     void openChecked();
     [[nodiscard]] std::unique_ptr<sqlite::Database> openReadable();
     [[nodiscard]] std::int64_t dataVersion();
+    /// A file that stands beside the collection while commits are relaxed: after a power cut the log may then
+    /// lack parts anywhere, and is read as far as it goes.
+    [[nodiscard]] QString bulkMark() const;
+    [[nodiscard]] bool isBulkUnfinished() const;
 
     QString m_path;
     std::unique_ptr<sqlite::Database> m_database;

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "store/StoreSchema.h"
 
+#include "store/LogCheck.h"
 #include "store/sqlite/Database.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -53,9 +55,18 @@ constexpr int JournalHeaderSize = 28;
 constexpr int InitialPagesOffset = 16;
 constexpr QByteArrayView JournalMagic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
 
-StoreError refusal(int code, const QString& path, const QString& reason)
+StoreError refusal(int code, const QString& path, const QString& reason, const QString& advice = {})
 {
-    return StoreError(code, QStringLiteral("\"%1\" was left untouched: %2").arg(path, reason),
+    const QString copies = QFileInfo(path).dir().filePath(QStringLiteral("copies"));
+    const QString usualAdvice =
+        QStringLiteral(
+            "To go on, move it and the files whose names begin with its name to another place, and "
+            "put a copy there instead: the daily copies lie beside it in the folder \"%1\". "
+            "Without a file there Giggle Archives starts with an empty collection")
+            .arg(copies);
+    return StoreError(code,
+                      QStringLiteral("\"%1\" was left untouched: %2. %3")
+                          .arg(path, reason, advice.isEmpty() ? usualAdvice : advice),
                       {{QStringLiteral("path"), path}});
 }
 
@@ -73,7 +84,8 @@ void checkIdentity(std::int64_t applicationId, std::int64_t version, const QStri
             SQLITE_MISMATCH, path,
             QStringLiteral("a newer version of Giggle Archives wrote it (format %1, this program knows %2)")
                 .arg(version)
-                .arg(CurrentVersion));
+                .arg(CurrentVersion),
+            QStringLiteral("Install the newer version again to open it"));
     if (version < 1)
         throw refusal(SQLITE_MISMATCH, path, QStringLiteral("its format %1 is unknown").arg(version));
 }
@@ -81,15 +93,20 @@ void checkIdentity(std::int64_t applicationId, std::int64_t version, const QStri
 bool tellsOfDamage(const StoreError& error)
 {
     const int code = error.extendedCode() & 0xff;
-    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+    // The last is what SQLite says of a format that it does not know.
+    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB || code == SQLITE_ERROR;
+}
+
+int pageSizeIn(const QByteArray& header)
+{
+    const int stored = qFromBigEndian<quint16>(header.constData() + PageSizeOffset);
+    return stored == 1 ? 65536 : stored;
 }
 
 /// SQLite takes the missing rest of a last page for zeros. Only a write that was interrupted may leave one,
 /// and the log or journal beside the file then makes it good.
-bool lacksPartOfAPage(const QByteArray& header, const QString& path)
+bool lacksPartOfAPage(int pageSize, const QString& path)
 {
-    const int stored = qFromBigEndian<quint16>(header.constData() + PageSizeOffset);
-    const int pageSize = stored == 1 ? 65536 : stored;
     return pageSize > 0 && QFileInfo(path).size() % pageSize != 0 &&
            QFileInfo(path + QLatin1StringView("-wal")).size() == 0 &&
            QFileInfo(path + QLatin1StringView("-journal")).size() == 0;
@@ -157,7 +174,7 @@ bool isUnfinished(const QString& path)
            qFromBigEndian<quint32>(header.constData() + InitialPagesOffset) == 0;
 }
 
-void checkHeader(const QString& path)
+void checkFiles(const QString& path, bool logMayEndEarly)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -167,8 +184,13 @@ void checkHeader(const QString& path)
         throw refusal(SQLITE_NOTADB, path, QStringLiteral("it is not a joke collection"));
     checkIdentity(qFromBigEndian<qint32>(header.constData() + ApplicationIdOffset),
                   qFromBigEndian<qint32>(header.constData() + UserVersionOffset), path);
-    if (lacksPartOfAPage(header, path))
+    if (lacksPartOfAPage(pageSizeIn(header), path))
         throw damage(SQLITE_CORRUPT, path, QStringLiteral("its end is cut off"));
+    const QString log = path + QLatin1StringView("-wal");
+    // Twice: another program may have been writing to it.
+    if (!logMayEndEarly && losesCommits(log, pageSizeIn(header)) && losesCommits(log, pageSizeIn(header)))
+        throw damage(SQLITE_CORRUPT, path,
+                     QStringLiteral("its log \"%1\" cannot be read to its end").arg(log));
 }
 
 void migrate(sqlite::Database& database)

@@ -93,6 +93,11 @@ void Database::keepWriteAheadLog(bool keep)
     sqlite3_file_control(handle(), "main", SQLITE_FCNTL_PERSIST_WAL, &flag);
 }
 
+bool Database::emptyWriteAheadLog()
+{
+    return integer("PRAGMA wal_checkpoint(TRUNCATE)") == 0; // "busy"
+}
+
 void Database::syncWriteAheadLog()
 {
     sqlite3_file* log = nullptr;

@@ -52,6 +52,10 @@ public:
     /// it: what a database that may yet be refused needs.
     void keepWriteAheadLog(bool keep);
 
+    /// Moves what the write-ahead log holds into the file and makes it empty; false when another program
+    /// still reads it.
+    [[nodiscard]] bool emptyWriteAheadLog();
+
     /// Forces what the write-ahead log holds to the disk.
     void syncWriteAheadLog();
 
