@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <type_traits>
-#include <utility>
 
 #include <sqlite3.h>
 
@@ -114,20 +113,14 @@ void ManagedObjectContext::save()
 {
     if (!hasChanges())
         return;
-    m_store->requireFileInPlace();
-    const bool entriesAreCertain =
-        std::exchange(m_entriesAreCertain, false) && m_store->database().usesWriteAheadLog();
+    m_store->willSave();
     sqlite::Transaction transaction(m_store->database());
     refuseForeignChanges();
     m_jokes.writeChanges(m_store->database());
     m_categories.writeChanges(m_store->database());
     m_ratings.writeChanges(m_store->database());
     transaction.commit();
-    // A log that was just made, and a journal whose removal is the commit: SQLite passes over a folder that
-    // cannot be synced. And where a failed save got as far as that removal, nothing was left to write now.
-    if (!entriesAreCertain)
-        m_store->synchronizeEntries();
-    m_entriesAreCertain = true;
+    m_store->didSave();
     m_jokes.changesWereSaved();
     m_categories.changesWereSaved();
     m_ratings.changesWereSaved();

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 #include <sqlite3.h>
 
@@ -88,6 +89,7 @@ PersistentStore::PersistentStore(const QString& path) : m_path(path)
     if (!m_database->isReadOnly())
         m_database->execute(Durable);
     m_dataVersionQuery.emplace(*m_database, "PRAGMA data_version");
+    m_journalModeQuery.emplace(*m_database, "PRAGMA journal_mode");
     acceptContents();
 }
 
@@ -176,6 +178,22 @@ bool PersistentStore::mayHaveBeenChangedElsewhere()
     return dataVersion() != m_acceptedDataVersion;
 }
 
+void PersistentStore::willSave()
+{
+    if (!m_isRelaxed)
+        requireFileInPlace();
+}
+
+void PersistentStore::didSave()
+{
+    // A log that was just made, or a journal whose removal is the commit: SQLite passes over a folder that
+    // cannot be synced, and a save after one that got as far as the removal has nothing to write or sync.
+    if (m_isRelaxed || (m_logEntryIsCertain && usesWriteAheadLog()))
+        return;
+    synchronizeEntries();
+    m_logEntryIsCertain = true;
+}
+
 void PersistentStore::requireFileInPlace()
 {
     if (!m_database->isStillInPlace())
@@ -201,10 +219,18 @@ std::int64_t PersistentStore::dataVersion()
     return version;
 }
 
+bool PersistentStore::usesWriteAheadLog()
+{
+    m_journalModeQuery->step();
+    const bool isLog = m_journalModeQuery->text(0) == "wal";
+    m_journalModeQuery->reset();
+    return isLog;
+}
+
 void PersistentStore::relaxDurability()
 {
     // With a rollback journal a relaxed commit may be taken back after the ones that follow it.
-    if (m_database->isReadOnly() || !m_database->usesWriteAheadLog())
+    if (m_database->isReadOnly() || !usesWriteAheadLog())
         return;
     QFile mark(bulkMark());
     if (!mark.open(QIODevice::WriteOnly))
@@ -213,6 +239,7 @@ void PersistentStore::relaxDurability()
                          {{QStringLiteral("path"), m_path}});
     synchronizeEntries();
     m_database->execute("PRAGMA synchronous = NORMAL");
+    m_isRelaxed = true;
 }
 
 void PersistentStore::synchronizeEntries()
@@ -226,8 +253,12 @@ void PersistentStore::synchronizeEntries()
 
 void PersistentStore::restoreDurability()
 {
+    if (!std::exchange(m_isRelaxed, false))
+        return;
     m_database->execute(Durable);
     m_database->syncWriteAheadLog();
+    requireFileInPlace();
+    synchronizeEntries();
     QFile::remove(bulkMark());
 }
 

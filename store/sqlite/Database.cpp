@@ -80,12 +80,6 @@ bool Database::isStillInPlace()
            hasMoved == 0;
 }
 
-bool Database::usesWriteAheadLog()
-{
-    Statement mode(*this, "PRAGMA journal_mode");
-    return mode.step() && mode.text(0) == "wal";
-}
-
 void Database::keepWriteAheadLog(bool keep)
 {
     int flag = keep ? 1 : 0;

@@ -45,9 +45,6 @@ public:
     /// Whether the file that is open still stands under its name, or may do so.
     [[nodiscard]] bool isStillInPlace();
 
-    /// Whether commits go into a write-ahead log, and not by way of a rollback journal.
-    [[nodiscard]] bool usesWriteAheadLog();
-
     /// While set, closing leaves the write-ahead log as it is instead of moving it into the file and removing
     /// it: what a database that may yet be refused needs.
     void keepWriteAheadLog(bool keep);
