@@ -2,6 +2,7 @@
 #include "store/StoreSchema.h"
 
 #include "store/LogCheck.h"
+#include "store/PageCheck.h"
 #include "store/sqlite/Database.h"
 
 #include <QDir>
@@ -55,19 +56,16 @@ constexpr int JournalHeaderSize = 28;
 constexpr int InitialPagesOffset = 16;
 constexpr QByteArrayView JournalMagic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
 
-StoreError refusal(int code, const QString& path, const QString& reason, const QString& advice = {})
+StoreError refusal(int code, const QString& path, const QString& reason)
 {
-    const QString copies = QFileInfo(path).dir().filePath(QStringLiteral("copies"));
-    const QString usualAdvice =
+    return StoreError(
+        code,
         QStringLiteral(
-            "To go on, move it and the files whose names begin with its name to another place, and "
-            "put a copy there instead: the daily copies lie beside it in the folder \"%1\". "
-            "Without a file there Giggle Archives starts with an empty collection")
-            .arg(copies);
-    return StoreError(code,
-                      QStringLiteral("\"%1\" was left untouched: %2. %3")
-                          .arg(path, reason, advice.isEmpty() ? usualAdvice : advice),
-                      {{QStringLiteral("path"), path}});
+            "\"%1\" was left untouched: %2. To go on, move it and the files whose names begin with "
+            "its name to another place, and put a copy there instead: the daily copies lie beside it "
+            "in the folder \"%3\". Without a file there Giggle Archives starts with an empty collection")
+            .arg(path, reason, QFileInfo(path).dir().filePath(QStringLiteral("copies"))),
+        {{QStringLiteral("path"), path}});
 }
 
 StoreError damage(int code, const QString& path, const QString& finding)
@@ -82,10 +80,11 @@ void checkIdentity(std::int64_t applicationId, std::int64_t version, const QStri
     if (version > CurrentVersion)
         throw refusal(
             SQLITE_MISMATCH, path,
-            QStringLiteral("a newer version of Giggle Archives wrote it (format %1, this program knows %2)")
+            QStringLiteral(
+                "a newer version of Giggle Archives wrote it (format %1, this program knows %2) and "
+                "can open it")
                 .arg(version)
-                .arg(CurrentVersion),
-            QStringLiteral("Install the newer version again to open it"));
+                .arg(CurrentVersion));
     if (version < 1)
         throw refusal(SQLITE_MISMATCH, path, QStringLiteral("its format %1 is unknown").arg(version));
 }
@@ -103,13 +102,24 @@ int pageSizeIn(const QByteArray& header)
     return stored == 1 ? 65536 : stored;
 }
 
-/// SQLite takes the missing rest of a last page for zeros. Only a write that was interrupted may leave one,
-/// and the log or journal beside the file then makes it good.
-bool lacksPartOfAPage(int pageSize, const QString& path)
+/// Whether a write that was interrupted is to be finished or taken back when the file is opened. Until then
+/// anything may stand in it.
+bool hasUnfinishedWrite(const QString& path)
 {
-    return pageSize > 0 && QFileInfo(path).size() % pageSize != 0 &&
-           QFileInfo(path + QLatin1StringView("-wal")).size() == 0 &&
-           QFileInfo(path + QLatin1StringView("-journal")).size() == 0;
+    return QFileInfo(path + QLatin1StringView("-wal")).size() > 0 ||
+           QFileInfo(path + QLatin1StringView("-journal")).size() > 0;
+}
+
+/// What is wrong with a file at rest that SQLite does not find, empty when nothing is.
+QString overlookedDamageOf(const QString& path, int pageSize)
+{
+    constexpr int SmallestPage = 512;
+    if (pageSize < SmallestPage)
+        return {}; // SQLite finds that
+    // SQLite takes the missing rest of a last page for zeros.
+    if (QFileInfo(path).size() % pageSize != 0)
+        return QStringLiteral("its end is cut off");
+    return holdsHollowRow(path, pageSize) ? QStringLiteral("a row in it is hollow") : QString();
 }
 
 /// What is wrong with the file, empty when nothing is.
@@ -184,11 +194,13 @@ void checkFiles(const QString& path, bool logMayEndEarly)
         throw refusal(SQLITE_NOTADB, path, QStringLiteral("it is not a joke collection"));
     checkIdentity(qFromBigEndian<qint32>(header.constData() + ApplicationIdOffset),
                   qFromBigEndian<qint32>(header.constData() + UserVersionOffset), path);
-    if (lacksPartOfAPage(pageSizeIn(header), path))
-        throw damage(SQLITE_CORRUPT, path, QStringLiteral("its end is cut off"));
+    const int pageSize = pageSizeIn(header);
+    if (!hasUnfinishedWrite(path))
+        if (const QString finding = overlookedDamageOf(path, pageSize); !finding.isEmpty())
+            throw damage(SQLITE_CORRUPT, path, finding);
     const QString log = path + QLatin1StringView("-wal");
     // Twice: another program may have been writing to it.
-    if (!logMayEndEarly && losesCommits(log, pageSizeIn(header)) && losesCommits(log, pageSizeIn(header)))
+    if (!logMayEndEarly && losesCommits(log, pageSize) && losesCommits(log, pageSize))
         throw damage(SQLITE_CORRUPT, path,
                      QStringLiteral("its log \"%1\" cannot be read to its end").arg(log));
 }
