@@ -119,7 +119,7 @@ QByteArray flipped(QByteArray bytes, qsizetype bit)
 }
 
 /// All bits in a long run; else all of the file's header and some of each page, most of them where a page
-/// tells what it holds.
+/// tells what it holds; and all of the first row of the jokes.
 std::vector<qsizetype> bitsToFlip(qsizetype size)
 {
     std::vector<qsizetype> bits;
@@ -127,7 +127,8 @@ std::vector<qsizetype> bitsToFlip(qsizetype size)
     for (qsizetype bit = 0; bit < size * 8; ++bit) {
         const qsizetype byte = bit / 8;
         const qsizetype inPage = byte % PageSize;
-        if (isLongRun() || byte < 100 || random() % (inPage < 120 ? 8 : 256) == 0)
+        const bool isFirstRow = byte / PageSize == 4 && inPage < 120;
+        if (isLongRun() || byte < 100 || isFirstRow || random() % (inPage < 120 ? 8 : 256) == 0)
             bits.push_back(bit);
     }
     return bits;
