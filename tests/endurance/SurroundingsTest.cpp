@@ -88,6 +88,39 @@ TEST(SurroundingsTest, DiskThatIsReallyFullFailsSavesUntilThereIsRoom)
     }
 }
 
+TEST(SurroundingsTest, JokesInTheLogOfACrashNeverVanishWhereNothingCanBeWritten)
+{
+    CollectionFolder original;
+    const PersistentContainer container = original.open();
+    insertJoke(container.viewContext(), {.joke = "in the log alone"});
+    container.viewContext().save();
+    const Rows rows = rowsOf(container.viewContext());
+    for (const mode_t folderMode : {0555U, 0777U}) {
+        SCOPED_TRACE(folderMode);
+        CollectionFolder crashed;
+        original.copyAsAfterACrash(crashed);
+        for (const char* suffix : {"", "-wal"})
+            ::chmod(QFile::encodeName(crashed.file() + QLatin1StringView(suffix)).constData(), 0444);
+        ::chmod(QFile::encodeName(crashed.path()).constData(), folderMode);
+        const int status = exitStatusOf([&] {
+            constexpr uid_t Nobody = 65534; // for an administrator nothing is read-only
+            if (::geteuid() == 0 && ::setuid(Nobody) != 0)
+                return NotPossibleHere;
+            try {
+                const PersistentContainer readOnly = crashed.open();
+                EXPECT_EQ(rowsOf(readOnly.viewContext()), rows);
+                insertJoke(readOnly.viewContext(), {.id = 1});
+                EXPECT_FALSE(saves(readOnly.viewContext()));
+            } catch (const StoreError& error) {
+                EXPECT_TRUE(error.localizedDescription().contains(crashed.file())) << error.what();
+            }
+            return 0;
+        });
+        EXPECT_TRUE(status == 0 || status == NotPossibleHere) << status;
+        ::chmod(QFile::encodeName(crashed.path()).constData(), 0700);
+    }
+}
+
 struct Loss {
     const char* name;
     std::function<void(const CollectionFolder&)> happen;
