@@ -113,12 +113,14 @@ void ManagedObjectContext::save()
 {
     if (!hasChanges())
         return;
+    m_store->willSave();
     sqlite::Transaction transaction(m_store->database());
     refuseForeignChanges();
     m_jokes.writeChanges(m_store->database());
     m_categories.writeChanges(m_store->database());
     m_ratings.writeChanges(m_store->database());
     transaction.commit();
+    m_store->didSave();
     m_jokes.changesWereSaved();
     m_categories.changesWereSaved();
     m_ratings.changesWereSaved();

@@ -114,6 +114,8 @@ private:
     RecordTable<Jokes> m_jokes;
     RecordTable<Category> m_categories;
     RecordTable<Rating> m_ratings;
+    bool m_entriesAreCertain =
+        false; ///< The folder was synced after the last save, and none has failed since.
 };
 
 /// Makes commits cheap while many small saves follow each other, and durable again at its end. What was saved

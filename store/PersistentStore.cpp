@@ -2,6 +2,7 @@
 #include "store/PersistentStore.h"
 
 #include "store/Console.h"
+#include "store/FolderSync.h"
 #include "store/StoreSchema.h"
 
 #include <QDir>
@@ -9,6 +10,8 @@
 #include <QFileInfo>
 
 #include <array>
+#include <cerrno>
+#include <utility>
 
 #include <sqlite3.h>
 
@@ -18,9 +21,26 @@ namespace {
 
 using sqlite::Database;
 
+/// Also in a collection that stays with a rollback journal, whose removal is the commit: with FULL a power
+/// cut could bring the journal back, and with it take back what was saved.
+constexpr const char* Durable = "PRAGMA synchronous = EXTRA";
+
 QString writeAheadLogOf(const QString& path)
 {
     return path + QLatin1StringView("-wal");
+}
+
+/// Makes a folder with those above it. Each that is new is on the disk under its name when this returns,
+/// where the file system can tell.
+bool makeFolder(const QString& path)
+{
+    if (QFileInfo::exists(path))
+        return QFileInfo(path).isDir();
+    const QString parent = QFileInfo(path).path();
+    if (!makeFolder(parent) || !(QDir().mkdir(path) || QFileInfo(path).isDir()))
+        return false;
+    synchronizeFolder(parent);
+    return true;
 }
 
 /// Removes the companion files that only looking at a refused store has made.
@@ -67,8 +87,9 @@ PersistentStore::PersistentStore(const QString& path) : m_path(path)
     else
         openChecked();
     if (!m_database->isReadOnly())
-        m_database->execute("PRAGMA synchronous = FULL");
+        m_database->execute(Durable);
     m_dataVersionQuery.emplace(*m_database, "PRAGMA data_version");
+    m_journalModeQuery.emplace(*m_database, "PRAGMA journal_mode");
     acceptContents();
 }
 
@@ -77,7 +98,7 @@ PersistentStore::~PersistentStore() = default;
 void PersistentStore::create()
 {
     const QString folder = QFileInfo(m_path).absolutePath();
-    if (!QDir().mkpath(folder))
+    if (!makeFolder(folder))
         throw StoreError(SQLITE_CANTOPEN,
                          QStringLiteral("The folder \"%1\" for the collection cannot be made").arg(folder),
                          {{QStringLiteral("path"), m_path}});
@@ -89,13 +110,15 @@ void PersistentStore::makeTables()
 {
     // They go in through a rollback journal: a crash leaves them whole, or a journal that takes them out
     // again.
+    m_database->execute(Durable);
     StoreSchema::migrate(*m_database);
     m_database->execute("PRAGMA journal_mode = WAL");
 }
 
 void PersistentStore::openChecked()
 {
-    StoreSchema::checkHeader(m_path);
+    if (!StoreSchema::isUnfinished(m_path))
+        StoreSchema::checkFiles(m_path, isBulkUnfinished());
     const CompanionFiles companions(m_path);
     try {
         m_database = openReadable();
@@ -114,6 +137,9 @@ void PersistentStore::openChecked()
     StoreSchema::migrate(*m_database);
     try {
         m_database->execute("PRAGMA journal_mode = WAL");
+        // What a power cut has left of its log must not lie behind the saves to come.
+        if (isBulkUnfinished() && m_database->emptyWriteAheadLog())
+            QFile::remove(bulkMark());
     } catch (const StoreError& error) {
         // A store that cannot be converted now, for want of space, still shows what it holds.
         printFailure(error.localizedDescription());
@@ -152,6 +178,34 @@ bool PersistentStore::mayHaveBeenChangedElsewhere()
     return dataVersion() != m_acceptedDataVersion;
 }
 
+void PersistentStore::willSave()
+{
+    if (!m_isRelaxed)
+        requireFileInPlace();
+}
+
+void PersistentStore::didSave()
+{
+    // A log that was just made, or a journal whose removal is the commit: SQLite passes over a folder that
+    // cannot be synced, and a save after one that got as far as the removal has nothing to write or sync.
+    if (m_isRelaxed || (m_logEntryIsCertain && usesWriteAheadLog()))
+        return;
+    synchronizeEntries();
+    m_logEntryIsCertain = true;
+}
+
+void PersistentStore::requireFileInPlace()
+{
+    if (!m_database->isStillInPlace())
+        throw StoreError(
+            SQLITE_READONLY_DBMOVED,
+            QStringLiteral(
+                "\"%1\" was removed, renamed or replaced while it was open. Nothing was saved; put "
+                "it back under its name, or close and open Giggle Archives again")
+                .arg(m_path),
+            {{QStringLiteral("path"), m_path}});
+}
+
 void PersistentStore::acceptContents()
 {
     m_acceptedDataVersion = dataVersion();
@@ -165,15 +219,57 @@ std::int64_t PersistentStore::dataVersion()
     return version;
 }
 
+bool PersistentStore::usesWriteAheadLog()
+{
+    m_journalModeQuery->step();
+    const bool isLog = m_journalModeQuery->text(0) == "wal";
+    m_journalModeQuery->reset();
+    return isLog;
+}
+
 void PersistentStore::relaxDurability()
 {
+    // With a rollback journal a relaxed commit may be taken back after the ones that follow it.
+    if (m_database->isReadOnly() || !usesWriteAheadLog())
+        return;
+    QFile mark(bulkMark());
+    if (!mark.open(QIODevice::WriteOnly))
+        throw StoreError(SQLITE_CANTOPEN,
+                         QStringLiteral("\"%1\" cannot be made: %2").arg(mark.fileName(), mark.errorString()),
+                         {{QStringLiteral("path"), m_path}});
+    synchronizeEntries();
     m_database->execute("PRAGMA synchronous = NORMAL");
+    m_isRelaxed = true;
+}
+
+void PersistentStore::synchronizeEntries()
+{
+    if (!synchronizeFolder(QFileInfo(m_path).absolutePath()))
+        throw StoreError(
+            SQLITE_IOERR_DIR_FSYNC,
+            QStringLiteral("What was saved could not be forced to the disk: %1").arg(qt_error_string(errno)),
+            {{QStringLiteral("path"), m_path}});
 }
 
 void PersistentStore::restoreDurability()
 {
-    m_database->execute("PRAGMA synchronous = FULL");
+    if (!std::exchange(m_isRelaxed, false))
+        return;
+    m_database->execute(Durable);
     m_database->syncWriteAheadLog();
+    requireFileInPlace();
+    synchronizeEntries();
+    QFile::remove(bulkMark());
+}
+
+QString PersistentStore::bulkMark() const
+{
+    return m_path + QLatin1StringView("-bulk");
+}
+
+bool PersistentStore::isBulkUnfinished() const
+{
+    return QFile::exists(bulkMark());
 }
 
 } // namespace giggle

@@ -31,6 +31,14 @@ public:
     /// whether a failed write of our own leaves that open. Exact only inside a transaction.
     [[nodiscard]] bool mayHaveBeenChangedElsewhere();
 
+    /// @name Called before the transaction of a save and after its commit. Both throw StoreError
+    /// The first when the file was removed, renamed or replaced since it was opened: what is written to it
+    /// now would be gone with the program. The second when it is not certain that the save stays on the disk.
+    /// @{
+    void willSave();
+    void didSave();
+    /// @}
+
     /// The contents were found to be what they should be: changes until now no longer count.
     void acceptContents();
 
@@ -48,11 +56,22 @@ private:
     void openChecked();
     [[nodiscard]] std::unique_ptr<sqlite::Database> openReadable();
     [[nodiscard]] std::int64_t dataVersion();
+    [[nodiscard]] bool usesWriteAheadLog();
+    void requireFileInPlace();
+    /// Forces to the disk which files there are.
+    void synchronizeEntries();
+    /// A file that stands beside the collection while commits are relaxed: after a power cut the log may then
+    /// lack parts anywhere, and is read as far as it goes.
+    [[nodiscard]] QString bulkMark() const;
+    [[nodiscard]] bool isBulkUnfinished() const;
 
     QString m_path;
     std::unique_ptr<sqlite::Database> m_database;
     std::optional<sqlite::Statement> m_dataVersionQuery;
+    std::optional<sqlite::Statement> m_journalModeQuery;
     std::int64_t m_acceptedDataVersion = 0;
+    bool m_isRelaxed = false;
+    bool m_logEntryIsCertain = false; ///< The folder was synced after this connection's log was made.
 };
 
 } // namespace giggle

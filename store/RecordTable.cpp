@@ -4,7 +4,10 @@
 #include "store/RecordSorting.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
+
+#include <sqlite3.h>
 
 namespace giggle {
 
@@ -37,6 +40,10 @@ Record& RecordTable<Record>::append(std::int64_t oid)
 template <class Record>
 Record& RecordTable<Record>::insert()
 {
+    if (m_lastOid == std::numeric_limits<std::int64_t>::max())
+        throw StoreError(SQLITE_FULL,
+                         QStringLiteral("The collection's last record has the highest number that "
+                                        "there is: nothing can be added behind it"));
     Record& record = append(++m_lastOid);
     if (m_liveIsCurrent)
         m_live.push_back(&record);

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "store/StoreSchema.h"
 
+#include "store/LogCheck.h"
+#include "store/PageCheck.h"
 #include "store/sqlite/Database.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -48,10 +51,21 @@ constexpr int UserVersionOffset = 60;
 constexpr int ApplicationIdOffset = 68;
 constexpr QByteArrayView Magic("SQLite format 3\0", 16);
 
+// The same in the header of a rollback journal.
+constexpr int JournalHeaderSize = 28;
+constexpr int InitialPagesOffset = 16;
+constexpr QByteArrayView JournalMagic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
+
 StoreError refusal(int code, const QString& path, const QString& reason)
 {
-    return StoreError(code, QStringLiteral("\"%1\" was left untouched: %2").arg(path, reason),
-                      {{QStringLiteral("path"), path}});
+    return StoreError(
+        code,
+        QStringLiteral(
+            "\"%1\" was left untouched: %2. To go on, move it and the files whose names begin with "
+            "its name to another place, and put a copy there instead: the daily copies lie beside it "
+            "in the folder \"%3\". Without a file there Giggle Archives starts with an empty collection")
+            .arg(path, reason, QFileInfo(path).dir().filePath(QStringLiteral("copies"))),
+        {{QStringLiteral("path"), path}});
 }
 
 StoreError damage(int code, const QString& path, const QString& finding)
@@ -66,7 +80,9 @@ void checkIdentity(std::int64_t applicationId, std::int64_t version, const QStri
     if (version > CurrentVersion)
         throw refusal(
             SQLITE_MISMATCH, path,
-            QStringLiteral("a newer version of Giggle Archives wrote it (format %1, this program knows %2)")
+            QStringLiteral(
+                "a newer version of Giggle Archives wrote it (format %1, this program knows %2) and "
+                "can open it")
                 .arg(version)
                 .arg(CurrentVersion));
     if (version < 1)
@@ -76,18 +92,34 @@ void checkIdentity(std::int64_t applicationId, std::int64_t version, const QStri
 bool tellsOfDamage(const StoreError& error)
 {
     const int code = error.extendedCode() & 0xff;
-    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+    // The last is what SQLite says of a format that it does not know.
+    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB || code == SQLITE_ERROR;
 }
 
-/// SQLite takes the missing rest of a last page for zeros. Only a write that was interrupted may leave one,
-/// and the log or journal beside the file then makes it good.
-bool lacksPartOfAPage(const QByteArray& header, const QString& path)
+int pageSizeIn(const QByteArray& header)
 {
     const int stored = qFromBigEndian<quint16>(header.constData() + PageSizeOffset);
-    const int pageSize = stored == 1 ? 65536 : stored;
-    return pageSize > 0 && QFileInfo(path).size() % pageSize != 0 &&
-           QFileInfo(path + QLatin1StringView("-wal")).size() == 0 &&
-           QFileInfo(path + QLatin1StringView("-journal")).size() == 0;
+    return stored == 1 ? 65536 : stored;
+}
+
+/// Whether a write that was interrupted is to be finished or taken back when the file is opened. Until then
+/// anything may stand in it.
+bool hasUnfinishedWrite(const QString& path)
+{
+    return QFileInfo(path + QLatin1StringView("-wal")).size() > 0 ||
+           QFileInfo(path + QLatin1StringView("-journal")).size() > 0;
+}
+
+/// What is wrong with a file at rest that SQLite does not find, empty when nothing is.
+QString overlookedDamageOf(const QString& path, int pageSize)
+{
+    constexpr int SmallestPage = 512;
+    if (pageSize < SmallestPage)
+        return {}; // SQLite finds that
+    // SQLite takes the missing rest of a last page for zeros.
+    if (QFileInfo(path).size() % pageSize != 0)
+        return QStringLiteral("its end is cut off");
+    return holdsHollowRow(path, pageSize) ? QStringLiteral("a row in it is hollow") : QString();
 }
 
 /// What is wrong with the file, empty when nothing is.
@@ -142,7 +174,17 @@ bool isAbsent(const QString& path)
     return true;
 }
 
-void checkHeader(const QString& path)
+bool isUnfinished(const QString& path)
+{
+    QFile journal(path + QLatin1StringView("-journal"));
+    if (!journal.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray header = journal.read(JournalHeaderSize);
+    return header.size() == JournalHeaderSize && QByteArrayView(header).startsWith(JournalMagic) &&
+           qFromBigEndian<quint32>(header.constData() + InitialPagesOffset) == 0;
+}
+
+void checkFiles(const QString& path, bool logMayEndEarly)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -152,8 +194,15 @@ void checkHeader(const QString& path)
         throw refusal(SQLITE_NOTADB, path, QStringLiteral("it is not a joke collection"));
     checkIdentity(qFromBigEndian<qint32>(header.constData() + ApplicationIdOffset),
                   qFromBigEndian<qint32>(header.constData() + UserVersionOffset), path);
-    if (lacksPartOfAPage(header, path))
-        throw damage(SQLITE_CORRUPT, path, QStringLiteral("its end is cut off"));
+    const int pageSize = pageSizeIn(header);
+    if (!hasUnfinishedWrite(path))
+        if (const QString finding = overlookedDamageOf(path, pageSize); !finding.isEmpty())
+            throw damage(SQLITE_CORRUPT, path, finding);
+    const QString log = path + QLatin1StringView("-wal");
+    // Twice: another program may have been writing to it.
+    if (!logMayEndEarly && losesCommits(log, pageSize) && losesCommits(log, pageSize))
+        throw damage(SQLITE_CORRUPT, path,
+                     QStringLiteral("its log \"%1\" cannot be read to its end").arg(log));
 }
 
 void migrate(sqlite::Database& database)

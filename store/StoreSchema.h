@@ -27,9 +27,15 @@ inline constexpr std::int64_t CurrentVersion = 1;
 /// log lies beside it all the same: SQLite would throw away what was saved there.
 [[nodiscard]] bool isAbsent(const QString& path);
 
-/// Reads the header of the file at @p path without SQLite, so that nothing on disk is touched.
-/// Throws StoreError when the file is no collection, or one of a newer version.
-void checkHeader(const QString& path);
+/// Whether the file at @p path is what a crash has left of a collection that was being made: a rollback
+/// journal beside it leads back to a file without a page. SQLite takes it back when it opens the file,
+/// however little of a collection the file looks like by then.
+[[nodiscard]] bool isUnfinished(const QString& path);
+
+/// Looks at the file at @p path and its write-ahead log without SQLite, so that nothing on disk is touched.
+/// Throws StoreError when the file is no collection, one of a newer version or cut off, and when its log is
+/// damaged in front of saves that were complete, unless @p logMayEndEarly.
+void checkFiles(const QString& path, bool logMayEndEarly);
 
 /// Brings the database to the current version, each step in a transaction of its own.
 void migrate(sqlite::Database& database);

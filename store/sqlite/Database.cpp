@@ -73,11 +73,23 @@ bool Database::isInTransaction() const
     return sqlite3_get_autocommit(handle()) == 0;
 }
 
+bool Database::isStillInPlace()
+{
+    int hasMoved = 0;
+    return sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved) != SQLITE_OK ||
+           hasMoved == 0;
+}
+
 void Database::keepWriteAheadLog(bool keep)
 {
     int flag = keep ? 1 : 0;
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, flag, nullptr);
     sqlite3_file_control(handle(), "main", SQLITE_FCNTL_PERSIST_WAL, &flag);
+}
+
+bool Database::emptyWriteAheadLog()
+{
+    return integer("PRAGMA wal_checkpoint(TRUNCATE)") == 0; // "busy"
 }
 
 void Database::syncWriteAheadLog()

@@ -42,9 +42,16 @@ public:
     /// Whether a transaction is open.
     [[nodiscard]] bool isInTransaction() const;
 
+    /// Whether the file that is open still stands under its name, or may do so.
+    [[nodiscard]] bool isStillInPlace();
+
     /// While set, closing leaves the write-ahead log as it is instead of moving it into the file and removing
     /// it: what a database that may yet be refused needs.
     void keepWriteAheadLog(bool keep);
+
+    /// Moves what the write-ahead log holds into the file and makes it empty; false when another program
+    /// still reads it.
+    [[nodiscard]] bool emptyWriteAheadLog();
 
     /// Forces what the write-ahead log holds to the disk.
     void syncWriteAheadLog();

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "tests/endurance/Session.h"
+
+#include "exchange/format/ExchangeReader.h"
+#include "shell/ViewController.h"
+#include "store/AppDelegate.h"
+#include "store/PreferenceKeys.h"
+#include "store/Preferences.h"
+#include "tests/support/FakeNavigator.h"
+#include "tests/support/FakePlatform.h"
+#include "tests/support/HandTurnedQueue.h"
+#include "ui/ScreenEnvironment.h"
+#include "ui/SharedSelection.h"
+
+#include <cstdio>
+
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
+namespace giggle {
+
+namespace {
+
+const std::string ExchangeText = "[GIGGLEARCHIVES]\nPuns^Mild^1^T^Replaces the first\nCorny^^7^F^" +
+                                 std::string(5000, 'c') +
+                                 "\nCorny^Mild^8^T^Eighth\nPuns^Adult^9^F^Ninth\n[CATEGORY]\nPuns\nCorny\n";
+
+QString preferencesOf(const CollectionFolder& folder)
+{
+    return folder.filePath(QStringLiteral("preferences.json"));
+}
+
+double fontSizeIn(const Preferences& preferences)
+{
+    return preferences.isPresent(PreferenceKeys::ListFontSize)
+               ? preferences.real(PreferenceKeys::ListFontSize)
+               : 0;
+}
+
+} // namespace
+
+Session::Session(const CollectionFolder& folder, SimulatedDisk& disk, Kind kind)
+    : m_folder(folder), m_disk(disk), m_kind(kind)
+{
+}
+
+void Session::run()
+{
+    if (m_kind == Kind::FirstLaunch)
+        runFirstLaunch();
+    else
+        runDaily();
+}
+
+void Session::use(const std::function<void(ManagedObjectContext&)>& steps)
+{
+    for (int attempt = 0; attempt < 2; ++attempt)
+        try {
+            const PersistentContainer container = m_folder.open();
+            ManagedObjectContext& context = container.viewContext();
+            sqlite::Database& database = context.store().database();
+            if (database.isReadOnly())
+                throw StoreError(SQLITE_READONLY, QStringLiteral("opened for reading"));
+            database.execute(m_kind == Kind::RollbackMode ? "PRAGMA journal_mode = DELETE"
+                                                          : "PRAGMA wal_autocheckpoint = 4");
+            static_cast<void>(liveRows(context));
+
+            // Called before each commit, also those of an import.
+            struct Hook {
+                Session& session;
+                ManagedObjectContext& context;
+            } hook{*this, context};
+
+            const auto note = [](void* data) {
+                auto& [session, used] = *static_cast<Hook*>(data);
+                session.m_collection.attempt(rowsOf(used));
+                return 0;
+            };
+            sqlite3_commit_hook(database.handle(), note, &hook);
+            steps(context);
+            sqlite3_commit_hook(database.handle(), nullptr, nullptr);
+            return;
+        } catch (const StoreError&) {
+            EXPECT_TRUE(m_disk.hasFailed());
+        }
+}
+
+void Session::save(ManagedObjectContext& context)
+{
+    for (int attempt = 0; attempt < 2; ++attempt)
+        try {
+            context.save();
+            m_collection.attempt(rowsOf(context));
+            m_collection.acknowledge();
+            return;
+        } catch (const StoreError&) {
+            EXPECT_TRUE(m_disk.hasFailed());
+            EXPECT_TRUE(context.hasChanges());
+        }
+}
+
+void Session::acknowledgeUnlessFailed(ManagedObjectContext& context)
+{
+    m_collection.attempt(rowsOf(context));
+    if (context.hasChanges())
+        save(context);
+    else if (!m_disk.hasFailed())
+        m_collection.acknowledge();
+}
+
+void Session::changeFontSize(double size)
+{
+    Preferences preferences(preferencesOf(m_folder));
+    preferences.setReal(PreferenceKeys::ListFontSize, size);
+    m_fontSize.attempt(size);
+    for (int attempt = 0; attempt < 2; ++attempt)
+        if (preferences.synchronize()) {
+            m_fontSize.acknowledge();
+            return;
+        }
+    EXPECT_TRUE(m_disk.hasFailed());
+}
+
+void Session::importJokes()
+{
+    AppDelegate appDelegate(m_folder.path());
+    ExchangeReader reader(appDelegate, QStringLiteral("jokes.txt"), "ImportViewController", 1);
+    reader.readJokes(ExchangeText);
+    reader.readCategories(ExchangeText, ExchangeReader::NamesFilter::KeepsSection);
+}
+
+void Session::runDaily()
+{
+    changeFontSize(17);
+    use([&](ManagedObjectContext& context) {
+        Jokes& first = insertJoke(context, {.category = "Puns", .id = 1, .joke = "First"});
+        save(context);
+        Jokes& second = insertJoke(context, {.rating = "Mild", .id = 2, .joke = std::string(9000, 'x')});
+        insertCategory(context, "Puns");
+        save(context);
+        first.setFavorite(true);
+        save(context);
+        first.setJoke(std::string(6000, 'y'));
+        save(context);
+        changeFontSize(18);
+        context.deleteObject(second);
+        save(context);
+        insertRating(context, "Mild");
+        save(context);
+    });
+    use([&](ManagedObjectContext& context) {
+        importJokes();
+        acknowledgeUnlessFailed(context);
+        insertJoke(context, {.id = 10, .joke = "Tenth"});
+        save(context);
+        changeFontSize(19);
+        for (Jokes* joke : context.fetch(Jokes::fetchRequest()))
+            if (joke->id() == 7)
+                context.deleteObject(*joke);
+        save(context);
+    });
+}
+
+void Session::runFirstLaunch()
+{
+    use([&](ManagedObjectContext& context) {
+        AppDelegate appDelegate(m_folder.path());
+        Preferences userDefaults(preferencesOf(m_folder));
+        SharedSelection selection;
+        FakeNavigator navigator;
+        HandTurnedQueue mainQueue;
+        FakePlatform system;
+        const CollectionFolder resources;
+        const QString starter = resources.filePath(QStringLiteral("starter"));
+        writeBytes(starter, QByteArray::fromStdString(ExchangeText));
+        system.resources.paths.insert(QStringLiteral("GiggleArchives.txt"), starter);
+        ScreenEnvironment environment{appDelegate, userDefaults, selection,
+                                      navigator,   mainQueue,    system.platform};
+        ViewController menu(environment);
+        menu.viewDidLoad();
+        acknowledgeUnlessFailed(context);
+        menu.viewDidLoad();
+    });
+}
+
+void expectFreshStart(const CollectionFolder& folder, const Expectation& expected)
+{
+    try {
+        const PersistentContainer container = folder.open();
+        ManagedObjectContext& context = container.viewContext();
+        const Rows found = rowsOf(context);
+        EXPECT_THAT(expected.collections, testing::Contains(found));
+        EXPECT_FALSE(context.store().database().isReadOnly());
+        insertJoke(context, {.id = 99, .joke = "afterwards"});
+        context.save();
+        EXPECT_EQ(storedRows(folder.file()).size(), found.size() + 1);
+    } catch (const StoreError& error) {
+        ADD_FAILURE() << error.what();
+    }
+    Preferences preferences(preferencesOf(folder));
+    EXPECT_THAT(expected.fontSizes, testing::Contains(fontSizeIn(preferences)));
+    EXPECT_FALSE(QFile::exists(preferencesOf(folder) + QStringLiteral(".damaged")));
+}
+
+void expectFreshStart(const SimulatedDisk::Image& image, const Expectation& expected)
+{
+    const CollectionFolder folder;
+    for (const auto& [name, bytes] : image)
+        writeBytes(folder.filePath(name), bytes);
+    expectFreshStart(folder, expected);
+}
+
+Rows rowsOf(ManagedObjectContext& context)
+{
+    constexpr std::size_t Shown = 60;
+    Rows rows = liveRows(context);
+    for (std::string& row : rows)
+        if (row.size() > Shown)
+            row = row.substr(0, Shown) + "... " + std::to_string(row.size()) + " " +
+                  std::to_string(std::hash<std::string>()(row));
+    return rows;
+}
+
+bool isLongRun()
+{
+    return qEnvironmentVariableIntValue("GIGGLE_LONG") != 0;
+}
+
+void reportCount(const char* what, int tried, int survived)
+{
+    std::printf("%s: %d tried, %d survived\n", what, tried, survived);
+    testing::Test::RecordProperty(std::string(what) + ", tried", tried);
+    testing::Test::RecordProperty(std::string(what) + ", survived", survived);
+    EXPECT_EQ(survived, tried);
+}
+
+} // namespace giggle

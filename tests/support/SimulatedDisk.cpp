@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/SimulatedDisk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace giggle {
+
+namespace {
+
+constexpr qsizetype SectorSize = 512;
+
+/// A change of a file's bytes, or of its size alone.
+struct Write {
+    qsizetype offset = 0;
+    QByteArray bytes;
+    bool isTruncation = false;
+
+    void applyTo(QByteArray& content) const
+    {
+        if (isTruncation) {
+            const qsizetype before = content.size();
+            content.resize(offset);
+            if (offset > before)
+                content.replace(before, offset - before, QByteArray(offset - before, '\0'));
+            return;
+        }
+        if (content.size() < offset)
+            content.append(QByteArray(offset - content.size(), '\0'));
+        content.replace(offset, bytes.size(), bytes);
+    }
+};
+
+} // namespace
+
+struct SimulatedDisk::File {
+    QByteArray durable;
+    QByteArray live;
+    std::vector<Write> unsynced;
+
+    void change(Write write)
+    {
+        write.applyTo(live);
+        unsynced.push_back(std::move(write));
+    }
+
+    void sync()
+    {
+        durable = live;
+        unsynced.clear();
+    }
+
+    [[nodiscard]] QByteArray withSomeOfItsWrites(std::mt19937& random) const
+    {
+        QByteArray content = durable;
+        for (const Write& write : unsynced) {
+            if (write.isTruncation || write.bytes.isEmpty()) {
+                if (random() % 2)
+                    write.applyTo(content);
+                continue;
+            }
+            // Mostly whole or not at all, now and then torn between sectors.
+            const bool isTorn = random() % 4 == 0;
+            const bool isKept = random() % 2;
+            for (qsizetype at = 0; at < write.bytes.size();) {
+                const qsizetype end = std::min((write.offset + at) / SectorSize * SectorSize + SectorSize,
+                                               write.offset + write.bytes.size());
+                const qsizetype size = end - write.offset - at;
+                if (isTorn ? random() % 2 : isKept)
+                    Write{write.offset + at, write.bytes.mid(at, size)}.applyTo(content);
+                at += size;
+            }
+        }
+        return content;
+    }
+};
+
+SimulatedDisk* SimulatedDisk::s_current = nullptr;
+
+SimulatedDisk::SimulatedDisk(const QString& folder) : m_folder(QFileInfo(folder).canonicalFilePath())
+{
+    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
+        if (!isModelled(name))
+            continue;
+        QFile file(QDir(folder).filePath(name));
+        if (file.open(QIODevice::ReadOnly))
+            m_live[name] = std::make_shared<File>(File{file.readAll(), {}, {}});
+        m_live[name]->live = m_live[name]->durable;
+    }
+    m_durable = m_live;
+    s_current = this;
+}
+
+SimulatedDisk::~SimulatedDisk()
+{
+    s_current = nullptr;
+}
+
+void SimulatedDisk::failAt(int call, Fault fault, Lasting lasting, bool withReads)
+{
+    m_calls = 0;
+    m_failAt = call;
+    m_fault = fault;
+    m_lasting = lasting;
+    m_countsReads = withReads;
+    m_hasFailed = false;
+    m_nextWriteFails = false;
+}
+
+SimulatedDisk::Image SimulatedDisk::afterPowerCut(Unsynced unsynced, std::mt19937& random) const
+{
+    Entries entries = unsynced == Unsynced::Kept ? m_live : m_durable;
+    if (unsynced == Unsynced::Random)
+        for (const EntryChange& change : m_unsyncedChanges)
+            if (random() % 2)
+                applyTo(entries, change);
+    Image image;
+    for (const auto& [name, file] : entries)
+        image[name] = unsynced == Unsynced::Kept   ? file->live
+                      : unsynced == Unsynced::Lost ? file->durable
+                                                   : file->withSomeOfItsWrites(random);
+    return image;
+}
+
+SimulatedDisk::Outcome SimulatedDisk::nextCall(bool isRead, bool grows, bool isWrite)
+{
+    if (m_observer && !isRead && !m_isObserving) {
+        m_isObserving = true;
+        m_observer();
+        m_isObserving = false;
+    }
+    if (isRead && !m_countsReads)
+        return Outcome::Normal;
+    ++m_calls;
+    m_error = m_fault == Fault::NoSpace ? ENOSPC : m_fault == Fault::Interrupted ? EINTR : EIO;
+    if (m_failAt == 0)
+        return Outcome::Normal;
+    if (m_nextWriteFails && isWrite && grows) {
+        m_nextWriteFails = m_lasting == Lasting::FromThenOn;
+        return Outcome::Fails;
+    }
+    const bool isDue = m_lasting == Lasting::Once ? m_calls == m_failAt : m_calls >= m_failAt;
+    if (!isDue || (m_fault == Fault::NoSpace && !grows) || (m_fault == Fault::Short && !isWrite))
+        return Outcome::Normal;
+    m_hasFailed = true;
+    if (isWrite && (m_fault == Fault::NoSpace || m_fault == Fault::Short)) {
+        m_nextWriteFails = m_fault == Fault::NoSpace;
+        return Outcome::ComesOutShort;
+    }
+    return m_fault == Fault::ErrorButDone ? Outcome::FailsAfterwards : Outcome::Fails;
+}
+
+QString SimulatedDisk::nameOf(const char* path) const
+{
+    const QString name = QFile::decodeName(path);
+    return name.startsWith(m_folder + u'/') ? name.mid(m_folder.size() + 1) : QString();
+}
+
+bool SimulatedDisk::isModelled(const QString& name)
+{
+    return !name.endsWith(QLatin1StringView("-shm"));
+}
+
+void SimulatedDisk::applyTo(Entries& entries, const EntryChange& change) const
+{
+    if (!change.removed.isEmpty())
+        entries.erase(change.removed);
+    if (!change.made.isEmpty())
+        entries[change.made] = change.file;
+}
+
+void SimulatedDisk::change(EntryChange change)
+{
+    applyTo(m_live, change);
+    m_unsyncedChanges.push_back(std::move(change));
+}
+
+void SimulatedDisk::opened(int descriptor, const QString& name, bool isTruncated)
+{
+    if (name.isEmpty()) {
+        m_files[descriptor] = nullptr;
+        return;
+    }
+    if (!isModelled(name)) {
+        m_files[descriptor] = std::make_shared<File>();
+        return;
+    }
+    if (!m_live.contains(name))
+        change({{}, name, std::make_shared<File>()});
+    const FilePointer& file = m_live[name];
+    if (isTruncated && !file->live.isEmpty())
+        file->change({0, {}, true});
+    m_files[descriptor] = file;
+}
+
+void SimulatedDisk::openedUnnamed(int descriptor)
+{
+    m_files[descriptor] = std::make_shared<File>();
+}
+
+void SimulatedDisk::wrote(int descriptor, off_t offset, const char* bytes, ssize_t count)
+{
+    if (const auto file = m_files.find(descriptor); file != m_files.end() && count > 0)
+        file->second->change({offset, QByteArray(bytes, count)});
+}
+
+void SimulatedDisk::truncated(int descriptor, off_t size)
+{
+    if (const auto file = m_files.find(descriptor); file != m_files.end())
+        file->second->change({size, {}, true});
+}
+
+void SimulatedDisk::synced(int descriptor)
+{
+    const auto file = m_files.find(descriptor);
+    if (file == m_files.end())
+        return;
+    if (file->second) {
+        file->second->sync();
+        return;
+    }
+    m_durable = m_live;
+    m_unsyncedChanges.clear();
+}
+
+} // namespace giggle
