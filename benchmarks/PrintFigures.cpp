@@ -29,7 +29,7 @@ AttributedText printedJokes(Collections& collections, std::size_t size, std::siz
     const PersistentContainer container = Collections::open(collections.folder(size));
     std::vector<Jokes*> jokes = container.viewContext().fetch(Jokes::fetchRequest());
     jokes.resize(std::min(jokes.size(), count));
-    return composeJokes(jokes);
+    return composeJokes(jokes).attributedText();
 }
 
 std::unique_ptr<QTextDocument> documentOf(const AttributedText& text)
