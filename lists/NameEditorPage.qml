@@ -2,7 +2,6 @@
 // What the pages that add and rename a name share: the field, which has the keyboard at once, and Save. Enter in
 // the field saves, too.
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import GiggleArchives
 

@@ -158,16 +158,44 @@ ApplicationWindow {
         onClosed: window.focusPage()
     }
 
-    ShareSheetDialog {
-        sheet: window.shareSheet
+    // The sheets are made when they are first wanted: starting needs none of them.
+    component SheetLoader: Loader {
+        id: loader
+
+        required property bool isWanted
+        required property string page
+        required property var values
+
+        signal closed
+
+        anchors.fill: parent
+        onIsWantedChanged: if (isWanted && status === Loader.Null)
+            setSource(page, values)
+
+        Connections {
+            target: loader.item as Dialog
+
+            function onClosed() {
+                loader.closed();
+            }
+        }
+    }
+    SheetLoader {
+        isWanted: window.shareSheet.isShown
+        page: "ShareSheetDialog.qml"
+        values: ({
+                sheet: window.shareSheet
+            })
         onClosed: window.focusPage()
     }
-
-    PrintPanelDialog {
-        panel: window.printPanel
+    SheetLoader {
+        isWanted: window.printPanel.isShown
+        page: "PrintPanelDialog.qml"
+        values: ({
+                panel: window.printPanel
+            })
         onClosed: window.focusPage()
     }
-
     Loader {
         readonly property bool isWanted: window.documentPicker.isOpen
 

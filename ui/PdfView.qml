@@ -161,10 +161,9 @@ FocusScope {
         const at = scroller.mapFromItem(null, scenePosition);
         const x = (scroller.contentX + at.x - column.x) / zoom;
         const y = (scroller.contentY + at.y) / zoom;
-        const factor = next / zoom;
         zoom = next;
-        scroller.contentX = x * next + column.x - at.x;
-        scroller.contentY = y * next - at.y;
+        scroller.contentX = Math.max(0, x * next + column.x - at.x);
+        scroller.contentY = Math.max(0, y * next - at.y);
         scroller.returnToBounds();
     }
 

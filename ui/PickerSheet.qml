@@ -92,7 +92,7 @@ Rectangle {
         preferredHighlightBegin: (height - sheet.rowHeight) / 2
         preferredHighlightEnd: preferredHighlightBegin + sheet.rowHeight
         highlightMoveDuration: 0
-        cacheBuffer: sheet.looks ? 0 : 200 * sheet.rowHeight // a screen reader finds only the rows that have been made
+        cacheBuffer: count > 200 ? 320 : count * sheet.rowHeight // a screen reader finds only rows that are made
         Accessible.role: Accessible.List
         Accessible.name: sheet.field ? qsTr("%1 choices").arg(sheet.field.name) : ""
         onMovementEnded: sheet.picked(currentIndex)

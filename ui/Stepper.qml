@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A labelled whole number with a button on either side of it. `stepped` tells of every new value, however it
-// came about; `value` follows what the owner holds.
+// A labelled whole number with a button on either side of it, which can also be typed. `stepped` tells of every
+// new value, however it came about; `value` follows what the owner holds.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -10,15 +10,19 @@ FocusScope {
 
     required property string name
     property int value: 1
-    property alias from: box.from
-    property alias to: box.to
+    property int from: 0
+    property int to: 100
+    readonly property int stepSize: 1
 
     signal stepped(int value)
 
     implicitWidth: 200
-    implicitHeight: box.y + box.height
-
-    onValueChanged: box.value = value
+    implicitHeight: line.y + line.height
+    Accessible.role: Accessible.SpinBox
+    Accessible.name: name
+    onValueChanged: stepped(value)
+    Keys.onUpPressed: step(1)
+    Keys.onDownPressed: step(-1)
 
     FieldLabel {
         id: label
@@ -26,79 +30,91 @@ FocusScope {
         width: parent.width
         text: control.name
     }
-    SpinBox {
-        id: box
+    Rectangle {
+        id: line
 
         y: label.height + Theme.unit / 2
         width: parent.width
-        height: Math.max(Theme.touchTarget, implicitContentHeight + 2 * Theme.unit)
-        padding: 0
-        leftPadding: down.indicator.width
-        rightPadding: up.indicator.width
-        focus: true
-        editable: true
-        value: 1
-        font.pixelSize: Theme.bodySize
-        Accessible.name: control.name
-        onValueChanged: control.stepped(value)
+        height: Math.max(Theme.touchTarget, Math.round(1.5 * Theme.bodySize) + 2 * Theme.unit)
+        radius: Theme.fieldRadius
+        color: Theme.surface
+        border.width: 1
+        border.color: Theme.line
 
-        contentItem: TextInput {
-            text: box.displayText
-            font: box.font
+        TextInput {
+            anchors.fill: parent
+            focus: true
+            text: control.value
             color: Theme.text
             selectionColor: Theme.tint
             selectedTextColor: Theme.tintInk
+            font.pixelSize: Theme.bodySize
             horizontalAlignment: Qt.AlignHCenter
             verticalAlignment: Qt.AlignVCenter
-            validator: box.validator
             inputMethodHints: Qt.ImhDigitsOnly
             selectByMouse: true
-        }
-        background: Rectangle {
-            radius: Theme.fieldRadius
-            color: Theme.surface
-            border.width: 1
-            border.color: Theme.line
+            activeFocusOnTab: true
+            validator: IntValidator {
+                bottom: control.from
+                top: control.to
+            }
+            Accessible.name: control.name
+            onTextEdited: if (acceptableInput)
+                control.stepped(parseInt(text))
+            onActiveFocusChanged: if (!activeFocus)
+                text = Qt.binding(() => control.value) // what was typed may be no number
 
             FocusRing {
                 radius: Theme.fieldRadius + 3
-                visible: box.activeFocus
+                visible: parent.activeFocus
             }
         }
-        down.indicator: StepMark {
+        StepButton {
             sign: "\u2212"
-            isUsable: box.value > box.from
-            isDown: box.down.pressed
+            text: qsTr("Fewer")
+            enabled: control.value > control.from
+            onClicked: control.step(-1)
         }
-        up.indicator: StepMark {
-            x: box.width - width
+        StepButton {
+            anchors.right: parent.right
             sign: "+"
-            isUsable: box.value < box.to
-            isDown: box.up.pressed
+            text: qsTr("More")
+            enabled: control.value < control.to
+            onClicked: control.step(1)
         }
     }
 
-    component StepMark: Rectangle {
-        id: mark
+    component StepButton: AbstractButton {
+        id: button
 
         required property string sign
-        required property bool isUsable
-        required property bool isDown
 
         width: Math.max(Theme.touchTarget, Theme.iconSize + 2 * Theme.unit)
         height: parent?.height ?? 0
-        radius: Theme.fieldRadius
-        color: isDown ? Qt.tint(Theme.yellow, "#30808080") : Theme.yellow
-        border.width: 1
-        border.color: Theme.line
-        opacity: isUsable ? 1 : 0.5
+        focusPolicy: Qt.NoFocus // Up and Down do the same
+        autoRepeat: true
+        Accessible.name: text
 
-        Text {
-            anchors.centerIn: parent
-            text: mark.sign
+        background: Rectangle {
+            radius: Theme.fieldRadius
+            color: button.down ? Qt.tint(Theme.yellow, "#30808080") : Theme.yellow
+            border.width: 1
+            border.color: Theme.line
+            opacity: button.enabled ? 1 : 0.5
+        }
+        contentItem: Text {
+            text: button.sign
             color: Theme.brightInk
             font.pixelSize: Theme.bodySize
             font.bold: true
+            horizontalAlignment: Qt.AlignHCenter
+            verticalAlignment: Qt.AlignVCenter
         }
+    }
+
+    function step(by: int) {
+        const next = Math.max(from, Math.min(to, value + by));
+        if (next !== value)
+            stepped(next);
     }
 }

@@ -63,7 +63,7 @@ ListView {
     Keys.onReleased: showsFocus = true // of the Tab that led here, too
     Keys.onPressed: event => {
         // Nothing is deleted before the user could see what would be.
-        const isSeen = showsFocus;
+        const isSeen = showsFocus || currentRow?.activeFocus;
         showsFocus = true;
         if (event.key === Qt.Key_Delete && !isSeen) {
             event.accepted = true;

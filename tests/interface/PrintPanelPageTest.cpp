@@ -68,7 +68,8 @@ TEST_F(PrintPanelPageTest, WithoutAPrinterThereIsThePdfFile)
     present(1);
     waitFor(QAccessible::StaticText, u"There is no printer. The pages can be saved as a PDF file."_qs);
     press(QAccessible::Button, u"Print"_qs);
-    key(Qt::Key_Return); // has the keyboard: "Save as PDF"
+    ASSERT_TRUE(waitUntil([&] { return find(QAccessible::Button, u"Save as PDF"_qs)->state().focused; }));
+    key(Qt::Key_Return);
     ASSERT_TRUE(waitUntil([&] { return !system().documentPicker.suggestedNames.isEmpty(); }));
     system().documentPicker.answer(QUrl::fromLocalFile(u"/nonexistent/a.pdf"_qs));
     ASSERT_TRUE(waitUntil([&] { return !names(QAccessible::AlertMessage).isEmpty(); }));
