@@ -8,6 +8,7 @@
 #include "platform/MessageAddress.h"
 #include "platform/MessageCapability.h"
 #include "platform/Platform.h"
+#include "platform/PrintPanel.h"
 #include "ui/AtomicFile.h"
 #include "ui/Navigator.h"
 
@@ -76,6 +77,9 @@ SharedThings sorted(std::vector<SharedItem> items)
     return things;
 }
 
+/// The print panel itself says what fails.
+void ignoreOutcome(const PrintOutcome&) {}
+
 QString fileName(const QString& path)
 {
     return QFileInfo(path).fileName();
@@ -136,7 +140,7 @@ bool WindowShareSheet::works(ShareActivity activity) const
                canBeMessage(*m_things.text);
     case ShareActivity::Print:
     case ShareActivity::SaveAsPdf:
-        return false; // the window has no print panel
+        return m_things.files.isEmpty() && m_platform.printPanel;
     case ShareActivity::SaveToFiles:
         return isOneFile();
     case ShareActivity::OpenWith:
@@ -202,9 +206,19 @@ void WindowShareSheet::perform(ShareActivity activity)
         openWith();
         break;
     case ShareActivity::Print:
+        m_platform.printPanel->present(textToPrint(), TextTitle, ignoreOutcome);
+        break;
     case ShareActivity::SaveAsPdf:
-        break; // never offered
+        m_platform.printPanel->makePdf(textToPrint(), TextTitle, ignoreOutcome);
+        break;
     }
+}
+
+AttributedText WindowShareSheet::textToPrint() const
+{
+    AttributedText text;
+    text.append(*m_things.text, {.foregroundColor = QColor(Qt::black)});
+    return text;
 }
 
 void WindowShareSheet::copy() const

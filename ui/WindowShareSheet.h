@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/AttributedText.h"
 #include "platform/ShareSheet.h"
 
 #include <QObject>
@@ -60,6 +61,7 @@ private:
     void perform(ShareActivity activity);
     /// Whether it is one thing that a file can hold.
     [[nodiscard]] bool isOneFile() const;
+    [[nodiscard]] AttributedText textToPrint() const;
     void copy() const;
     void composeMail();
     void composeMessage();

@@ -44,19 +44,28 @@ TEST_F(ShareSheetTest, OffersWhatWorksAndIsNotExcluded)
          true,
          true,
          {},
-         {u"Copy"_qs, u"Mail"_qs, u"Message"_qs, u"Save to Files"_qs, u"Open With"_qs}},
-        {{text}, false, false, {}, {u"Copy"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+         {u"Copy"_qs, u"Mail"_qs, u"Message"_qs, u"Print"_qs, u"Save as PDF"_qs, u"Save to Files"_qs,
+          u"Open With"_qs}},
+        {{text},
+         false,
+         false,
+         {},
+         {u"Copy"_qs, u"Print"_qs, u"Save as PDF"_qs, u"Save to Files"_qs, u"Open With"_qs}},
         {{SharedText{QString(20000, u'\u00e9')}},
          true,
          true,
-         {ShareActivity::Copy}, // too long for a message
-         {u"Mail"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+         {ShareActivity::Copy, ShareActivity::Print}, // too long for a message
+         {u"Mail"_qs, u"Save as PDF"_qs, u"Save to Files"_qs, u"Open With"_qs}},
         {{SharedFile{u"/a.csv"_qs}},
          true,
          true,
          {ShareActivity::Mail},
          {u"Copy"_qs, u"Save to Files"_qs, u"Open With"_qs}},
-        {{text, text}, false, true, {}, {u"Copy"_qs, u"Message"_qs, u"Save to Files"_qs, u"Open With"_qs}},
+        {{text, text},
+         false,
+         true,
+         {},
+         {u"Copy"_qs, u"Message"_qs, u"Print"_qs, u"Save as PDF"_qs, u"Save to Files"_qs, u"Open With"_qs}},
         {{text, SharedFile{u"/a.csv"_qs}}, true, true, {}, {u"Copy"_qs, u"Mail"_qs}},
     };
 
@@ -87,6 +96,13 @@ TEST_F(ShareSheetTest, ATextGoesWhereItIsChosenToGo)
     sheet.present({text}, {});
     choose(u"Open With"_qs);
     EXPECT_EQ(readBytes(system.fileOpener.opened.at(0)), text.text.toUtf8());
+
+    for (const QString& way : {u"Print"_qs, u"Save as PDF"_qs}) {
+        sheet.present({text}, {});
+        choose(way);
+        EXPECT_EQ(system.printPanel.presented.back().text, text.text);
+        EXPECT_EQ(system.printPanel.presented.back().isForPdf, way != u"Print"_qs);
+    }
 
     CollectionFolder folder;
     sheet.present({text}, {});
