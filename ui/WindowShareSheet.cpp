@@ -217,7 +217,9 @@ void WindowShareSheet::perform(ShareActivity activity)
 AttributedText WindowShareSheet::textToPrint() const
 {
     AttributedText text;
-    text.append(*m_things.text, {.foregroundColor = QColor(Qt::black)});
+    TextAttributes plain;
+    plain.foregroundColor = QColor(Qt::black);
+    text.append(*m_things.text, plain);
     return text;
 }
 
