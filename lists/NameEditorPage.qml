@@ -44,8 +44,7 @@ AppPage {
             Layout.topMargin: Theme.unit / 2
             objectName: "SaveButton"
             text: qsTr("Save")
-            fill: Theme.yellow
-            ink: Theme.brightInk
+            isProminent: true
             onClicked: page.editor.SaveGenre()
         }
         Item {

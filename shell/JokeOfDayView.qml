@@ -42,8 +42,7 @@ AppPage {
             Layout.fillWidth: true
             Layout.topMargin: Theme.unit / 2
             text: qsTr("Shuffle")
-            fill: Theme.yellow
-            ink: Theme.brightInk
+            isProminent: true
             focus: true
             onClicked: page.screen.ShuffleJokes()
         }

@@ -66,8 +66,7 @@ AppPage {
 
                 width: parent.width
                 text: qsTr("Menu")
-                fill: Theme.yellow
-                ink: Theme.brightInk
+                isProminent: true
                 font.bold: true
                 focus: true
                 onClicked: page.screen.HandleSelection()

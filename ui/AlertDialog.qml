@@ -115,8 +115,7 @@ Dialog {
 
                 width: buttons.width
                 text: modelData
-                fill: Theme.yellow
-                ink: Theme.brightInk
+                isProminent: true
                 focus: index === Math.max(0, dialog.cancelAction)
                 // Where there is a choice it has to be seen which button has the keyboard.
                 alwaysShowsFocus: dialog.actions.length > 1

@@ -8,8 +8,10 @@ import GiggleArchives
 Button {
     id: control
 
-    property color fill: Theme.surface
-    property color ink: Theme.text
+    /// What the page is mostly there for.
+    property bool isProminent: false
+    property color fill: isProminent ? Theme.yellow : Theme.surface
+    property color ink: isProminent ? Theme.brightInk : Theme.text
     property int borderWidth: Theme.borderWidth
     /// Whether the keyboard is shown to be here however it came.
     property bool alwaysShowsFocus: false

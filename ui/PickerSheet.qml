@@ -60,8 +60,7 @@ Rectangle {
             anchors.rightMargin: Theme.unit
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Done")
-            fill: Theme.yellow
-            ink: Theme.brightInk
+            isProminent: true
             focusPolicy: Qt.NoFocus // the field keeps it; Enter and Escape do the same
             onClicked: sheet.dismiss()
         }

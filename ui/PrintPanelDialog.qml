@@ -257,8 +257,7 @@ Dialog {
                 Layout.fillWidth: true
                 text: qsTr("Save as PDF")
                 enabled: !dialog.isWorking
-                fill: Theme.yellow
-                ink: Theme.brightInk
+                isProminent: true
                 onEnabledChanged: dialog.focusButton()
                 onClicked: dialog.panel.saveAsPdf()
             }
@@ -269,8 +268,7 @@ Dialog {
                 visible: !dialog.panel.isForPdfOnly
                 text: qsTr("Print")
                 enabled: !dialog.isWorking && dialog.panel.canPrint
-                fill: Theme.yellow
-                ink: Theme.brightInk
+                isProminent: true
                 onClicked: dialog.panel.print()
             }
         }

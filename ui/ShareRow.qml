@@ -9,8 +9,7 @@ AppButton {
 
     property string iconName
 
-    fill: Theme.yellow
-    ink: Theme.brightInk
+    isProminent: true
 
     contentItem: RowLayout {
         spacing: 2 * Theme.unit
