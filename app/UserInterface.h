@@ -55,7 +55,7 @@ private:
     ScreenEnvironment m_environment;
     Appearance m_appearance;
     ReviewInvitation m_reviewInvitation;
-    WindowDocumentPicker m_documentPicker;
+    WindowDocumentPicker m_documentPicker{m_navigation};
     WindowShareSheet m_shareSheet;
     WindowPrintPanel m_printPanel;
     DocumentOpening m_documentOpening;

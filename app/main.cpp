@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxMailComposer.h"
 #include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
+#include "platform/linux/OutgoingFiles.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/StoragePlaces.h"
@@ -24,6 +25,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -116,6 +118,9 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
                       addressOpener,  mailComposer, messageCapability, fileOpener};
     platform.printers = &printers;
     platform.documentsFolder = places.documentsFolder();
+    platform.temporaryFolder = OutgoingFiles(outgoingFolder()).makeFolder();
+    // What other programs were handed stays for them.
+    const auto removeIfUnused = qScopeGuard([&] { QDir().rmdir(platform.temporaryFolder); });
     UserInterface interface(appDelegate, userDefaults, platform);
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")

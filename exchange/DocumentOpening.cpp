@@ -22,9 +22,19 @@ void DocumentOpening::open(const QUrl& document)
     proceed();
 }
 
+void DocumentOpening::setBlocked(bool isBlocked)
+{
+    if (isBlocked == m_isBlocked)
+        return;
+    m_isBlocked = isBlocked;
+    emit blockedChanged();
+    // Queued: what was on show is just being taken away.
+    QMetaObject::invokeMethod(this, &DocumentOpening::proceed, Qt::QueuedConnection);
+}
+
 void DocumentOpening::proceed()
 {
-    if (m_waiting.isEmpty() || m_navigation.depth() == 0 || m_navigation.alert().shown)
+    if (m_waiting.isEmpty() || m_isBlocked || m_navigation.depth() == 0 || m_navigation.alert().shown)
         return;
     m_selection.DocumentToImport = std::exchange(m_waiting, {});
     m_navigation.performSegue(SegueId::ImportJokes);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Loads an exchange file and reads it into the collection.
 import QtQuick
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import GiggleArchives
 
@@ -46,8 +47,8 @@ AppPage {
                 objectName: "ImportButton"
                 text: qsTr("Import")
                 focus: page.screen.isImportButtonEnabled
-                enabled: page.screen.isImportButtonEnabled
-                onClicked: page.screen.ImportTextFile()
+                enabled: page.screen.isImportButtonEnabled && !importing.running
+                onClicked: importing.start()
             }
         }
         LargeTextView {
@@ -58,5 +59,18 @@ AppPage {
             name: qsTr("File contents")
             content: page.screen.ImportTextView
         }
+    }
+    // An import keeps the window busy, for seconds where there is much: it has to be seen that something happens.
+    BusyIndicator {
+        anchors.centerIn: parent
+        visible: running
+        running: importing.running
+        Accessible.ignored: true
+    }
+    Timer {
+        id: importing
+
+        interval: 50
+        onTriggered: page.screen.ImportTextFile()
     }
 }

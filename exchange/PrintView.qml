@@ -88,6 +88,7 @@ AppPage {
             name: qsTr("Document")
             content: page.screen.PrintTextView
             isBold: true
+            textSize: Theme.jokeSize(18) // as it is printed
             horizontalAlignment: Text.AlignHCenter
         }
     }

@@ -58,7 +58,7 @@ AppPage {
                     fill: Theme.isDark(ink) ? "white" : Theme.surface
                     horizontalAlignment: TextInput.AlignHCenter
                     textFont.family: page.screen.listFont.family
-                    textFont.pixelSize: Theme.jokeSize(page.screen.listFont.pixelSize)
+                    textFont.pixelSize: Math.min(Theme.jokeSize(page.screen.listFont.pixelSize), width / 8)
                     picker: picker
                     choices: page.screen.fontList
                     looks: page.screen.fontLooks
@@ -179,7 +179,9 @@ AppPage {
     }
 
     function step(by: int) {
-        screen.ListStepperChanged(screen.ListStepper + by);
+        const next = Math.max(screen.leastListStepper, Math.min(screen.greatestListStepper, screen.ListStepper + by));
+        if (next !== screen.ListStepper)
+            screen.ListStepperChanged(next);
     }
 
     /// A field is being edited for as long as its picker is open.

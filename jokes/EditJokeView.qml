@@ -84,5 +84,6 @@ JokeEditorPage {
         horizontalAlignment: TextEdit.AlignHCenter
         textFont.family: screen.textFont.family
         textFont.pixelSize: Theme.jokeSize(screen.textFont.pixelSize)
+        textFont.bold: screen.textFont.bold
     }
 }

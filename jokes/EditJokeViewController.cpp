@@ -135,7 +135,11 @@ void EditJokeViewController::PrintJoke()
     // Going back loses nothing that the user has typed.
     if (!hadChanges)
         markAsSaved();
-    printText(environment(), composition.attributedText());
+    AttributedText text = composition.attributedText();
+    m_textFont = text.runs()[1].attributes.font.value_or(m_textFont);
+    m_displaySettings.ListFontColor.clear();
+    emit textFontChanged();
+    printText(environment(), std::move(text));
 }
 
 QString EditJokeViewController::enteredJoke() const

@@ -24,8 +24,8 @@ class EditJokeViewController : public giggle::JokeEditor {
     QML_UNCREATABLE("The storyboard makes the screens.")
     Q_PROPERTY(QString CheckBox READ checkBox NOTIFY checkBoxChanged)
     Q_PROPERTY(QFont textFont READ textFont NOTIFY textFontChanged)
-    Q_PROPERTY(bool hasTextColor READ hasTextColor CONSTANT)
-    Q_PROPERTY(QColor textColor READ textColor CONSTANT)
+    Q_PROPERTY(bool hasTextColor READ hasTextColor NOTIFY textFontChanged)
+    Q_PROPERTY(QColor textColor READ textColor NOTIFY textFontChanged)
 
 public:
     explicit EditJokeViewController(ScreenEnvironment& environment);

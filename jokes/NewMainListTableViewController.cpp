@@ -92,8 +92,7 @@ QString NewMainListTableViewController::categoryLabel(const Jokes& joke) const
 {
     const bool showsMissing =
         !isSearching() && (selectedSegment() == RatingMode || selectedSegment() == JokeMode);
-    return QStringLiteral("Category: ") +
-           textOrEmpty(joke.category().value_or(showsMissing ? "N/A" : ""));
+    return QStringLiteral("Category: ") + textOrEmpty(joke.category().value_or(showsMissing ? "N/A" : ""));
 }
 
 void NewMainListTableViewController::selectRow(int row)

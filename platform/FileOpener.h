@@ -15,8 +15,8 @@ public:
     FileOpener& operator=(const FileOpener&) = delete;
     virtual ~FileOpener() = default;
 
-    /// Whether the user has a program for files such as @p path. Asked anew every time. The name decides for a
-    /// file that is not there yet.
+    /// Whether the user has a program for files such as @p path. Asked anew every time. The name decides for
+    /// a file that is not there yet.
     [[nodiscard]] virtual bool canOpen(const QString& path) const = 0;
 
     /// Lets the user choose a program for the file where the desktop can ask, and otherwise opens it with the

@@ -38,7 +38,7 @@ struct Platform {
     ShareSheet* shareSheet = nullptr;
     PrintPanel* printPanel = nullptr;
     /// A folder for files that other programs are handed, which nobody but the user can look into. It lasts
-    /// as long as the application.
+    /// at least as long as the application.
     QString temporaryFolder = {};
     /// The application's own folder for the user's documents. It may have to be made.
     QString documentsFolder = {};

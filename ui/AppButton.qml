@@ -43,10 +43,9 @@ Button {
         Rectangle {
             anchors.fill: parent
             radius: Theme.radius
-            color: control.down ? Qt.tint(control.fill, "#30808080") : control.fill
+            color: control.down ? Qt.tint(control.fill, "#30808080") : Qt.rgba(control.fill.r, control.fill.g, control.fill.b, control.enabled ? control.fill.a : control.fill.a / 2)
             border.width: control.borderWidth
             border.color: Theme.buttonBorder
-            opacity: control.enabled ? 1 : 0.5
         }
         FocusRing {
             visible: control.visualFocus || control.alwaysShowsFocus && control.activeFocus

@@ -72,7 +72,8 @@ QString textOrEmpty(OptionalText utf8)
     constexpr std::string_view ByteOrderMark = "\xef\xbb\xbf";
     if (!utf8)
         return {};
-    // Qt takes a mark at the beginning for none of the text, and a record would not be found again without it.
+    // Qt takes a mark at the beginning for none of the text, and a record would not be found again without
+    // it.
     if (utf8->starts_with(ByteOrderMark))
         return QChar(QChar::ByteOrderMark) + textOrEmpty(utf8->substr(ByteOrderMark.size()));
     return QString::fromUtf8(*utf8);

@@ -40,9 +40,9 @@ Item {
 
         anchors.fill: parent
         boxSize: Theme.iconSize
-        cornerRadius: boxSize / 4
+        cornerRadius: Theme.iconSize / 4
         boxLineWidth: Theme.borderWidth
-        markLineWidth: boxSize / 8
+        markLineWidth: Theme.iconSize / 8
         tintColor: Theme.tint
         secondaryColor: Theme.buttonBorder
         markColor: Theme.tintInk

@@ -57,9 +57,11 @@ FocusScope {
         Accessible.onPressAction: if (enabled) control.pressed()
         onTextChanged: {
             control.edited(text);
-            if (!activeFocus)
-                ensureVisible(0);
+            control.showBeginning();
         }
+        onActiveFocusChanged: control.showBeginning()
+        onFontChanged: control.showBeginning()
+        onWidthChanged: control.showBeginning()
         onAccepted: control.accepted()
         onPressed: control.pressed()
 
@@ -74,5 +76,11 @@ FocusScope {
                 visible: input.activeFocus
             }
         }
+    }
+
+    /// Where nobody is typing, a long text shows its beginning.
+    function showBeginning() {
+        if (!input.activeFocus || readOnly)
+            input.ensureVisible(0);
     }
 }

@@ -24,6 +24,7 @@ Flickable {
         Accessible.ignored: true
     }
     onHeightChanged: showFocus()
+    onContentHeightChanged: showFocus()
 
     Connections {
         target: scroller.Window.window

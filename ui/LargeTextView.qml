@@ -14,6 +14,7 @@ FocusScope {
     required property LargeTextModel content
     property color borderColor: Theme.line
     property bool isBold: false
+    property int textSize: Theme.bodySize
     property int horizontalAlignment: Text.AlignLeft
     /// High enough for some lines.
     readonly property real leastHeight: frame.y + 6 * Theme.bodySize + 4 * Theme.unit
@@ -78,7 +79,7 @@ FocusScope {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.text
-            font.pixelSize: Theme.bodySize
+            font.pixelSize: control.textSize
             font.bold: control.isBold
             horizontalAlignment: control.horizontalAlignment
             Accessible.role: Accessible.ListItem

@@ -35,8 +35,11 @@ ApplicationWindow {
         buttonText: Theme.text
         mid: Theme.mutedText
         dark: Theme.text
-        highlight: Theme.tint
-        highlightedText: Theme.tintInk
+        // Of these the file dialog makes its bars and its chosen row.
+        light: Theme.surface
+        midlight: Theme.background
+        highlight: Theme.dark ? "#27478f" : "#b9cbf5"
+        highlightedText: Theme.text
         placeholderText: Theme.mutedText
         toolTipBase: Theme.surface
         toolTipText: Theme.text
@@ -48,6 +51,11 @@ ApplicationWindow {
     /// The user has agreed to lose what is not saved.
     property bool isDiscarding: false
 
+    Binding {
+        target: window.documentOpening
+        property: "isBlocked"
+        value: window.isCovered
+    }
     Binding {
         target: Theme
         property: "dark"

@@ -55,7 +55,7 @@ Item {
         font.bold: true
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
-        maximumLineCount: 2
+        maximumLineCount: 3
         elide: Text.ElideRight
         Accessible.role: Accessible.Heading
         Accessible.name: bar.title

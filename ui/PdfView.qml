@@ -28,7 +28,7 @@ FocusScope {
         activeFocusOnTab: true
         clip: true
         contentWidth: Math.max(width, column.width)
-        contentHeight: column.height
+        contentHeight: column.height + zoomButtons.height + 3 * Theme.unit // what lies below the buttons can be scrolled free
         boundsBehavior: Flickable.StopAtBounds
         Accessible.role: Accessible.Pane
         Accessible.name: view.name
@@ -135,6 +135,8 @@ FocusScope {
     }
 
     Column {
+        id: zoomButtons
+
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: 1.5 * Theme.unit

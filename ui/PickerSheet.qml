@@ -74,8 +74,8 @@ Rectangle {
         height: sheet.rowHeight
         radius: Theme.fieldRadius
         color: "transparent"
-        border.width: 1
-        border.color: Theme.mutedText
+        border.width: sheet.looks ? 3 : 1 // rows of their own look have grounds of all colours
+        border.color: sheet.looks ? Theme.tint : Theme.mutedText
         visible: wheel.count > 0
     }
     ListView {

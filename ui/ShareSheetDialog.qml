@@ -58,7 +58,11 @@ Dialog {
     }
 
     Flickable {
-        width: dialog.availableWidth
+        id: scroller
+
+        // As wide as the rows with their focus rings.
+        x: -Theme.unit / 2
+        width: dialog.availableWidth + Theme.unit
         height: dialog.availableHeight - cancelButton.height - Theme.unit
         contentHeight: list.implicitHeight
         clip: true
@@ -70,6 +74,7 @@ Dialog {
         Column {
             id: list
 
+            x: Theme.unit / 2
             width: dialog.availableWidth
             spacing: Theme.unit
 
@@ -96,7 +101,10 @@ Dialog {
                     width: list.width
                     text: modelData
                     iconName: dialog.sheet.icons[index] ?? ""
+                    alwaysShowsFocus: true
                     onClicked: dialog.sheet.choose(index)
+                    onActiveFocusChanged: if (activeFocus)
+                        scroller.contentY = Math.max(0, Math.min(y, Math.max(scroller.contentY, y + height + Theme.unit - scroller.height)))
                     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
                     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 }

@@ -57,9 +57,11 @@ void sendMail(ScreenEnvironment& environment, const std::function<Mail()>& compo
                                        {{QStringLiteral("OK"), {}}}});
         return;
     }
-    mailComposer.present(compose(), [](const QString& failure) {
-        if (!failure.isEmpty())
-            printFailure(failure);
+    mailComposer.present(compose(), [&navigator = environment.navigator](const QString& failure) {
+        if (failure.isEmpty())
+            return;
+        printFailure(failure);
+        navigator.present({QStringLiteral("Sending Email"), failure, {{QStringLiteral("OK"), {}}}});
     });
 }
 

@@ -1,14 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "ui/WindowDocumentPicker.h"
 
+#include "ui/Navigator.h"
+
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <utility>
 
 namespace giggle {
 
-WindowDocumentPicker::WindowDocumentPicker()
+namespace {
+
+/// A name that was typed comes as a path, in which the dialog has taken some characters for an address's.
+QUrl addressOf(const QUrl& chosen)
+{
+    if (!chosen.isRelative() || chosen.isEmpty())
+        return chosen;
+    QString path = chosen.path(QUrl::FullyDecoded);
+    if (chosen.hasQuery())
+        path += u'?' + chosen.query(QUrl::FullyDecoded);
+    if (chosen.hasFragment())
+        path += u'#' + chosen.fragment(QUrl::FullyDecoded);
+    return QUrl::fromLocalFile(path);
+}
+
+} // namespace
+
+WindowDocumentPicker::WindowDocumentPicker(Navigator& navigator) : m_navigator(navigator)
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     m_folder = QUrl::fromLocalFile(QDir(documents).exists() ? documents : QDir::homePath());
@@ -43,13 +63,24 @@ void WindowDocumentPicker::close(const QUrl& chosen)
     if (!m_answer)
         return;
     const Answer answer = std::exchange(m_answer, {});
-    QUrl document = chosen;
-    if (document.isRelative() && !document.isEmpty())
-        document = QUrl::fromLocalFile(chosen.toString(QUrl::FullyDecoded));
-    if (document.isLocalFile())
-        m_folder = document.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash);
+    const bool wasForSaving = isForSaving();
+    const QUrl document = addressOf(chosen);
+    const QUrl folder = document.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash);
+    if (document.isLocalFile() && QDir(folder.toLocalFile()).exists())
+        m_folder = folder;
     emit openChanged();
-    answer(document);
+    if (wasForSaving && document.isLocalFile() && QFile::exists(document.toLocalFile()))
+        askToReplace(document, answer);
+    else
+        answer(document);
+}
+
+void WindowDocumentPicker::askToReplace(const QUrl& place, Answer answer)
+{
+    m_navigator.present({QStringLiteral("Replace File?"),
+                         QStringLiteral("\"%1\" is there already.").arg(place.fileName()),
+                         {{QStringLiteral("Replace"), [answer, place] { answer(place); }},
+                          {QStringLiteral("Keep"), [answer] { answer({}); }, true}}});
 }
 
 } // namespace giggle

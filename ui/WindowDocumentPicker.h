@@ -9,6 +9,8 @@
 
 namespace giggle {
 
+class Navigator;
+
 /// Asks the window for the file dialog, which opens as long as `isOpen` says so, and reports back.
 class WindowDocumentPicker : public QObject, public DocumentPicker {
     Q_OBJECT
@@ -20,7 +22,8 @@ class WindowDocumentPicker : public QObject, public DocumentPicker {
     Q_PROPERTY(QUrl suggestedFile READ suggestedFile NOTIFY openChanged)
 
 public:
-    WindowDocumentPicker();
+    /// @p navigator asks before an existing file is replaced, and outlives the picker.
+    explicit WindowDocumentPicker(Navigator& navigator);
 
     void pickDocument(Answer answer) override;
     void pickPlace(const QString& suggestedName, Answer answer) override;
@@ -44,7 +47,9 @@ signals:
 
 private:
     void open(const QString& suggestedName, Answer answer);
+    void askToReplace(const QUrl& place, Answer answer);
 
+    Navigator& m_navigator;
     Answer m_answer;
     QString m_suggestedName;
     QUrl m_folder;

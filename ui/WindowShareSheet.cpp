@@ -20,6 +20,7 @@
 #include <QMimeData>
 #include <QMimeDatabase>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <algorithm>
@@ -50,7 +51,7 @@ constexpr std::array Looks{
 const QString TextFileName = QStringLiteral("Jokes.txt");
 
 // What a shared text is called in a mail's subject.
-const QString TextTitle = QStringLiteral("Jokes");
+const QString TextTitle = QStringLiteral("Giggle Archives");
 
 const QString MailTitle = QStringLiteral("Sending Email");
 
@@ -271,11 +272,17 @@ void WindowShareSheet::save()
         });
 }
 
+QString WindowShareSheet::newTextFile() const
+{
+    // A text that was opened earlier may still be open there.
+    QTemporaryDir folder(m_platform.temporaryFolder + QStringLiteral("/XXXXXX"));
+    folder.setAutoRemove(false);
+    return folder.filePath(TextFileName);
+}
+
 void WindowShareSheet::openWith()
 {
-    QString path = QDir(m_platform.temporaryFolder).filePath(TextFileName);
-    if (!m_things.text)
-        path = m_things.files.first();
+    const QString path = m_things.text ? newTextFile() : m_things.files.first();
     const auto done = reporter(QStringLiteral("File Not Opened"));
     if (const QString failure = m_things.text ? writeTo(path, m_things) : QString(); !failure.isEmpty())
         done(failure);

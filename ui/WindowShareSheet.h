@@ -66,6 +66,7 @@ private:
     void composeMail();
     void composeMessage();
     void save();
+    [[nodiscard]] QString newTextFile() const;
     void openWith();
     /// Says later what an activity could not do, if the sheet is still there and there is anything.
     [[nodiscard]] std::function<void(const QString& failure)> reporter(const QString& title);

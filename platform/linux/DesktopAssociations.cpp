@@ -189,7 +189,8 @@ bool Lookup::isUsable(const QString& id) const
         const KeyFile entry(path);
         const QString tried = entry.value(EntryGroup, "TryExec");
         return !entry.isTrue(EntryGroup, "Hidden") && (tried.isEmpty() || isProgram(tried)) &&
-               isProgram(programOf(entry.value(EntryGroup, "Exec")));
+               isProgram(programOf(entry.value(EntryGroup, "Exec"))) &&
+               (!entry.isTrue(EntryGroup, "Terminal") || isProgram(QStringLiteral("x-terminal-emulator")));
     }
     return false;
 }

@@ -35,13 +35,17 @@ QString newFolder(const QString& parent)
 
 OutgoingFiles::OutgoingFiles(QString folder) : m_folder(std::move(folder)) {}
 
-OutgoingFiles::Written OutgoingFiles::write(const QString& name, const QByteArray& data) const
+QString OutgoingFiles::makeFolder() const
 {
     removeOld();
     QDir().mkpath(m_folder);
-    QString folder = newFolder(m_folder);
-    if (folder.isEmpty())
-        folder = newFolder(QDir::tempPath());
+    const QString folder = newFolder(m_folder);
+    return folder.isEmpty() ? newFolder(QDir::tempPath()) : folder;
+}
+
+OutgoingFiles::Written OutgoingFiles::write(const QString& name, const QByteArray& data) const
+{
+    const QString folder = makeFolder();
     const QString path = folder + u'/' + safeName(name);
     QFile file(path);
     if (!folder.isEmpty() &&

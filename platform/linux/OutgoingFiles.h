@@ -14,6 +14,9 @@ public:
     /// @p folder is absolute and used for nothing else; it is made when it is first needed.
     explicit OutgoingFiles(QString folder);
 
+    /// A new folder for such files; empty when there can be none.
+    [[nodiscard]] QString makeFolder() const;
+
     struct Written {
         QString path;    ///< empty when it failed
         QString failure; ///< why it failed, in words

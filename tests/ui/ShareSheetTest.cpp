@@ -139,19 +139,32 @@ TEST_F(ShareSheetTest, WhatCannotBeDoneIsSaid)
 
 TEST(WindowDocumentPickerTest, TakesTypedPathsAndOneRequestAtATime)
 {
-    WindowDocumentPicker picker;
+    FakeNavigator navigator;
+    WindowDocumentPicker picker(navigator);
     std::vector<QUrl> answers;
     const auto answer = [&](const QUrl& chosen) { answers.push_back(chosen); };
     picker.pickPlace(u"a.csv"_qs, answer);
     picker.pickDocument([](const QUrl&) { ADD_FAILURE(); });
     EXPECT_TRUE(picker.isForSaving());
-    picker.close(QUrl(u"/some folder/a b.csv"_qs));
+    const CollectionFolder folder;
+    const QString typed = folder.filePath(u"50% #1?.csv"_qs);
+    picker.close(QUrl(typed));
     picker.close();
     picker.pickDocument(answer);
-    EXPECT_EQ(picker.folder(), QUrl(u"file:///some folder"_qs));
+    EXPECT_EQ(picker.folder(), QUrl::fromLocalFile(folder.path()));
     picker.close();
-    EXPECT_EQ(answers, (std::vector{QUrl(u"file:///some folder/a b.csv"_qs), QUrl()}));
+    EXPECT_EQ(answers, (std::vector{QUrl::fromLocalFile(typed), QUrl()}));
     EXPECT_FALSE(picker.isOpen());
+
+    answers.clear();
+    writeBytes(typed, "mine");
+    for (const int action : {0, 1}) {
+        picker.pickPlace(u"a.csv"_qs, answer);
+        picker.close(QUrl::fromLocalFile(typed));
+        EXPECT_EQ(navigator.alerts.back().title, u"Replace File?"_qs);
+        navigator.alerts.back().actions.at(action).handler();
+    }
+    EXPECT_EQ(answers, (std::vector{QUrl::fromLocalFile(typed), QUrl()}));
 }
 
 } // namespace
