@@ -17,7 +17,7 @@ build=(
     qt6-svg-dev
 )
 
-# Some are loaded by other modules alone: without qtqml-workerscript no control loads, and without
+# What the Debian package depends on: packaging/Package.cmake. Some are loaded by other modules alone: without qtqml-workerscript no control loads, and without
 # qt-labs-folderlistmodel the file dialog crashes.
 application=(
     fonts-liberation2
@@ -52,17 +52,29 @@ display=(
     xauth
 )
 
+# For ./package.
+packaging=(
+    dpkg-dev
+    file
+    gzip
+)
+
 tests=(
+    appstream
     at-spi2-core
     dbus
+    desktop-file-utils
+    dpkg-dev
     gir1.2-atspi-2.0
     libgmock-dev
     libgtest-dev
+    libxml2-utils
     poppler-utils
     python3
     python3-gi
     qml6-module-qttest
     qt6-declarative-dev-tools
+    shared-mime-info
     xauth
     xvfb
 )
