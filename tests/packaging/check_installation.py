@@ -2,12 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Installs the build and looks at it as a desktop does: check_installation.py <source folder> <build folder>"""
 
+import functools
 import os
 import pathlib
 import re
+import signal
 import subprocess
 import sys
 import tempfile
+import threading
 import unittest
 
 BUILD = pathlib.Path(sys.argv.pop())
@@ -71,7 +74,7 @@ class Installation(unittest.TestCase):
 
     def test_the_bus_is_told_where_the_executable_will_be(self):
         service = f"share/dbus-1/services/{ID}.service"
-        self.assertIn("\nExec=/usr/bin/giggle-archives\n", (self.staged / service).read_text())
+        self.assertIn('\nExec="/usr/bin/giggle-archives"\n', (self.staged / service).read_text())
 
     def test_the_desktop_accepts_what_it_reads(self):
         run("desktop-file-validate", self.share / f"applications/{ID}.desktop")
@@ -86,8 +89,9 @@ class Installation(unittest.TestCase):
         kind = "application/vnd.gigglearchives.jokes"
         mime = self.share / "mime"
         run("xmllint", "--noout", "--nonet", mime / f"packages/{ID}.xml")
-        self.assertEqual(run("update-mime-database", mime), "")
-        self.assertIn(f"80:{kind}:GiggleArchives.csv\n", (mime / "globs2").read_text())
+        complaints = run("update-mime-database", mime, env=dict(os.environ, XDG_DATA_DIRS=str(self.share)))
+        self.assertEqual(complaints, "")
+        self.assertIn(f"80:{kind}:gigglearchives.csv\n", (mime / "globs2").read_text())
         magic = (mime / "magic").read_bytes()
         self.assertIn(f"[80:{kind}]".encode(), magic)
         for start in (b"[GIGGLEARCHIVES]", b"\xef\xbb\xbf[GIGGLEARCHIVES]"):
@@ -98,6 +102,9 @@ class Installation(unittest.TestCase):
     def open_through_bus(self, **display):
         """What the application says when a file manager has a file opened with it that is not there."""
         home = pathlib.Path(tempfile.mkdtemp(dir=self.folder))
+        settings = home / ".config/giggle-archives/preferences.json"
+        settings.parent.mkdir(parents=True)
+        settings.write_text('{"hasBeenLaunchedBeforeFlag":{"boolean":true}}')  # else it greets the user first
         environment = {
             "PATH": os.environ["PATH"],
             "HOME": str(home),
@@ -105,21 +112,31 @@ class Installation(unittest.TestCase):
             "XDG_DATA_DIRS": str(self.share),
             "LC_ALL": "C.UTF-8",
         }
-        session = ["dbus-run-session", "--", SYSTEM_PYTHON, "-c", OPENING]
-        process = subprocess.Popen(
-            session, env=environment | display, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT
+        # A process group of its own, because what the bus starts outlives the bus.
+        session = subprocess.Popen(
+            ["dbus-run-session", "--", SYSTEM_PYTHON, "-c", OPENING],
+            env=environment | display,
+            text=True,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.STDOUT,
+            start_new_session=True,
         )
-        with process:
-            said = []
-            for line in process.stdout:
+        end = functools.partial(os.killpg, session.pid, signal.SIGKILL)
+        patience = threading.Timer(30, end)
+        patience.start()
+        said = []
+        with session:
+            for line in session.stdout:
                 said.append(line)
                 if "no such.csv" in line or line.startswith("refused"):
-                    process.terminate()
                     break
+            if patience.is_alive():
+                patience.cancel()
+                end()
         return "".join(said)
 
     def test_the_bus_starts_it_and_hands_over_a_file(self):
-        self.assertIn("no such.csv", self.open_through_bus(QT_QPA_PLATFORM="offscreen"))
+        self.assertIn('"/no such.csv" cannot be read', self.open_through_bus(QT_QPA_PLATFORM="offscreen"))
 
     def test_the_bus_starts_nothing_that_cannot_be_seen(self):
         said = self.open_through_bus()
