@@ -30,6 +30,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # that are loaded at run time. So is libqt6svg6, which draws the icons.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(GIGGLE_RUNTIME_PACKAGES
+    "fonts-dejavu-core | fonts-noto-core"
     "fonts-liberation2 | fonts-liberation (>= 1:2)"
     libqt6svg6
     qml6-module-qt-labs-folderlistmodel

@@ -17,9 +17,11 @@ build=(
     qt6-svg-dev
 )
 
-# What the Debian package depends on: packaging/Package.cmake. Some are loaded by other modules alone: without qtqml-workerscript no control loads, and without
-# qt-labs-folderlistmodel the file dialog crashes.
+# The Debian package depends on the same ones: see packaging/Package.cmake. Some are loaded by other modules alone:
+# without qtqml-workerscript no control loads, and without qt-labs-folderlistmodel the file dialog crashes. Where
+# fonts-liberation2 is the only font, its typewriter face is taken for everything.
 application=(
+    fonts-dejavu-core
     fonts-liberation2
     qml6-module-qt-labs-folderlistmodel
     qml6-module-qtqml
