@@ -66,7 +66,6 @@ tests=(
     at-spi2-core
     dbus
     desktop-file-utils
-    dpkg-dev
     gir1.2-atspi-2.0
     libgmock-dev
     libgtest-dev
