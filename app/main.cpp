@@ -53,6 +53,11 @@ bool isWithoutDisplay()
     return QGuiApplication::platformName() == QLatin1StringView("offscreen");
 }
 
+bool isStartedByBus()
+{
+    return qEnvironmentVariableIsSet("DBUS_STARTER_ADDRESS");
+}
+
 void introduceApplication()
 {
     QGuiApplication::setApplicationName(QStringLiteral("giggle-archives"));
@@ -164,8 +169,12 @@ int main(int argc, char* argv[])
         giggle::choosePlatformPlugin();
     const QGuiApplication application(argc, argv);
     if (giggle::isWithoutDisplay()) {
-        if (!isPlatformGiven)
+        if (!isPlatformGiven) {
             giggle::printFailure(QStringLiteral("There is no display that a window could be shown on."));
+            // Nobody could see or end it, and every later start would find an instance that runs already.
+            if (giggle::isStartedByBus())
+                return EXIT_FAILURE;
+        }
         // There is no graphics card to draw with either.
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     }

@@ -17,9 +17,11 @@ build=(
     qt6-svg-dev
 )
 
-# Some are loaded by other modules alone: without qtqml-workerscript no control loads, and without
-# qt-labs-folderlistmodel the file dialog crashes.
+# The Debian package depends on the same ones: see packaging/Package.cmake. Some are loaded by other modules alone:
+# without qtqml-workerscript no control loads, and without qt-labs-folderlistmodel the file dialog crashes. Where
+# fonts-liberation2 is the only font, its typewriter face is taken for everything.
 application=(
+    fonts-dejavu-core
     fonts-liberation2
     qml6-module-qt-labs-folderlistmodel
     qml6-module-qtqml
@@ -52,17 +54,28 @@ display=(
     xauth
 )
 
+# For ./package.
+packaging=(
+    dpkg-dev
+    file
+    gzip
+)
+
 tests=(
+    appstream
     at-spi2-core
     dbus
+    desktop-file-utils
     gir1.2-atspi-2.0
     libgmock-dev
     libgtest-dev
+    libxml2-utils
     poppler-utils
     python3
     python3-gi
     qml6-module-qttest
     qt6-declarative-dev-tools
+    shared-mime-info
     xauth
     xvfb
 )
