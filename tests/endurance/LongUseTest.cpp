@@ -28,10 +28,10 @@ constexpr bool HasSanitizer = false;
 int residentKilobytes()
 {
     ::malloc_trim(0);
-    int total = 0;
-    int resident = 0;
+    long total = 0; // with a sanitizer more pages than an int holds
+    long resident = 0;
     std::ifstream("/proc/self/statm") >> total >> resident;
-    return resident * int(::sysconf(_SC_PAGESIZE) / 1024);
+    return int(resident * (::sysconf(_SC_PAGESIZE) / 1024));
 }
 
 class LongUseTest : public RandomUser {
