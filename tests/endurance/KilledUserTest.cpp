@@ -234,7 +234,8 @@ State freshStart(const CollectionFolder& folder)
         state.rows.insert(rows.begin(), rows.end());
     }
     Preferences preferences(folder.filePath(u"preferences.json"_qs));
-    state.fontSize = preferences.real(PreferenceKeys::ListFontSize);
+    if (preferences.isPresent(PreferenceKeys::ListFontSize))
+        state.fontSize = preferences.real(PreferenceKeys::ListFontSize);
     EXPECT_FALSE(QFile::exists(folder.filePath(u"preferences.json.damaged"_qs)));
     QStringList files{folder.file()};
     const QDir copies(folder.filePath(u"copies"_qs));
