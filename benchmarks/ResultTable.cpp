@@ -1,8 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/ResultTable.h"
 
+#include "ui/AtomicFile.h"
+
+#include <QDate>
+#include <QFile>
+#include <QSysInfo>
+#include <QThread>
+
 #include <algorithm>
 #include <cstdio>
+
+#include <sqlite3.h>
+#include <unistd.h>
 
 namespace giggle {
 
@@ -27,17 +37,43 @@ std::string inUnit(double value, Unit unit)
     return formatted("%.2f ms", value * 1e3);
 }
 
-std::string row(const std::string& figure, const std::string& size, const std::string& ours,
-                const std::string& baseline, const std::string& ratio, const std::string& goal,
-                const std::string& baselineName)
-{
-    return formatted("%-43s %6s %11s %11s %8s  %-23s %s\n", figure.c_str(), size.c_str(), ours.c_str(),
-                     baseline.c_str(), ratio.c_str(), goal.c_str(), baselineName.c_str());
-}
-
 std::string verdict(const std::string& goal, bool isMet)
 {
     return goal + (isMet ? ": met" : ": MISSED");
+}
+
+QString processor()
+{
+    QFile file(QStringLiteral("/proc/cpuinfo"));
+    if (file.open(QIODevice::ReadOnly))
+        for (const QByteArray& line : file.readAll().split('\n'))
+            if (line.startsWith("model name"))
+                return QString::fromUtf8(line.mid(line.indexOf(':') + 1).trimmed());
+    return QSysInfo::currentCpuArchitecture();
+}
+
+/// What was written by hand below the table.
+std::string notesIn(const QString& document)
+{
+    QFile file(document);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray text = file.readAll();
+    const qsizetype notes = text.indexOf("\n## Notes\n");
+    return notes < 0 ? std::string() : text.mid(notes).toStdString();
+}
+
+std::string machine()
+{
+    const double gigabytes =
+        double(::sysconf(_SC_PHYS_PAGES)) * double(::sysconf(_SC_PAGESIZE)) / (1024.0 * 1024 * 1024);
+    return QStringLiteral(
+               "%1, on %2 with %3 cores and %4 GB of memory; %5, Linux %6, Qt %7, SQLite %8, GCC %9.\n")
+        .arg(QDate::currentDate().toString(Qt::ISODate), processor(),
+             QString::number(QThread::idealThreadCount()), QString::number(gigabytes, 'f', 0),
+             QSysInfo::prettyProductName(), QSysInfo::kernelVersion(), QString::fromLatin1(qVersion()),
+             QString::fromLatin1(sqlite3_libversion()), QStringLiteral(__VERSION__))
+        .toStdString();
 }
 
 } // namespace
@@ -45,6 +81,7 @@ std::string verdict(const std::string& goal, bool isMet)
 void ResultTable::ReportRuns(const std::vector<Run>& runs)
 {
     for (const Run& run : runs) {
+        m_isWell = m_isWell && !run.error_occurred;
         std::fprintf(stderr, "%s %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
         const auto figure = std::ranges::find(m_figures, run.run_name.function_name, &Figure::name);
         if (!run.error_occurred && figure != m_figures.end())
@@ -63,16 +100,46 @@ void ResultTable::addRow(const Run& run, const Figure& figure)
         if (const auto limit = figure.goal.largestValue)
             goal = verdict("<= " + inUnit(*limit, figure.unit), ours <= *limit);
     }
-    m_rows.push_back(row(figure.name, run.run_name.args, inUnit(ours, figure.unit),
-                         inUnit(baseline, figure.unit), formatted("%.3g", ours / baseline), goal,
-                         figure.baselineName));
+    m_rows.push_back({figure.name, run.run_name.args, inUnit(ours, figure.unit),
+                      inUnit(baseline, figure.unit), formatted("%.3g", ours / baseline), goal,
+                      figure.baselineName});
 }
 
 void ResultTable::Finalize()
 {
-    std::fputs(row("figure", "jokes", "ours", "baseline", "ratio", "goal", "baseline is").c_str(), stdout);
-    for (const std::string& line : m_rows)
-        std::fputs(line.c_str(), stdout);
+    std::vector<Row> rows{{"figure", "jokes", "ours", "baseline", "ratio", "goal", "baseline is"}};
+    rows.insert(rows.end(), m_rows.begin(), m_rows.end());
+    for (const Row& row : rows)
+        std::printf("%-43s %6s %11s %11s %8s  %-23s %s\n", row.figure.c_str(), row.size.c_str(),
+                    row.ours.c_str(), row.baseline.c_str(), row.ratio.c_str(), row.goal.c_str(),
+                    row.baselineName.c_str());
+    if (!m_document.isEmpty())
+        m_isWell = writeDocument() && m_isWell;
+}
+
+bool ResultTable::writeDocument() const
+{
+    std::string text =
+        "# How fast it is\n\n"
+        "Written by `./benchmark --write docs/performance.md`, which runs every figure in "
+        "collections of 1,000, 8,000 and\n65,536 jokes, the most that there can be. Each round "
+        "measures ours and then the baseline; the medians count. Goals\nare for the largest "
+        "collection.\n\n";
+    text += machine();
+    std::string figure;
+    for (const Row& row : m_rows) {
+        if (figure.empty())
+            text += "\n| figure | jokes | ours | baseline | ratio | goal | baseline is |\n"
+                    "|---|--:|--:|--:|--:|---|---|\n";
+        figure = row.figure;
+        text += "| " + row.figure + " | " + row.size + " | " + row.ours + " | " + row.baseline + " | " +
+                row.ratio + " | " + row.goal + " | " + row.baselineName + " |\n";
+    }
+    text += notesIn(m_document);
+    const QString failure = writeAtomically(m_document, text);
+    if (!failure.isEmpty())
+        std::fprintf(stderr, "%s\n", qUtf8Printable(failure));
+    return failure.isEmpty();
 }
 
 } // namespace giggle

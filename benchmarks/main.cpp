@@ -61,6 +61,19 @@ std::vector<Figure> allFigures()
     return figures;
 }
 
+/// The path behind --write; both are taken out of the arguments.
+QString takeDocument(int& argc, char** argv)
+{
+    char** const end = argv + argc;
+    char** const option = std::find(argv, end, std::string_view("--write"));
+    if (end - option < 2)
+        return {};
+    const QString document = QString::fromLocal8Bit(option[1]);
+    std::rotate(option, option + 2, end);
+    argc -= 2;
+    return document;
+}
+
 } // namespace
 
 std::size_t giggle::residentBytes()
@@ -82,7 +95,8 @@ std::size_t giggle::peakBytes()
     return 0;
 }
 
-/// Arguments: --quick for a third of the rounds, and those of Google Benchmark, such as --benchmark_filter.
+/// Arguments: --quick for a third of the rounds, --write and a path for the table as a document, and those of
+/// Google Benchmark, such as --benchmark_filter.
 int main(int argc, char** argv)
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -97,6 +111,7 @@ int main(int argc, char** argv)
     }
     const bool isQuick = arguments.contains(QLatin1StringView("--quick"));
     argc = static_cast<int>(std::remove(argv, argv + argc, std::string_view("--quick")) - argv);
+    const QString document = takeDocument(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
@@ -110,7 +125,7 @@ int main(int argc, char** argv)
             ->Arg(LargestSize)
             ->Iterations(isQuick ? (figure.rounds + 2) / 3 : figure.rounds)
             ->UseManualTime();
-    ResultTable table(figures);
+    ResultTable table(figures, document);
     benchmark::RunSpecifiedBenchmarks(&table);
-    return 0;
+    return table.isWell() ? 0 : 1;
 }

@@ -151,8 +151,15 @@ std::optional<std::int16_t> ManagedObjectContext::highestJokeId()
 
 const std::string* ManagedObjectContext::intern(std::string_view name)
 {
+    // Of a few dozen names most are found without a hash of all their letters.
+    const std::size_t ends = name.empty() ? 0
+                                          : static_cast<unsigned char>(name.front()) * 7U +
+                                                static_cast<unsigned char>(name.back());
+    const std::string*& recent = m_recentNames[(name.size() * 31 + ends) % m_recentNames.size()];
+    if (recent && *recent == name)
+        return recent;
     const std::string* known = interned(name);
-    return known ? known : &*m_names.emplace(name).first;
+    return recent = known ? known : &*m_names.emplace(name).first;
 }
 
 const std::string* ManagedObjectContext::interned(std::string_view name) const

@@ -10,6 +10,7 @@
 #include "store/Rating.h"
 #include "store/RecordTable.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <unordered_set>
@@ -107,6 +108,7 @@ private:
     std::unique_ptr<PersistentStore> m_store;
     std::function<void()> m_saveListener;
     std::unordered_set<std::string, NameHash, std::equal_to<>> m_names;
+    std::array<const std::string*, 256> m_recentNames = {};
     JokeIdIndex m_jokeIds;
     NameCounts m_categoryCounts;
     NameCounts m_ratingCounts;

@@ -4,7 +4,9 @@
 #include "exchange/format/ExchangeFormat.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <span>
 #include <utility>
 
 namespace giggle {
@@ -36,14 +38,26 @@ void appendEscaped(std::string& text, std::string_view joke)
     text.append(joke.substr(written));
 }
 
-// In jokes. In the order of the file their texts lie anywhere in memory.
-constexpr std::size_t ReadAhead = 6;
+// In jokes. In the order of the file their texts lie anywhere in memory, each on a page of its own.
+constexpr std::size_t Batch = 16;
 
-void readAhead(std::string_view text)
+/// Loads the texts of some jokes at once. A hint would not do: processors may drop one when they would have
+/// to look up the page first, and that is most of what it takes.
+void readAhead(std::span<Jokes* const> jokes)
 {
     constexpr std::size_t CacheLine = 64;
-    for (std::size_t offset = 0; offset < std::min<std::size_t>(text.size(), 1024); offset += CacheLine)
-        __builtin_prefetch(text.data() + offset);
+    std::array<std::string_view, Batch> texts;
+    unsigned seen = 0;
+    for (std::size_t i = 0; i < jokes.size(); ++i) {
+        texts[i] = jokes[i]->joke().value_or("");
+        if (!texts[i].empty())
+            seen += static_cast<unsigned char>(texts[i].front());
+    }
+    [[maybe_unused]] volatile unsigned loaded = seen;
+    for (const std::string_view text : texts)
+        for (std::size_t offset = CacheLine; offset < std::min<std::size_t>(text.size(), 1024);
+             offset += CacheLine)
+            __builtin_prefetch(text.data() + offset);
 }
 
 void beginSection(std::string& text, std::string_view marker)
@@ -56,11 +70,9 @@ std::size_t estimatedSize(const std::vector<Jokes*>& jokes)
 {
     constexpr std::size_t NumbersAndSeparators = 16;
     std::size_t size = 1024;
-    for (std::size_t i = 0; i < jokes.size(); ++i) {
-        __builtin_prefetch(jokes[std::min(i + 2 * ReadAhead, jokes.size() - 1)]);
-        size += jokes[i]->joke().value_or("").size() + jokes[i]->category().value_or("").size() +
-                jokes[i]->rating().value_or("").size() + NumbersAndSeparators;
-    }
+    for (const Jokes* joke : jokes)
+        size += joke->joke().value_or("").size() + joke->category().value_or("").size() +
+                joke->rating().value_or("").size() + NumbersAndSeparators;
     return size + size / 16; // escapes, categories and ratings
 }
 
@@ -71,10 +83,12 @@ void ExchangeWriter::writeJokes(const std::vector<Jokes*>& jokes)
     m_text.clear();
     m_text.reserve(estimatedSize(jokes));
     m_text.append(CollectionMarker).append("\n");
-    for (std::size_t i = 0; i < jokes.size(); ++i) {
-        if (i + ReadAhead < jokes.size())
-            readAhead(jokes[i + ReadAhead]->joke().value_or(""));
-        writeJoke(*jokes[i]);
+    for (std::span<Jokes* const> rest = jokes; !rest.empty();
+         rest = rest.subspan(std::min(rest.size(), Batch))) {
+        const auto batch = rest.first(std::min(rest.size(), Batch));
+        readAhead(batch);
+        for (const Jokes* joke : batch)
+            writeJoke(*joke);
     }
 }
 

@@ -16,6 +16,26 @@ QByteArray immutableUri(const QString& path)
     return QUrl::fromLocalFile(path).toEncoded() + "?immutable=1";
 }
 
+/// What a user can do about an error. Begins with a full stop, empty when nobody knows.
+QString adviceFor(int extendedCode, const QString& path)
+{
+    switch (extendedCode & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral(". Close the other program that uses \"%1\", and try again").arg(path);
+    case SQLITE_FULL:
+        return QStringLiteral(". Make room on the disk of \"%1\", and try again").arg(path);
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+        return QStringLiteral(". See to it that \"%1\" and its folder can be read and written").arg(path);
+    case SQLITE_IOERR:
+        return QStringLiteral(". See whether the disk of \"%1\" is full, damaged or gone").arg(path);
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 void Database::Closer::operator()(sqlite3* handle) const
@@ -109,7 +129,7 @@ StoreError Database::lastError(const QString& whatFailed) const
     const QString reason =
         QString::fromUtf8(m_handle ? sqlite3_errmsg(handle()) : sqlite3_errstr(SQLITE_NOMEM));
     return StoreError(
-        code, QStringLiteral("%1: %2").arg(whatFailed, reason),
+        code, QStringLiteral("%1: %2").arg(whatFailed, reason) + adviceFor(code, m_path),
         {{QStringLiteral("path"), m_path}, {QStringLiteral("SQLite code"), QString::number(code)}});
 }
 

@@ -221,17 +221,4 @@ Rows rowsOf(ManagedObjectContext& context)
     return rows;
 }
 
-bool isLongRun()
-{
-    return qEnvironmentVariableIntValue("GIGGLE_LONG") != 0;
-}
-
-void reportCount(const char* what, int tried, int survived)
-{
-    std::printf("%s: %d tried, %d survived\n", what, tried, survived);
-    testing::Test::RecordProperty(std::string(what) + ", tried", tried);
-    testing::Test::RecordProperty(std::string(what) + ", survived", survived);
-    EXPECT_EQ(survived, tried);
-}
-
 } // namespace giggle

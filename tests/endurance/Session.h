@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/CollectionFolder.h"
+#include "tests/support/LongRun.h"
 #include "tests/support/SimulatedDisk.h"
 
 #include <deque>
@@ -90,11 +91,5 @@ void expectFreshStart(const CollectionFolder& folder, const Expectation& expecte
 
 /// The same in a new folder that holds @p image.
 void expectFreshStart(const SimulatedDisk::Image& image, const Expectation& expected);
-
-/// Whether the long form of the tests was asked for.
-[[nodiscard]] bool isLongRun();
-
-/// Says how many faults of a kind were tried and survived, on the console and in the test's record.
-void reportCount(const char* what, int tried, int survived);
 
 } // namespace giggle

@@ -35,19 +35,27 @@ QAccessibleInterface* visit(QAccessibleInterface* item, const Visitor& visitor)
 
 } // namespace
 
-InterfaceFixture::InterfaceFixture() : m_appDelegate(m_folder.path())
+InterfaceFixture::InterfaceFixture() : InterfaceFixture(QString()) {}
+
+InterfaceFixture::InterfaceFixture(const QString& folder)
+    : m_folder(folder.isEmpty() ? m_ownFolder.path() : folder), m_appDelegate(m_folder)
 {
     qInstallMessageHandler(failOnWarning);
     QAccessible::setActive(true);
     m_system.resources.paths = {
         {QStringLiteral("GiggleArchives.txt"), QStringLiteral(":/resources/GiggleArchives.txt")}};
-    m_userDefaults = std::make_unique<Preferences>(m_folder.filePath(QStringLiteral("preferences.json")));
+    m_userDefaults = std::make_unique<Preferences>(preferenceFile());
 }
 
 InterfaceFixture::~InterfaceFixture()
 {
     stop();
     qInstallMessageHandler(nullptr);
+}
+
+QString InterfaceFixture::preferenceFile() const
+{
+    return m_folder + QStringLiteral("/preferences.json");
 }
 
 void InterfaceFixture::skipSeeding()
@@ -65,9 +73,9 @@ void InterfaceFixture::openWindow(QSize size)
 void InterfaceFixture::restart()
 {
     stop();
-    m_userDefaults = std::make_unique<Preferences>(m_folder.filePath(QStringLiteral("preferences.json")));
+    m_userDefaults = std::make_unique<Preferences>(preferenceFile());
     std::destroy_at(&m_appDelegate);
-    std::construct_at(&m_appDelegate, m_folder.path());
+    std::construct_at(&m_appDelegate, m_folder);
     start();
 }
 

@@ -23,6 +23,10 @@ namespace giggle {
 class InterfaceFixture : public ::testing::Test {
 protected:
     InterfaceFixture();
+
+    /// Over what lies in @p folder, which stays.
+    explicit InterfaceFixture(const QString& folder);
+
     ~InterfaceFixture() override;
 
     /// The collection, to be filled before the screens look at it.
@@ -68,11 +72,16 @@ protected:
     /// Opens an area from the menu, and waits until its page has come to rest.
     void openArea(const QString& button);
 
+    [[nodiscard]] AppDelegate& appDelegate() { return m_appDelegate; }
+
 private:
     void start();
     void stop();
 
-    CollectionFolder m_folder;
+    [[nodiscard]] QString preferenceFile() const;
+
+    CollectionFolder m_ownFolder;
+    QString m_folder;
     FakePlatform m_system;
     std::unique_ptr<Preferences> m_userDefaults;
     AppDelegate m_appDelegate;

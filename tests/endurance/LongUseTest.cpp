@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "tests/endurance/RandomUser.h"
+#include "tests/support/HurriedAnimations.h"
+#include "tests/support/LongRun.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <climits>
+#include <fstream>
+#include <map>
+
+#include <gmock/gmock.h>
+#include <malloc.h>
+#include <unistd.h>
+
+namespace giggle {
+
+namespace {
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool HasSanitizer = true; // which keeps memory that was freed
+#else
+constexpr bool HasSanitizer = false;
+#endif
+
+/// In kilobytes, without what the allocator holds back.
+int residentKilobytes()
+{
+    ::malloc_trim(0);
+    long total = 0; // with a sanitizer more pages than an int holds
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return int(resident * (::sysconf(_SC_PAGESIZE) / 1024));
+}
+
+class LongUseTest : public RandomUser {
+protected:
+    LongUseTest() : RandomUser({}, 20261121) {}
+
+    void willChange(const Change& change) override
+    {
+        m_expected.insert(change.added.begin(), change.added.end());
+        for (const std::string& row : change.removed)
+            if (const auto found = m_expected.find(row); found != m_expected.end())
+                m_expected.erase(found);
+            else
+                ADD_FAILURE() << "not saved before: " << row;
+    }
+
+    void use(int deeds)
+    {
+        for (int i = 0; i < deeds && !HasFailure(); ++i, ++m_deeds)
+            below(2) ? saveSomething() : readSomething();
+    }
+
+    std::multiset<std::string> m_expected;
+    int m_deeds = 0;
+};
+
+/// A deed takes a user, who has to read, think and type, about three seconds.
+TEST_F(LongUseTest, EveryDeedSavesWhatItSaysAndMemoryStaysFlat)
+{
+    const HurriedAnimations hurry;
+    const int deeds = isLongRun() ? 1200 : 120;
+    constexpr int LargestGrowth = 6 * 1024;
+    openWindow();
+    press(QAccessible::Button, u"Ok"_qs);
+    for (const std::string& row : savedRows(context()))
+        m_expected.insert(row);
+    QElapsedTimer watch;
+    watch.start();
+    use(deeds / 2);
+    const int before = residentKilobytes();
+    use(deeds / 2);
+    const int after = residentKilobytes();
+    const SavedRows found = savedRows(context());
+    SavedRows differing;
+    std::ranges::set_symmetric_difference(found, m_expected, std::back_inserter(differing));
+    EXPECT_THAT(differing, testing::IsEmpty());
+    std::printf("%d deeds in %d s; resident %d kB in the middle, %d kB at the end\n", m_deeds,
+                int(watch.elapsed() / 1000), before, after);
+    RecordProperty("resident kilobytes in the middle", before);
+    RecordProperty("resident kilobytes at the end", after);
+    EXPECT_LT(after - before, HasSanitizer ? INT_MAX : LargestGrowth);
+}
+
+} // namespace
+
+} // namespace giggle

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace giggle {
+
+/// Whether the long form of the tests was asked for.
+[[nodiscard]] bool isLongRun();
+
+/// Says how many faults of a kind were tried and survived, on the console and in the test's record.
+void reportCount(const char* what, int tried, int survived);
+
+} // namespace giggle
