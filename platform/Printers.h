@@ -5,6 +5,8 @@
 #include <QSizeF>
 #include <QString>
 
+#include <memory>
+#include <stop_token>
 #include <vector>
 
 namespace giggle {
@@ -36,8 +38,9 @@ struct PrintJob {
     QString media;
 };
 
-/// The printers that the system has. Both calls may take seconds: they are made from a thread that can wait,
-/// always the same one at a time.
+/// The printers that the system has. Both calls may take seconds, or not return at all: they are made from
+/// threads that can wait, several of them at once too. A call whose answer nobody waits for any more is
+/// stopped; it then returns as soon as it can, with any answer.
 class Printers {
 public:
     Printers() = default;
@@ -45,11 +48,15 @@ public:
     Printers& operator=(const Printers&) = delete;
     virtual ~Printers() = default;
 
-    /// Those that can be printed on at the moment; none where there is no printing service.
-    [[nodiscard]] virtual std::vector<Printer> available() = 0;
+    /// The same printers, for a thread that may outlive this object. Called where this object lives.
+    [[nodiscard]] virtual std::shared_ptr<Printers> share() = 0;
 
-    /// Hands a job to the printing service. Why it was not taken, in words, or nothing.
-    [[nodiscard]] virtual QString print(const PrintJob& job) = 0;
+    /// Those that can be printed on at the moment; none where there is no printing service.
+    [[nodiscard]] virtual std::vector<Printer> available(const std::stop_token& stop) = 0;
+
+    /// Hands a job to the printing service. Why it was not taken, in words, or nothing. A job that is stopped
+    /// is not printed if the service can still be told.
+    [[nodiscard]] virtual QString print(const PrintJob& job, const std::stop_token& stop) = 0;
 };
 
 } // namespace giggle

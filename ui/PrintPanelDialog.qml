@@ -16,10 +16,14 @@ Dialog {
     readonly property bool isWorking: panel.isWorking
     /// The pages then stand beside the fields.
     readonly property bool isWide: width > 560
+    readonly property bool canPrint: panel.canPrint && !panel.isForPdfOnly
     readonly property bool hasChoices: !panel.isForPdfOnly && !isWorking
 
     onIsWantedChanged: isWanted ? open() : close()
     onOpened: focusButton()
+    // Who has gone to a field or to "Cancel" stays there.
+    onCanPrintChanged: if (saveButton.focus || printButton.focus)
+        focusButton()
 
     title: panel.title
     anchors.centerIn: parent
@@ -109,6 +113,7 @@ Dialog {
                         choices: dialog.panel.printers
                         text: dialog.panel.printer
                         enabled: dialog.panel.canPrint
+                        opacity: enabled ? 1 : 0.5
                         onPicked: row => dialog.panel.choosePrinter(row)
                     }
                     Label {
@@ -247,14 +252,15 @@ Dialog {
                 id: cancelButton
 
                 Layout.fillWidth: true
+                alwaysShowsFocus: true
                 text: qsTr("Cancel")
-                enabled: dialog.panel.canBeStopped
                 onClicked: dialog.panel.cancel()
             }
             AppButton {
                 id: saveButton
 
                 Layout.fillWidth: true
+                alwaysShowsFocus: true
                 text: qsTr("Save as PDF")
                 enabled: !dialog.isWorking
                 isProminent: true
@@ -265,9 +271,10 @@ Dialog {
                 id: printButton
 
                 Layout.fillWidth: true
+                alwaysShowsFocus: true
                 visible: !dialog.panel.isForPdfOnly
                 text: qsTr("Print")
-                enabled: !dialog.isWorking && dialog.panel.canPrint
+                enabled: !dialog.isWorking && dialog.canPrint
                 isProminent: true
                 onClicked: dialog.panel.print()
             }
@@ -287,7 +294,7 @@ Dialog {
     function focusButton() {
         if (!opened)
             return;
-        const button = isWorking ? cancelButton : panel.canPrint ? printButton : saveButton;
+        const button = isWorking ? cancelButton : canPrint ? printButton : saveButton;
         button.forceActiveFocus(Qt.OtherFocusReason);
     }
 }

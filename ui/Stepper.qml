@@ -61,8 +61,12 @@ FocusScope {
             Accessible.name: control.name
             onTextEdited: if (acceptableInput)
                 control.stepped(parseInt(text))
-            onActiveFocusChanged: if (!activeFocus)
-                text = Qt.binding(() => control.value) // what was typed may be no number
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    selectAll(); // what is typed then takes its place
+                else
+                    text = Qt.binding(() => control.value); // what was typed may be no number
+            }
 
             FocusRing {
                 radius: Theme.fieldRadius + 3

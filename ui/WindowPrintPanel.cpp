@@ -11,13 +11,26 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 #include <utility>
 
 namespace giggle {
 
-WindowPrintPanel::WindowPrintPanel(const Platform& platform) : m_platform(platform)
+/// What the panel shares with the threads that ask the printers. They may outlive it.
+struct WindowPrintPanel::Askers {
+    std::mutex mutex;
+    std::condition_variable ended;
+    WindowPrintPanel* panel = nullptr; ///< null once nobody takes answers
+    int count = 0;
+};
+
+WindowPrintPanel::WindowPrintPanel(const Platform& platform)
+    : m_platform(platform), m_askers(std::make_shared<Askers>())
 {
-    m_printing.setMaxThreadCount(1);
+    m_askers->panel = this;
     m_worker.moveToThread(&m_thread);
     connect(&m_worker, &PrintWorker::counted, this, &WindowPrintPanel::countedPages);
     connect(&m_worker, &PrintWorker::drawn, this, [this](int number, int page, const QImage& image) {
@@ -36,9 +49,15 @@ WindowPrintPanel::WindowPrintPanel(const Platform& platform) : m_platform(platfo
 WindowPrintPanel::~WindowPrintPanel()
 {
     m_worker.stop();
+    m_looking.request_stop();
+    m_sending.request_stop();
     m_thread.quit();
     m_thread.wait();
-    m_printing.waitForDone();
+    // Nearly always they end in time, and none is left when the program comes to its end. One that does not
+    // is stuck in the system, and has everything that it uses to itself.
+    std::unique_lock lock(m_askers->mutex);
+    m_askers->panel = nullptr;
+    (void)m_askers->ended.wait_for(lock, std::chrono::seconds(1), [this] { return m_askers->count == 0; });
 }
 
 void WindowPrintPanel::present(AttributedText text, const QString& jobName,
@@ -111,19 +130,39 @@ void WindowPrintPanel::askWorker(Request request)
     QMetaObject::invokeMethod(&m_worker, std::move(request), Qt::QueuedConnection);
 }
 
+/// Asks the printers @p question in a thread of its own, and calls @p take with the answer in this one,
+/// unless the panel is gone by then.
+template <class Question, class Take>
+void WindowPrintPanel::askPrinters(Question question, Take take)
+{
+    {
+        const std::lock_guard lock(m_askers->mutex);
+        ++m_askers->count;
+    }
+    auto ask = [askers = m_askers, printers = m_platform.printers->share(), question, take]() mutable {
+        auto answer = question(*printers);
+        printers.reset();
+        const std::lock_guard lock(askers->mutex);
+        if (askers->panel)
+            QMetaObject::invokeMethod(
+                askers->panel, [take, answer = std::move(answer)] { take(answer); }, Qt::QueuedConnection);
+        --askers->count;
+        askers->ended.notify_all();
+    };
+    std::thread(std::move(ask)).detach();
+}
+
 void WindowPrintPanel::lookForPrinters()
 {
     if (!m_platform.printers || std::exchange(m_isLooking, true))
         return;
     emit choicesChanged();
-    m_printing.start([this, &printers = *m_platform.printers] {
-        const auto take = [this, found = printers.available()] {
-            m_isLooking = false;
-            m_choices.setPrinters(found);
-            emit choicesChanged();
-            followPaper();
-        };
-        QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
+    const auto look = [stop = m_looking.get_token()](Printers& printers) { return printers.available(stop); };
+    askPrinters(look, [this](const std::vector<Printer>& found) {
+        m_isLooking = false;
+        m_choices.setPrinters(found);
+        emit choicesChanged();
+        followPaper();
     });
 }
 
@@ -242,8 +281,10 @@ void WindowPrintPanel::print()
 {
     if (!m_text || isWorking() || !canPrint())
         return;
+    // A job that was given up may still have its file open.
+    const QString file = QStringLiteral("print-%1.pdf").arg(++m_jobNumber);
     m_job = {.printer = m_choices.printer()->name,
-             .file = QDir(m_platform.temporaryFolder).filePath(QStringLiteral("print.pdf")),
+             .file = QDir(m_platform.temporaryFolder).filePath(file),
              .title = m_jobName,
              .copies = m_copies,
              .media = m_choices.paper().media};
@@ -307,30 +348,42 @@ void WindowPrintPanel::send()
     m_work = Work::Sending;
     m_progress.share = 1;
     emit workChanged();
-    m_printing.start([this, job = m_job, description = printer(), &printers = *m_platform.printers] {
-        const QString failure = printers.print(job);
+    m_sending = std::stop_source();
+    const auto hand = [job = m_job, stop = m_sending.get_token()](Printers& printers) {
+        const QString failure = printers.print(job, stop);
         QFile::remove(job.file);
-        const auto tell = [this, description, failure] {
-            if (!failure.isEmpty()) {
-                fail(QStringLiteral("\"%1\" cannot print: %2").arg(description, failure));
-                lookForPrinters(); // it may be gone
-                return;
-            }
-            m_work = Work::None;
-            close(true);
-        };
-        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+        return failure;
+    };
+    askPrinters(hand, [this, number = m_jobNumber, description = printer()](const QString& failure) {
+        if (number == m_jobNumber)
+            sent(description, failure);
     });
+}
+
+void WindowPrintPanel::sent(const QString& description, const QString& failure)
+{
+    m_work = Work::None;
+    if (failure.isEmpty()) {
+        close(true);
+        return;
+    }
+    fail(QStringLiteral("\"%1\" cannot print: %2").arg(description, failure));
+    lookForPrinters(); // it may be gone
 }
 
 void WindowPrintPanel::cancel()
 {
-    if (!m_text || !canBeStopped())
+    if (!m_text)
         return;
-    if (isWorking())
+    if (m_work == Work::Saving || m_work == Work::PreparingPrint) {
         m_worker.stop();
-    else
-        close(false);
+        return;
+    }
+    if (std::exchange(m_work, Work::None) == Work::Sending) {
+        m_sending.request_stop();
+        ++m_jobNumber; // its answer is nobody's any more
+    }
+    close(false);
 }
 
 } // namespace giggle

@@ -8,15 +8,19 @@
 #include <QImage>
 #include <QObject>
 #include <QThread>
-#include <QThreadPool>
 #include <QtQml/qqmlregistration.h>
+
+#include <memory>
+#include <stop_token>
 
 namespace giggle {
 
 struct Platform;
 
 /// The window's own print panel. The window shows it while `isShown`, and reports what is chosen. Pages are
-/// made in a second thread, printers are asked in a third: the window never waits for either.
+/// made in a second thread, and whatever is asked of the printers has a thread of its own: the window never
+/// waits for any of them. Printers that never answer keep neither the panel from being left nor, for longer
+/// than a second, the panel from being destroyed.
 class WindowPrintPanel : public QObject, public PrintPanel {
     Q_OBJECT
     QML_ELEMENT
@@ -37,7 +41,6 @@ class WindowPrintPanel : public QObject, public PrintPanel {
     Q_PROPERTY(int pageCount READ pageCount NOTIFY pagesChanged)
     Q_PROPERTY(QString pageText READ pageText NOTIFY pagesChanged)
     Q_PROPERTY(bool isWorking READ isWorking NOTIFY workChanged)
-    Q_PROPERTY(bool canBeStopped READ canBeStopped NOTIFY workChanged)
     Q_PROPERTY(double progress READ progress NOTIFY workChanged)
     Q_PROPERTY(QString workText READ workText NOTIFY workChanged)
     Q_PROPERTY(QString failure READ failure NOTIFY workChanged)
@@ -106,8 +109,6 @@ public:
     /// @{
     [[nodiscard]] bool isWorking() const { return m_work != Work::None; }
 
-    [[nodiscard]] bool canBeStopped() const { return m_work != Work::Sending; }
-
     [[nodiscard]] double progress() const { return m_progress.share; }
 
     [[nodiscard]] QString workText() const;
@@ -120,7 +121,8 @@ public:
     Q_INVOKABLE void print();
     Q_INVOKABLE void saveAsPdf();
 
-    /// Stops the work where there is any; otherwise puts the panel away.
+    /// Stops making a file where one is being made; otherwise puts the panel away. A job that a printer has
+    /// not taken yet is given up.
     Q_INVOKABLE void cancel();
 
 signals:
@@ -133,6 +135,7 @@ signals:
 
 private:
     enum class Work { None, Saving, PreparingPrint, Sending };
+    struct Askers;
 
     static constexpr int MostCopies = 999;
 
@@ -146,9 +149,12 @@ private:
     void askForPicture();
     template <class Request>
     void askWorker(Request request);
+    template <class Question, class Take>
+    void askPrinters(Question question, Take take);
     void begin(Work work, const QString& path);
     void fail(const QString& failure);
     void send();
+    void sent(const QString& description, const QString& failure);
     void countedPages(int number, int pages, bool isAll);
     void workFinished(const PdfOutcome& outcome);
 
@@ -175,10 +181,13 @@ private:
     Work m_work = Work::None;
     PdfProgress m_progress;
     QString m_failure;
+    int m_jobNumber = 0;
 
     PrintWorker m_worker;
     QThread m_thread;
-    QThreadPool m_printing;
+    std::stop_source m_looking;
+    std::stop_source m_sending;
+    std::shared_ptr<Askers> m_askers;
 };
 
 } // namespace giggle

@@ -2,6 +2,8 @@
 #include "platform/linux/CupsPrinters.h"
 
 #include <algorithm>
+#include <atomic>
+#include <functional>
 #include <memory>
 
 #include <cups/cups.h>
@@ -12,10 +14,54 @@ namespace {
 
 constexpr double PointsPerUnit = 72 / 2540.0; // the service counts in hundredths of a millimetre
 
+constexpr int ConnectingMilliseconds = 5000;
+constexpr double SecondsBetweenLooks = 0.2;
+constexpr double LookingSeconds = 20;
+constexpr double PrintingSeconds = 60;
+
+/// A connection to the service. It gives up when it is stopped, and when it has waited for that many seconds
+/// in all. The connection that the library makes itself would wait for minutes.
+class Connection {
+public:
+    Connection(const std::stop_token& stop, double patience)
+        : m_stop(stop), m_patience(patience), m_endConnecting(stop, [this] {
+              std::atomic_ref(m_isCancelled).store(1); // the library looks at it again and again
+          })
+    {
+        m_http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                              ConnectingMilliseconds, &m_isCancelled);
+        if (m_http)
+            httpSetTimeout(m_http, SecondsBetweenLooks, mayWait, this);
+    }
+
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    ~Connection() { httpClose(m_http); }
+
+    /// nullptr where there is no service. The library takes that for its own connection: look first.
+    [[nodiscard]] http_t* get() const { return m_http; }
+
+private:
+    /// Asked each time that nothing has come for a while.
+    static int mayWait(http_t*, void* connection)
+    {
+        auto& self = *static_cast<Connection*>(connection);
+        self.m_patience -= SecondsBetweenLooks;
+        return self.m_patience > 0 && !self.m_stop.stop_requested();
+    }
+
+    std::stop_token m_stop;
+    double m_patience;
+    int m_isCancelled = 0;
+    std::stop_callback<std::function<void()>> m_endConnecting;
+    http_t* m_http = nullptr;
+};
+
 /// The destinations that the service knows, freed at the end.
 class Destinations {
 public:
-    Destinations() : m_count(cupsGetDests2(CUPS_HTTP_DEFAULT, &m_first)) {}
+    explicit Destinations(http_t* http) : m_count(cupsGetDests2(http, &m_first)) {}
 
     Destinations(const Destinations&) = delete;
     Destinations& operator=(const Destinations&) = delete;
@@ -63,13 +109,13 @@ QString option(const cups_dest_t& destination, const char* name)
     return QString::fromUtf8(cupsGetOption(name, destination.num_options, destination.options));
 }
 
-Paper paper(cups_dest_t& destination, cups_dinfo_t* information, cups_size_t& size)
+Paper paper(http_t* http, cups_dest_t& destination, cups_dinfo_t* information, cups_size_t& size)
 {
     Paper paper{.name = {},
                 .media = QString::fromUtf8(size.media),
                 .size = QSizeF(size.width, size.length) * PointsPerUnit};
     paper.name = QString::fromUtf8(
-        cupsLocalizeDestMedia(CUPS_HTTP_DEFAULT, &destination, information, CUPS_MEDIA_FLAGS_DEFAULT, &size));
+        cupsLocalizeDestMedia(http, &destination, information, CUPS_MEDIA_FLAGS_DEFAULT, &size));
     if (paper.name.isEmpty())
         paper.name = paper.media;
     return paper;
@@ -93,31 +139,31 @@ void addPaper(std::vector<Paper>& papers, const Paper& paper)
 }
 
 /// Asks for the sizes.
-void addPapers(Printer& printer, cups_dest_t& destination)
+void addPapers(http_t* http, Printer& printer, cups_dest_t& destination)
 {
-    const std::unique_ptr<cups_dinfo_t, FreeInformation> information(
-        cupsCopyDestInfo(CUPS_HTTP_DEFAULT, &destination));
+    const std::unique_ptr<cups_dinfo_t, FreeInformation> information(cupsCopyDestInfo(http, &destination));
     if (!information)
         return;
     cups_size_t size{};
-    const int count =
-        cupsGetDestMediaCount(CUPS_HTTP_DEFAULT, &destination, information.get(), CUPS_MEDIA_FLAGS_DEFAULT);
+    const int count = cupsGetDestMediaCount(http, &destination, information.get(), CUPS_MEDIA_FLAGS_DEFAULT);
     for (int i = 0; i < count; ++i) {
-        if (cupsGetDestMediaByIndex(CUPS_HTTP_DEFAULT, &destination, information.get(), i,
-                                    CUPS_MEDIA_FLAGS_DEFAULT, &size))
-            addPaper(printer.papers, paper(destination, information.get(), size));
+        if (cupsGetDestMediaByIndex(http, &destination, information.get(), i, CUPS_MEDIA_FLAGS_DEFAULT,
+                                    &size))
+            addPaper(printer.papers, paper(http, destination, information.get(), size));
     }
-    if (cupsGetDestMediaDefault(CUPS_HTTP_DEFAULT, &destination, information.get(), CUPS_MEDIA_FLAGS_DEFAULT,
-                                &size))
+    if (cupsGetDestMediaDefault(http, &destination, information.get(), CUPS_MEDIA_FLAGS_DEFAULT, &size))
         printer.defaultMedia = QString::fromUtf8(size.media);
 }
 
 } // namespace
 
-std::vector<Printer> CupsPrinters::available()
+std::vector<Printer> CupsPrinters::available(const std::stop_token& stop)
 {
+    const Connection connection(stop, LookingSeconds);
+    if (!connection.get())
+        return {};
     std::vector<Printer> printers;
-    for (cups_dest_t& destination : Destinations()) {
+    for (cups_dest_t& destination : Destinations(connection.get())) {
         Printer printer{.name = QString::fromUtf8(destination.name),
                         .description = option(destination, "printer-info"),
                         .isDefault = destination.is_default != 0,
@@ -127,17 +173,21 @@ std::vector<Printer> CupsPrinters::available()
             continue; // the same printer with other settings
         if (printer.description.isEmpty())
             printer.description = printer.name;
-        addPapers(printer, destination);
+        addPapers(connection.get(), printer, destination);
         printers.push_back(std::move(printer));
     }
     return printers;
 }
 
-QString CupsPrinters::print(const PrintJob& job)
+QString CupsPrinters::print(const PrintJob& job, const std::stop_token& stop)
 {
+    const Connection connection(stop, PrintingSeconds);
+    http_t* http = connection.get();
+    if (!http)
+        return QStringLiteral("The printing service does not answer.");
     const QByteArray name = job.printer.toUtf8();
     const std::unique_ptr<cups_dest_t, FreeDestination> destination(
-        cupsGetNamedDest(CUPS_HTTP_DEFAULT, name.constData(), nullptr));
+        cupsGetNamedDest(http, name.constData(), nullptr));
     if (!destination)
         return QStringLiteral("The printer is not there any more.");
     Options options;
@@ -145,8 +195,10 @@ QString CupsPrinters::print(const PrintJob& job)
         options.set(destination->options[i].name, destination->options[i].value);
     options.set("copies", QByteArray::number(job.copies));
     options.set("media", job.media.toUtf8());
-    const int id = cupsPrintFile2(CUPS_HTTP_DEFAULT, name.constData(), job.file.toUtf8().constData(),
+    const int id = cupsPrintFile2(http, name.constData(), job.file.toUtf8().constData(),
                                   job.title.toUtf8().constData(), options.count, options.first);
+    if (id > 0 && stop.stop_requested())
+        cupsCancelJob2(http, name.constData(), id, 0);
     return id > 0 ? QString() : QString::fromUtf8(cupsLastErrorString());
 }
 

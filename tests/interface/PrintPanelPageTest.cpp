@@ -63,6 +63,28 @@ TEST_F(PrintPanelPageTest, PrintsWhatIsChosenByName)
     waitFor(QAccessible::Button, u"Joke List"_qs);
 }
 
+TEST_F(PrintPanelPageTest, PrintersThatAreFoundLateAreOfferedToTheKeyboard)
+{
+    m_printers.set({{u"attic"_qs, u"In the Attic"_qs, true, {}, {}}});
+    m_printers.setSilent(true);
+    present(1);
+    ASSERT_TRUE(waitUntil([&] { return find(QAccessible::Button, u"Save as PDF"_qs)->state().focused; }));
+    m_printers.setSilent(false);
+    ASSERT_TRUE(waitUntil([&] { return find(QAccessible::Button, u"Print"_qs)->state().focused; }));
+    while (!find(QAccessible::SpinBox, u"Copies"_qs)->child(0)->state().focused)
+        key(Qt::Key_Tab);
+    type(u"3"_qs); // takes the place of the 1
+    EXPECT_EQ(find(QAccessible::SpinBox, u"Copies"_qs)->valueInterface()->currentValue(), 3);
+
+    m_printers.setSilent(true);
+    press(QAccessible::Button, u"Print"_qs);
+    ASSERT_TRUE(waitUntil([&] { return m_printers.begun() == 1; }));
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
+    EXPECT_FALSE(m_outcome->isCompleted);
+    m_printers.setSilent(false);
+}
+
 TEST_F(PrintPanelPageTest, WithoutAPrinterThereIsThePdfFile)
 {
     present(1);

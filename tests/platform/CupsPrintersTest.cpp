@@ -8,9 +8,16 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <functional>
 #include <thread>
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace giggle {
 
@@ -109,7 +116,7 @@ TEST_F(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
     const QString file = m_folder.filePath(u"a.pdf"_qs);
     write(file, "%PDF-1.4\n%%EOF\n");
     inNewThread([&] {
-        const std::vector<Printer> found = m_printers.available();
+        const std::vector<Printer> found = m_printers.available({});
         ASSERT_EQ(found.size(), 1U);
         EXPECT_EQ(found[0].name, u"cellar"_qs);
         EXPECT_EQ(found[0].description, u"In the Cellar"_qs);
@@ -118,10 +125,11 @@ TEST_F(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
         EXPECT_EQ(found[0].papers[1].size.toSize(), QSize(595, 842));
         EXPECT_EQ(found[0].papers[0].media, u"iso_a5_148x210mm"_qs);
 
-        EXPECT_EQ(m_printers.print({u"cellar"_qs, file, u"Jok\u00e9s"_qs, 3, u"iso_a5_148x210mm"_qs}),
+        EXPECT_EQ(m_printers.print({u"cellar"_qs, file, u"Jok\u00e9s"_qs, 3, u"iso_a5_148x210mm"_qs}, {}),
                   QString());
-        EXPECT_NE(m_printers.print({u"attic"_qs, file, u"Jokes"_qs, 1, {}}), QString()) << "not there";
-        EXPECT_NE(m_printers.print({u"cellar"_qs, file + u'x', u"Jokes"_qs, 1, {}}), QString()) << "no file";
+        EXPECT_NE(m_printers.print({u"attic"_qs, file, u"Jokes"_qs, 1, {}}, {}), QString()) << "not there";
+        EXPECT_NE(m_printers.print({u"cellar"_qs, file + u'x', u"Jokes"_qs, 1, {}}, {}), QString())
+            << "no file";
     });
     ASSERT_TRUE(spinUntil([&] { return !firstJob().isEmpty(); }));
     for (const QByteArray& part :
@@ -133,9 +141,45 @@ TEST_F(CupsPrintersTest, WithoutAServiceThereIsNoPrinter)
 {
     qputenv("CUPS_SERVER", m_folder.filePath(u"nothing"_qs).toUtf8());
     inNewThread([&] {
-        EXPECT_TRUE(m_printers.available().empty());
-        EXPECT_NE(m_printers.print({u"cellar"_qs, u"/dev/null"_qs, u"Jokes"_qs, 1, {}}), QString());
+        EXPECT_TRUE(m_printers.available({}).empty());
+        EXPECT_NE(m_printers.print({u"cellar"_qs, u"/dev/null"_qs, u"Jokes"_qs, 1, {}}, {}), QString());
     });
+}
+
+TEST(SilentServiceTest, CallsEndWhenTheyAreStopped)
+{
+    const QTemporaryDir folder;
+    const QByteArray place = folder.filePath(u"socket"_qs).toUtf8();
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    ASSERT_LT(std::size_t(place.size()), sizeof address.sun_path);
+    std::copy(place.begin(), place.end(), address.sun_path);
+    const int service = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(bind(service, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(service, 8), 0); // connections are taken, and nothing is ever read
+    qputenv("CUPS_SERVER", place);
+
+    const std::function<void(const std::stop_token&)> calls[] = {
+        [](const std::stop_token& stop) { EXPECT_TRUE(CupsPrinters().available(stop).empty()); },
+        [](const std::stop_token& stop) {
+            EXPECT_NE(CupsPrinters().print({u"cellar"_qs, u"/dev/null"_qs, u"Jokes"_qs, 1, {}}, stop),
+                      QString());
+        },
+    };
+    for (const auto& call : calls) {
+        std::stop_source stop;
+        std::atomic<bool> isOver = false;
+        std::thread thread([&] {
+            call(stop.get_token());
+            isOver = true;
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        EXPECT_FALSE(isOver) << "nothing was waited for";
+        const auto start = std::chrono::steady_clock::now();
+        stop.request_stop();
+        thread.join();
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    }
+    close(service);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/Printers.h"
 #include "tests/support/PrintedText.h"
 
+#include <condition_variable>
 #include <mutex>
 #include <utility>
 
@@ -17,39 +18,73 @@ public:
         QString information; ///< of the file, as another program reads it
     };
 
-    std::vector<Printer> available() override
+    FakePrinters() : m_state(std::make_shared<State>()) {}
+
+    std::shared_ptr<Printers> share() override
     {
-        const std::lock_guard lock(m_mutex);
-        return m_printers;
+        return std::shared_ptr<Printers>(new FakePrinters(m_state)); // NOLINT: the constructor is private
     }
 
-    QString print(const PrintJob& job) override
+    std::vector<Printer> available(const std::stop_token&) override
+    {
+        std::unique_lock lock(m_state->mutex);
+        m_state->answers.wait(lock, [this] { return !m_state->isSilent; });
+        return m_state->printers;
+    }
+
+    QString print(const PrintJob& job, const std::stop_token&) override
     {
         const QString information = outputOf(QStringLiteral("pdfinfo"), {job.file});
-        const std::lock_guard lock(m_mutex);
-        if (m_failure.isEmpty())
-            m_printed.push_back({job, information});
-        return m_failure;
+        std::unique_lock lock(m_state->mutex);
+        ++m_state->begun;
+        m_state->answers.wait(lock, [this] { return !m_state->isSilent; });
+        if (m_state->failure.isEmpty())
+            m_state->printed.push_back({job, information});
+        return m_state->failure;
     }
 
     void set(std::vector<Printer> printers, const QString& failure = {})
     {
-        const std::lock_guard lock(m_mutex);
-        m_printers = std::move(printers);
-        m_failure = failure;
+        const std::lock_guard lock(m_state->mutex);
+        m_state->printers = std::move(printers);
+        m_state->failure = failure;
+    }
+
+    /// From now on no call returns, stopped or not, until this is taken back.
+    void setSilent(bool isSilent)
+    {
+        const std::lock_guard lock(m_state->mutex);
+        m_state->isSilent = isSilent;
+        m_state->answers.notify_all();
+    }
+
+    /// How many jobs have come, taken or not.
+    int begun()
+    {
+        const std::lock_guard lock(m_state->mutex);
+        return m_state->begun;
     }
 
     std::vector<Printed> printed()
     {
-        const std::lock_guard lock(m_mutex);
-        return m_printed;
+        const std::lock_guard lock(m_state->mutex);
+        return m_state->printed;
     }
 
 private:
-    std::mutex m_mutex;
-    std::vector<Printer> m_printers;
-    std::vector<Printed> m_printed;
-    QString m_failure;
+    struct State {
+        std::mutex mutex;
+        std::condition_variable answers;
+        bool isSilent = false;
+        std::vector<Printer> printers;
+        int begun = 0;
+        std::vector<Printed> printed;
+        QString failure;
+    };
+
+    explicit FakePrinters(std::shared_ptr<State> state) : m_state(std::move(state)) {}
+
+    std::shared_ptr<State> m_state;
 };
 
 } // namespace giggle

@@ -5,6 +5,7 @@
 #include "ui/WindowPrintPanel.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -44,7 +45,8 @@ protected:
     FakePlatform system;
     FakePrinters printers;
     std::vector<PrintOutcome> outcomes;
-    WindowPrintPanel panel{system.platform};
+    std::optional<WindowPrintPanel> ownPanel{std::in_place, system.platform};
+    WindowPrintPanel& panel = *ownPanel;
     CollectionFolder folder;
 };
 
@@ -128,6 +130,39 @@ TEST_F(PrintPanelTest, CancelStopsTheWorkFirstAndThenThePanel)
     panel.cancel();
     ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
     EXPECT_FALSE(outcomes[0].isCompleted);
+}
+
+TEST_F(PrintPanelTest, APrinterThatNeverAnswersHoldsNothingUp)
+{
+    present(5);
+    printers.setSilent(true);
+    panel.print();
+    ASSERT_TRUE(until([&] { return printers.begun() == 1; }));
+    EXPECT_EQ(panel.workText(), u"Sending the pages to the printer\u2026"_qs);
+    panel.cancel();
+    EXPECT_FALSE(panel.isShown());
+    ASSERT_TRUE(until([&] { return outcomes.size() == 1; }));
+    EXPECT_FALSE(outcomes[0].isCompleted);
+
+    // The printers are asked anew, which takes as long, but the last ones are still known.
+    present(5);
+    panel.print();
+    ASSERT_TRUE(until([&] { return printers.begun() == 2; }));
+    printers.setSilent(false);
+    ASSERT_TRUE(until([&] { return outcomes.size() == 2 && printers.printed().size() == 2; }));
+    EXPECT_TRUE(outcomes[1].isCompleted);
+    QTest::qWait(50);
+    EXPECT_EQ(outcomes.size(), 2U) << "the first job's late answer was taken";
+    EXPECT_TRUE(QDir(system.temporaryFolder.path()).isEmpty()) << "a file was left";
+
+    printers.setSilent(true);
+    present(5);
+    QElapsedTimer time;
+    time.start();
+    ownPanel.reset();
+    EXPECT_LT(time.elapsed(), 2000);
+    printers.setSilent(false); // the answer finds no panel
+    QTest::qWait(50);
 }
 
 TEST_F(PrintPanelTest, APdfAloneShowsThePanelOnlyForAWait)
