@@ -46,10 +46,12 @@ public:
 
 private:
     /// Asked each time that nothing has come for a while.
-    static int mayWait(http_t*, void* connection)
+    static int mayWait(http_t* http, void* connection)
     {
         auto& self = *static_cast<Connection*>(connection);
         self.m_patience -= SecondsBetweenLooks;
+        if (self.hasGivenUp()) // the library tries again in several ways, which shall not take long
+            httpSetTimeout(http, 0.01, mayWait, &self);
         return !self.hasGivenUp();
     }
 
