@@ -42,13 +42,17 @@ public:
     /// nullptr where there is no service. The library takes that for its own connection: look first.
     [[nodiscard]] http_t* get() const { return m_http; }
 
+    [[nodiscard]] bool hasGivenUp() const { return m_patience <= 0 || m_stop.stop_requested(); }
+
 private:
     /// Asked each time that nothing has come for a while.
-    static int mayWait(http_t*, void* connection)
+    static int mayWait(http_t* http, void* connection)
     {
         auto& self = *static_cast<Connection*>(connection);
         self.m_patience -= SecondsBetweenLooks;
-        return self.m_patience > 0 && !self.m_stop.stop_requested();
+        if (self.hasGivenUp()) // the library tries again in several ways, which shall not take long
+            httpSetTimeout(http, 0.01, mayWait, &self);
+        return !self.hasGivenUp();
     }
 
     std::stop_token m_stop;
@@ -68,6 +72,12 @@ public:
 
     ~Destinations() { cupsFreeDests(m_count, m_first); }
 
+    /// nullptr where there is none of that name.
+    [[nodiscard]] const cups_dest_t* find(const QByteArray& name) const
+    {
+        return cupsGetDest(name.constData(), nullptr, m_count, m_first);
+    }
+
     [[nodiscard]] cups_dest_t* begin() const { return m_first; }
 
     [[nodiscard]] cups_dest_t* end() const { return m_first + m_count; }
@@ -79,10 +89,6 @@ private:
 
 struct FreeInformation {
     void operator()(cups_dinfo_t* information) const { cupsFreeDestInfo(information); }
-};
-
-struct FreeDestination {
-    void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
 };
 
 /// Options of a job, freed at the end.
@@ -183,13 +189,14 @@ QString CupsPrinters::print(const PrintJob& job, const std::stop_token& stop)
 {
     const Connection connection(stop, PrintingSeconds);
     http_t* http = connection.get();
+    const QString silence = QStringLiteral("The printing service does not answer.");
     if (!http)
-        return QStringLiteral("The printing service does not answer.");
+        return silence;
     const QByteArray name = job.printer.toUtf8();
-    const std::unique_ptr<cups_dest_t, FreeDestination> destination(
-        cupsGetNamedDest(http, name.constData(), nullptr));
+    const Destinations destinations(http); // looking for one by its name would not keep to this connection
+    const cups_dest_t* destination = destinations.find(name);
     if (!destination)
-        return QStringLiteral("The printer is not there any more.");
+        return connection.hasGivenUp() ? silence : QStringLiteral("The printer is not there any more.");
     Options options;
     for (int i = 0; i < destination->num_options; ++i)
         options.set(destination->options[i].name, destination->options[i].value);

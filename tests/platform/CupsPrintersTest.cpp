@@ -177,7 +177,7 @@ TEST(SilentServiceTest, CallsEndWhenTheyAreStopped)
         const auto start = std::chrono::steady_clock::now();
         stop.request_stop();
         thread.join();
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)); // else 20 and more
     }
     close(service);
 }
