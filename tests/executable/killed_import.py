@@ -7,6 +7,8 @@ Needs a display and a session bus of its own; the application is used as a scree
 import contextlib
 import os
 import pathlib
+import random
+import shutil
 import sqlite3
 import subprocess
 import sys
@@ -22,6 +24,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 EXECUTABLE = pathlib.Path(sys.argv.pop())
 JOKES = 30000
+KILLS = 100 if os.environ.get("GIGGLE_LONG", "0") != "0" else 5
 PATIENCE_SECONDS = 30
 
 
@@ -80,14 +83,18 @@ class KilledImport(unittest.TestCase):
             time.sleep(0.05)
         self.fail(f"there is no button {name}")
 
-    def stored(self):
+    def ask(self, sql):
         connection = sqlite3.connect(f"file:{self.collection}?mode=ro", uri=True, timeout=10)
         with contextlib.closing(connection) as database:
-            return database.execute("SELECT category, rating, id, favorite, joke FROM jokes ORDER BY oid").fetchall()
+            return database.execute(sql).fetchall()
+
+    def stored(self):
+        self.assertEqual(self.ask("PRAGMA integrity_check"), [("ok",)])
+        return self.ask("SELECT category, rating, id, favorite, joke FROM jokes ORDER BY oid")
 
     def count(self):
         with contextlib.suppress(sqlite3.OperationalError):  # the collection is still being made
-            return len(self.stored())
+            return self.ask("SELECT count(*) FROM jokes")[0][0]
         return 0
 
     def import_until(self, count):
@@ -109,10 +116,31 @@ class KilledImport(unittest.TestCase):
         stored = self.stored()
         self.assertLess(len(stored), JOKES, "the import was over before it could be killed")
         self.assertEqual(stored, self.rows[: len(stored)])
-        with contextlib.closing(sqlite3.connect(self.collection)) as database:
-            self.assertEqual(database.execute("PRAGMA integrity_check").fetchone()[0], "ok")
         self.import_until(JOKES)
         self.assertEqual(self.stored(), self.rows)
+
+    def test_killed_at_random_it_never_loses_what_it_had(self):
+        moments = random.Random(20261121)
+        cut_short = 0
+        known = 0
+        for kill in range(KILLS):
+            if known == JOKES:
+                shutil.rmtree(self.collection.parent)
+                known = 0
+            process = self.start()
+            self.press("OK", process)
+            threading.Thread(target=self.press, args=("Import", process), daemon=True).start()
+            time.sleep(moments.uniform(0, 1.2))
+            self.assertIsNone(process.poll())
+            process.kill()
+            process.wait()
+            stored = self.stored() if self.collection.exists() else []
+            self.assertEqual(stored, self.rows[: len(stored)], f"kill {kill}")
+            self.assertGreaterEqual(len(stored), known, f"kill {kill}")
+            cut_short += 0 < len(stored) < JOKES
+            known = len(stored)
+        print(f"imports killed: {KILLS} tried, {KILLS} survived, {cut_short} of them cut short", flush=True)
+        self.assertGreater(cut_short, 0, "no import was killed while it ran")
 
 
 if __name__ == "__main__":
