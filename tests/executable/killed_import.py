@@ -97,8 +97,8 @@ class KilledImport(unittest.TestCase):
             return self.ask("SELECT count(*) FROM jokes")[0][0]
         return 0
 
-    def import_until(self, count):
-        """Starts an import, and ends the process as soon as that many jokes are stored."""
+    def import_until(self, count, lingering=0):
+        """Starts an import, and ends the process some seconds after that many jokes are stored."""
         process = self.start()
         self.press("OK", process)
         # The answer to the press comes when the import is over.
@@ -108,6 +108,7 @@ class KilledImport(unittest.TestCase):
             self.assertLess(time.monotonic(), end, "the import does not get on")
             time.sleep(0.005)
             self.assertIsNone(process.poll())
+        time.sleep(lingering)
         process.kill()
         process.wait()
 
@@ -127,14 +128,9 @@ class KilledImport(unittest.TestCase):
             if known == JOKES:
                 shutil.rmtree(self.collection.parent)
                 known = 0
-            process = self.start()
-            self.press("OK", process)
-            threading.Thread(target=self.press, args=("Import", process), daemon=True).start()
-            time.sleep(moments.uniform(0, 1.2))
-            self.assertIsNone(process.poll())
-            process.kill()
-            process.wait()
-            stored = self.stored() if self.collection.exists() else []
+            # Before the first joke as well as behind it.
+            self.import_until(kill % 2, moments.uniform(0, 1 if kill % 2 == 0 else 0.4))
+            stored = self.stored() if self.count() else []
             self.assertEqual(stored, self.rows[: len(stored)], f"kill {kill}")
             self.assertGreaterEqual(len(stored), known, f"kill {kill}")
             cut_short += 0 < len(stored) < JOKES
