@@ -67,8 +67,8 @@ class KilledImport(unittest.TestCase):
         self.addCleanup(process.kill)
         return process
 
-    def press(self, name, process):
-        """Presses a button of the process once it is there."""
+    def button(self, name, process):
+        """A button of the process, once it is there."""
         end = time.monotonic() + PATIENCE_SECONDS
         while time.monotonic() < end:
             desktop = Atspi.get_desktop(0)
@@ -77,11 +77,13 @@ class KilledImport(unittest.TestCase):
                 if application is None or application.get_process_id() != process.pid:
                     continue
                 for button in visit(application, name, Atspi.Role.PUSH_BUTTON):
-                    with contextlib.suppress(GLib.GError):  # it may be killed before it answers
-                        button.do_action(0)
-                    return
+                    return button
             time.sleep(0.05)
         self.fail(f"there is no button {name}")
+
+    def press(self, button):
+        with contextlib.suppress(GLib.GError):  # it may be killed before it answers
+            button.do_action(0)
 
     def ask(self, sql):
         connection = sqlite3.connect(f"file:{self.collection}?mode=ro", uri=True, timeout=10)
@@ -100,9 +102,10 @@ class KilledImport(unittest.TestCase):
     def import_until(self, count, lingering=0):
         """Starts an import, and ends the process some seconds after that many jokes are stored."""
         process = self.start()
-        self.press("OK", process)
-        # The answer to the press comes when the import is over.
-        threading.Thread(target=self.press, args=("Import", process), daemon=True).start()
+        self.press(self.button("OK", process))
+        # The answer to the press comes when the import is over. Nothing else may be asked meanwhile.
+        press = threading.Thread(target=self.press, args=(self.button("Import", process),), daemon=True)
+        press.start()
         end = time.monotonic() + PATIENCE_SECONDS
         while self.count() < count:
             self.assertLess(time.monotonic(), end, "the import does not get on")
@@ -111,6 +114,7 @@ class KilledImport(unittest.TestCase):
         time.sleep(lingering)
         process.kill()
         process.wait()
+        press.join(PATIENCE_SECONDS)
 
     def test_what_is_stored_is_a_whole_prefix_of_the_file_and_importing_again_completes_it(self):
         self.import_until(1)
