@@ -7,6 +7,8 @@ Needs a display and a session bus of its own; the application is used as a scree
 import contextlib
 import os
 import pathlib
+import random
+import shutil
 import sqlite3
 import subprocess
 import sys
@@ -22,6 +24,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 EXECUTABLE = pathlib.Path(sys.argv.pop())
 JOKES = 30000
+KILLS = 100 if os.environ.get("GIGGLE_LONG", "0") != "0" else 5
 PATIENCE_SECONDS = 30
 
 
@@ -64,8 +67,8 @@ class KilledImport(unittest.TestCase):
         self.addCleanup(process.kill)
         return process
 
-    def press(self, name, process):
-        """Presses a button of the process once it is there."""
+    def button(self, name, process):
+        """A button of the process, once it is there."""
         end = time.monotonic() + PATIENCE_SECONDS
         while time.monotonic() < end:
             desktop = Atspi.get_desktop(0)
@@ -74,45 +77,70 @@ class KilledImport(unittest.TestCase):
                 if application is None or application.get_process_id() != process.pid:
                     continue
                 for button in visit(application, name, Atspi.Role.PUSH_BUTTON):
-                    with contextlib.suppress(GLib.GError):  # it may be killed before it answers
-                        button.do_action(0)
-                    return
+                    return button
             time.sleep(0.05)
         self.fail(f"there is no button {name}")
 
-    def stored(self):
+    def press(self, button):
+        with contextlib.suppress(GLib.GError):  # it may be killed before it answers
+            button.do_action(0)
+
+    def ask(self, sql):
         connection = sqlite3.connect(f"file:{self.collection}?mode=ro", uri=True, timeout=10)
         with contextlib.closing(connection) as database:
-            return database.execute("SELECT category, rating, id, favorite, joke FROM jokes ORDER BY oid").fetchall()
+            return database.execute(sql).fetchall()
+
+    def stored(self):
+        self.assertEqual(self.ask("PRAGMA integrity_check"), [("ok",)])
+        return self.ask("SELECT category, rating, id, favorite, joke FROM jokes ORDER BY oid")
 
     def count(self):
         with contextlib.suppress(sqlite3.OperationalError):  # the collection is still being made
-            return len(self.stored())
+            return self.ask("SELECT count(*) FROM jokes")[0][0]
         return 0
 
-    def import_until(self, count):
-        """Starts an import, and ends the process as soon as that many jokes are stored."""
+    def import_until(self, count, lingering=0):
+        """Starts an import, and ends the process some seconds after that many jokes are stored."""
         process = self.start()
-        self.press("OK", process)
-        # The answer to the press comes when the import is over.
-        threading.Thread(target=self.press, args=("Import", process), daemon=True).start()
+        self.press(self.button("OK", process))
+        # The answer to the press comes when the import is over. Nothing else may be asked meanwhile.
+        press = threading.Thread(target=self.press, args=(self.button("Import", process),), daemon=True)
+        press.start()
         end = time.monotonic() + PATIENCE_SECONDS
         while self.count() < count:
             self.assertLess(time.monotonic(), end, "the import does not get on")
             time.sleep(0.005)
             self.assertIsNone(process.poll())
+        time.sleep(lingering)
         process.kill()
         process.wait()
+        press.join(PATIENCE_SECONDS)
 
     def test_what_is_stored_is_a_whole_prefix_of_the_file_and_importing_again_completes_it(self):
         self.import_until(1)
         stored = self.stored()
         self.assertLess(len(stored), JOKES, "the import was over before it could be killed")
         self.assertEqual(stored, self.rows[: len(stored)])
-        with contextlib.closing(sqlite3.connect(self.collection)) as database:
-            self.assertEqual(database.execute("PRAGMA integrity_check").fetchone()[0], "ok")
         self.import_until(JOKES)
         self.assertEqual(self.stored(), self.rows)
+
+    def test_killed_at_random_it_never_loses_what_it_had(self):
+        moments = random.Random(20261121)
+        cut_short = 0
+        known = 0
+        for kill in range(KILLS):
+            if known == JOKES:
+                shutil.rmtree(self.collection.parent)
+                known = 0
+            # Before the first joke as well as behind it.
+            self.import_until(kill % 2, moments.uniform(0, 1 if kill % 2 == 0 else 0.4))
+            stored = self.stored() if self.count() else []
+            self.assertEqual(stored, self.rows[: len(stored)], f"kill {kill}")
+            self.assertGreaterEqual(len(stored), known, f"kill {kill}")
+            cut_short += 0 < len(stored) < JOKES
+            known = len(stored)
+        print(f"imports killed: {KILLS} tried, {KILLS} survived, {cut_short} of them cut short", flush=True)
+        self.assertGreater(cut_short, 0, "no import was killed while it ran")
 
 
 if __name__ == "__main__":
