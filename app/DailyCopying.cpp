@@ -8,6 +8,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <exception>
 
 namespace giggle {
 
@@ -19,6 +20,9 @@ void makeCopy(const DailyCopies& copies)
         copies.make(QDate::currentDate());
     } catch (const StoreError& error) {
         printFailure(QStringLiteral("The copy of the day was not made. ") + error.localizedDescription());
+    } catch (const std::exception& error) {
+        printFailure(
+            QStringLiteral("The copy of the day was not made: %1").arg(QLatin1StringView(error.what())));
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/DailyCopying.h"
+#include "app/QuitSignals.h"
 #include "app/UserInterface.h"
 #include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/BundleResources.h"
@@ -133,6 +134,7 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     sayWhenReady(interface.load());
     if (!document.isEmpty())
         interface.open(document);
+    const QuitSignals quitSignals;
     return QGuiApplication::exec();
 }
 

@@ -18,6 +18,9 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <chrono>
+#include <memory>
+#include <set>
 #include <utility>
 
 namespace giggle {

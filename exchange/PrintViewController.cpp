@@ -9,6 +9,7 @@
 #include "ui/TextOutput.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <algorithm>
 

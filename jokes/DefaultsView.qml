@@ -82,8 +82,8 @@ AppPage {
                         horizontalAlignment: TextInput.AlignHCenter
                         textFont.pixelSize: Math.min(Theme.jokeSize(page.screen.sizePreview), width / 3)
                         text: page.screen.ListFontTextSizeTextField
-                        Keys.onUpPressed: page.step(1)
-                        Keys.onDownPressed: page.step(-1)
+                        Keys.onUpPressed: page.screen.stepBy(1)
+                        Keys.onDownPressed: page.screen.stepBy(-1)
                     }
                     Rectangle {
                         objectName: "ListStepper"
@@ -105,7 +105,7 @@ AppPage {
                                 text: qsTr("Smaller")
                                 iconSource: Theme.icon("smaller", false)
                                 enabled: page.screen.ListStepper > page.screen.leastListStepper
-                                onClicked: page.step(-1)
+                                onClicked: page.screen.stepBy(-1)
                             }
                             Rectangle {
                                 Layout.fillHeight: true
@@ -116,7 +116,7 @@ AppPage {
                                 text: qsTr("Larger")
                                 iconSource: Theme.icon("larger", false)
                                 enabled: page.screen.ListStepper < page.screen.greatestListStepper
-                                onClicked: page.step(1)
+                                onClicked: page.screen.stepBy(1)
                             }
                         }
                     }
@@ -176,12 +176,6 @@ AppPage {
         anchors.bottom: parent.bottom
         width: parent.width
         maximumHeight: page.height / 2
-    }
-
-    function step(by: int) {
-        const next = Math.max(screen.leastListStepper, Math.min(screen.greatestListStepper, screen.ListStepper + by));
-        if (next !== screen.ListStepper)
-            screen.ListStepperChanged(next);
     }
 
     /// A field is being edited for as long as its picker is open.

@@ -163,6 +163,13 @@ void DefaultsViewController::FontColorSelected()
     userDefaults.synchronize();
 }
 
+void DefaultsViewController::stepBy(int steps)
+{
+    const double value = std::clamp(m_listStepper + steps, leastListStepper(), greatestListStepper());
+    if (value != m_listStepper)
+        ListStepperChanged(value);
+}
+
 void DefaultsViewController::ListStepperChanged(double value)
 {
     m_listStepper = std::clamp(value, leastListStepper(), greatestListStepper());

@@ -118,6 +118,9 @@ public slots:
 
     /// @p value is brought into the stepper's range.
     void ListStepperChanged(double value);
+
+    /// Moves the stepper, if it is not at its end: a stored size beyond that stays as it is.
+    void stepBy(int steps);
     /// @}
 
 signals:

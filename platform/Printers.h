@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QMetaType>
 #include <QSizeF>
 #include <QString>
 
@@ -60,5 +59,3 @@ public:
 };
 
 } // namespace giggle
-
-Q_DECLARE_METATYPE(giggle::Printer)

@@ -31,9 +31,8 @@ public:
     ShareSheet& operator=(const ShareSheet&) = delete;
     virtual ~ShareSheet() = default;
 
-    /// Offers every activity that works on this device for @p items, of which there is at least one, and is
-    /// not
-    /// @p excluded. A sheet that is open already stays.
+    /// Offers every activity that works on this device for @p items, of which there is at least one,
+    /// unless @p excluded names it. A sheet that is open already stays.
     virtual void present(std::vector<SharedItem> items, const std::set<ShareActivity>& excluded) = 0;
 };
 

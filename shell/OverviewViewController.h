@@ -16,7 +16,7 @@ class OverviewViewController : public giggle::Screen {
 public:
     using Screen::Screen;
 
-    /// Another product's name, which users know the guide by.
+    /// The title that users know the guide by; it is not the application's name.
     [[nodiscard]] QString title() const override { return QStringLiteral("Parchment Trove Overview"); }
 
     /// A guide that cannot be read is written to the console; the document is then empty.

@@ -3,6 +3,7 @@
 
 #include "store/FolderSync.h"
 #include "store/StoreError.h"
+#include "store/StoreSchema.h"
 #include "store/sqlite/Database.h"
 
 #include <QFile>
@@ -34,13 +35,6 @@ void backUp(sqlite::Database& source, sqlite::Database& destination)
         throw destination.lastError(QStringLiteral("The collection could not be copied"));
 }
 
-void check(sqlite::Database& copy)
-{
-    sqlite::Statement statement(copy, "PRAGMA quick_check(1)");
-    if (!statement.step() || statement.text(0) != "ok")
-        throw StoreError(SQLITE_CORRUPT, QStringLiteral("The collection is damaged and was not copied"));
-}
-
 [[noreturn]] void throwSystemError(const QString& whatFailed)
 {
     throw StoreError(SQLITE_IOERR, QStringLiteral("%1: %2").arg(whatFailed, qt_error_string(errno)));
@@ -54,7 +48,7 @@ void copyCollection(const QString& collection, const QString& copy)
     QFile::remove(unfinished);
     const auto removeUnfinished = qScopeGuard([&] { QFile::remove(unfinished); });
     {
-        sqlite::Database source(collection, sqlite::Database::Mode::Shared);
+        sqlite::Database source(collection, sqlite::Database::Mode::Existing);
         sqlite::Database destination(unfinished, sqlite::Database::Mode::Exclusive);
         // What is half done at a crash is thrown away: only the end has to reach the disk.
         destination.execute("PRAGMA journal_mode = OFF");
@@ -62,7 +56,7 @@ void copyCollection(const QString& collection, const QString& copy)
         backUp(source, destination);
         // One file, whole by itself, that can be looked at without making others beside it.
         destination.execute("PRAGMA journal_mode = DELETE");
-        check(destination);
+        StoreSchema::checkContents(destination, collection);
     }
     if (std::rename(QFile::encodeName(unfinished).constData(), QFile::encodeName(copy).constData()) != 0)
         throwSystemError(QStringLiteral("The copy could not be put in place"));

@@ -7,7 +7,15 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#include <utility>
+
 namespace giggle {
+
+namespace {
+
+constexpr QLatin1StringView Unfinished{".part"};
+
+} // namespace
 
 DailyCopies::DailyCopies(const QString& collectionFile) : DailyCopies(collectionFile, Limits()) {}
 
@@ -42,22 +50,35 @@ bool DailyCopies::hasRoom() const
 
 void DailyCopies::removeOldest(const QString& newest) const
 {
-    const QFileInfo collection(m_collectionFile);
     const QDir folder(m_folder);
-    const QString pattern =
-        QStringLiteral("%1 *-*-*.%2").arg(collection.completeBaseName(), collection.suffix());
-    QFileInfoList copies = folder.entryInfoList({pattern}, QDir::Files, QDir::Name | QDir::Reversed);
-    // With a clock that was set back, copies of later days are there; the one just made stays all the same.
+    // By their times: with a clock that was ahead once, the names of later days would stay for ever.
+    QFileInfoList copies;
+    for (const QFileInfo& file : folder.entryInfoList(QDir::Files, QDir::Time)) {
+        if (isOfOurs(file.fileName()))
+            copies.append(file);
+        else if (const QString name = file.fileName();
+                 name.endsWith(Unfinished) && isOfOurs(name.chopped(Unfinished.size())))
+            QFile::remove(file.filePath()); // by a program that was killed
+    }
     const QFileInfo made(folder.filePath(newest));
     copies.removeOne(made);
     copies.prepend(made);
     int kept = 0;
     qint64 bytes = 0;
-    for (const QFileInfo& copy : copies) {
+    for (const QFileInfo& copy : std::as_const(copies)) {
         bytes += copy.size();
         if (++kept > m_limits.copies || (kept > 1 && bytes > m_limits.totalBytes))
             QFile::remove(copy.filePath());
     }
+}
+
+bool DailyCopies::isOfOurs(const QString& fileName) const
+{
+    const QFileInfo collection(m_collectionFile);
+    const QString start = collection.completeBaseName() + u' ';
+    const QString end = u'.' + collection.suffix();
+    return fileName.startsWith(start) && fileName.endsWith(end) &&
+           QDate::fromString(fileName.mid(start.size()).chopped(end.size()), Qt::ISODate).isValid();
 }
 
 } // namespace giggle

@@ -29,6 +29,8 @@ public:
 private:
     [[nodiscard]] bool hasRoom() const;
     void removeOldest(const QString& newest) const;
+    /// Whether a file of that name is the copy of a day, and not one that somebody has put there.
+    [[nodiscard]] bool isOfOurs(const QString& fileName) const;
 
     QString m_collectionFile;
     QString m_folder;

@@ -33,21 +33,11 @@ Dialog {
         follow();
     }
 
-    enter: Transition {
-        NumberAnimation {
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: Theme.animationTime
-        }
+    enter: Fade {
+        to: 1
     }
-    exit: Transition {
-        NumberAnimation {
-            property: "opacity"
-            from: 1
-            to: 0
-            duration: Theme.animationTime
-        }
+    exit: Fade {
+        from: 1
     }
     background: Rectangle {
         radius: Theme.radius

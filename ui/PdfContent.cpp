@@ -4,6 +4,7 @@
 #include <QPdfSelection>
 
 #include <algorithm>
+#include <cmath>
 
 namespace giggle {
 

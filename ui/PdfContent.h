@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QImage>
 #include <QObject>
 #include <QPdfDocument>
 #include <QPdfPageRenderer>

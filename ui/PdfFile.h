@@ -26,8 +26,8 @@ struct PdfOutcome {
 /// replaced when the new one is whole; on failure, or when @p mayGoOn returns false, it stays and nothing
 /// else is left.
 ///
-/// Calls @p mayGoOn in this thread before each page. May run in any thread; needs a QGuiApplication. Makes
-/// about a thousand pages a second, in memory that does not grow with the text.
+/// Calls @p mayGoOn in this thread before each page. May run in any thread; needs a QGuiApplication. The
+/// memory that it takes does not grow with the number of pages; docs/performance.md says how fast it is.
 [[nodiscard]] PdfOutcome makePdfFile(const AttributedText& text, QSizeF paper, const QString& title,
                                      const QString& path,
                                      const std::function<bool(PdfProgress)>& mayGoOn = {});

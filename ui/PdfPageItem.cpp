@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QQuickWindow>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 

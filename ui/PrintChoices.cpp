@@ -3,6 +3,8 @@
 
 #include "ui/PaperSizes.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>

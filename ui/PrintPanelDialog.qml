@@ -40,19 +40,6 @@ Dialog {
 
     Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
 
-    component Fade: Transition {
-        id: fade
-
-        property real from: 0
-        property real to: 0
-
-        NumberAnimation {
-            property: "opacity"
-            from: fade.from
-            to: fade.to
-            duration: Theme.animationTime
-        }
-    }
     enter: Fade {
         to: 1
     }

@@ -4,6 +4,8 @@
 #include <QElapsedTimer>
 #include <QPainter>
 
+#include <utility>
+
 namespace giggle {
 
 namespace {

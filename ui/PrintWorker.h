@@ -14,8 +14,8 @@
 
 namespace giggle {
 
-/// Breaks a text into pages and draws them, in a thread of its own with an event loop: its slots are called
-/// there, and only `stop` and `mayGoOn` anywhere. Counting pages never keeps another request waiting for
+/// Breaks a text into pages and draws them, in a thread of its own with an event loop: its functions are
+/// called there, and only `stop` and `goOn` anywhere. Counting pages never keeps another request waiting for
 /// long.
 ///
 /// What it reports carries the number of the text that it is about, as `open` was given it.

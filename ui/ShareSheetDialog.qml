@@ -31,23 +31,10 @@ Dialog {
 
     Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
 
-    component Slide: Transition {
-        id: slide
-
-        property real from: 0
-        property real to: 0
-
-        NumberAnimation {
-            property: "opacity"
-            from: slide.from
-            to: slide.to
-            duration: Theme.animationTime
-        }
-    }
-    enter: Slide {
+    enter: Fade {
         to: 1
     }
-    exit: Slide {
+    exit: Fade {
         from: 1
     }
     background: Rectangle {

@@ -9,6 +9,7 @@ FocusScope {
     id: control
 
     required property string name
+    // A screen reader finds these four by their names, and sets the value.
     property int value: 1
     property int from: 0
     property int to: 100

@@ -31,8 +31,9 @@ void logPrintFailure(const PrintOutcome& outcome);
 void printText(ScreenEnvironment& environment, AttributedText text,
                std::function<void(const PrintOutcome&)> finished = logPrintFailure);
 
-/// Opens a mail with what @p compose returns. A failure is logged. Where there is no mail program an alert
-/// says so instead, and nothing is composed.
+/// Opens a mail with what @p compose returns. A failure is logged and said in an alert; the environment's
+/// navigator outlives the mail program's answer. Where there is no mail program an alert says so instead, and
+/// nothing is composed.
 void sendMail(ScreenEnvironment& environment, const std::function<Mail()>& compose);
 
 /// The file at @p path to go with a mail under @p fileName, or nothing when it cannot be read.

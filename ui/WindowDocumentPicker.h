@@ -33,7 +33,7 @@ public:
     /// Whether a place for a file is wanted rather than a file.
     [[nodiscard]] bool isForSaving() const { return !m_suggestedName.isEmpty(); }
 
-    /// Where the dialog begins: in the folder of the last choice.
+    /// Where the dialog begins: in the folder of the last choice, at first in the user's documents.
     [[nodiscard]] const QUrl& folder() const { return m_folder; }
 
     [[nodiscard]] QUrl suggestedFile() const;

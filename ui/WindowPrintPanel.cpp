@@ -63,7 +63,7 @@ WindowPrintPanel::~WindowPrintPanel()
 void WindowPrintPanel::present(AttributedText text, const QString& jobName,
                                std::function<void(const PrintOutcome&)> finished)
 {
-    if (!begin(std::move(text), jobName, std::move(finished)))
+    if (!takeText(std::move(text), jobName, std::move(finished)))
         return;
     m_isForPdfOnly = false;
     show();
@@ -73,14 +73,14 @@ void WindowPrintPanel::present(AttributedText text, const QString& jobName,
 void WindowPrintPanel::makePdf(AttributedText text, const QString& jobName,
                                std::function<void(const PrintOutcome&)> finished)
 {
-    if (!begin(std::move(text), jobName, std::move(finished)))
+    if (!takeText(std::move(text), jobName, std::move(finished)))
         return;
     m_isForPdfOnly = true;
     saveAsPdf();
 }
 
-bool WindowPrintPanel::begin(AttributedText text, const QString& jobName,
-                             std::function<void(const PrintOutcome&)> finished)
+bool WindowPrintPanel::takeText(AttributedText text, const QString& jobName,
+                                std::function<void(const PrintOutcome&)> finished)
 {
     if (m_text)
         return false;
@@ -288,7 +288,7 @@ void WindowPrintPanel::print()
              .title = m_jobName,
              .copies = m_copies,
              .media = m_choices.paper().media};
-    begin(Work::PreparingPrint, m_job.file);
+    beginWork(Work::PreparingPrint, m_job.file);
 }
 
 void WindowPrintPanel::saveAsPdf()
@@ -300,7 +300,7 @@ void WindowPrintPanel::saveAsPdf()
         if (!self || !self->m_text)
             return;
         if (place.isLocalFile())
-            self->begin(Work::Saving, place.toLocalFile());
+            self->beginWork(Work::Saving, place.toLocalFile());
         else if (!place.isEmpty())
             self->fail(QStringLiteral("\"%1\" is no place on this device.").arg(place.toDisplayString()));
         else if (!self->m_isShown)
@@ -308,7 +308,7 @@ void WindowPrintPanel::saveAsPdf()
     });
 }
 
-void WindowPrintPanel::begin(Work work, const QString& path)
+void WindowPrintPanel::beginWork(Work work, const QString& path)
 {
     m_work = work;
     m_progress = {};

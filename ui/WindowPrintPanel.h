@@ -10,6 +10,7 @@
 #include <QThread>
 #include <QtQml/qqmlregistration.h>
 
+#include <functional>
 #include <memory>
 #include <stop_token>
 
@@ -139,8 +140,8 @@ private:
 
     static constexpr int MostCopies = 999;
 
-    [[nodiscard]] bool begin(AttributedText text, const QString& jobName,
-                             std::function<void(const PrintOutcome&)> finished);
+    [[nodiscard]] bool takeText(AttributedText text, const QString& jobName,
+                                std::function<void(const PrintOutcome&)> finished);
     void show();
     void close(bool isCompleted);
     void lookForPrinters();
@@ -151,7 +152,7 @@ private:
     void askWorker(Request request);
     template <class Question, class Take>
     void askPrinters(Question question, Take take);
-    void begin(Work work, const QString& path);
+    void beginWork(Work work, const QString& path);
     void fail(const QString& failure);
     void send();
     void sent(const QString& description, const QString& failure);

@@ -73,6 +73,7 @@ public:
 
 private:
     void readLists(const QString& folder);
+    void addDefaults(const KeyFile& list);
     void readList(const KeyFile& list);
     void readDesktopFiles(const QString& folder);
     void associate(const QStringList& ids);
@@ -123,20 +124,21 @@ QString Lookup::handler()
 void Lookup::readLists(const QString& folder)
 {
     // The lists of a desktop name its defaults and nothing else.
-    for (const QString& desktop : std::as_const(m_desktops)) {
-        const KeyFile list(folder + u'/' + desktop + QStringLiteral("-mimeapps.list"));
-        for (const QString& id : list.list("Default Applications", m_mimeType))
-            if (!m_removed.contains(id))
-                m_defaults.append(id);
-    }
+    for (const QString& desktop : std::as_const(m_desktops))
+        addDefaults(KeyFile(folder + u'/' + desktop + QStringLiteral("-mimeapps.list")));
     readList(KeyFile(folder + QStringLiteral("/mimeapps.list")));
 }
 
-void Lookup::readList(const KeyFile& list)
+void Lookup::addDefaults(const KeyFile& list)
 {
     for (const QString& id : list.list("Default Applications", m_mimeType))
         if (!m_removed.contains(id))
             m_defaults.append(id);
+}
+
+void Lookup::readList(const KeyFile& list)
+{
+    addDefaults(list);
     associate(list.list("Added Associations", m_mimeType));
     for (const QString& id : list.list("Removed Associations", m_mimeType))
         m_removed.insert(id);

@@ -6,8 +6,6 @@
 #include <QDBusConnection>
 #include <QDBusVariant>
 
-class QDBusPendingCallWatcher;
-
 namespace giggle {
 
 /// The colour scheme of the desktop's settings portal, followed live. Without a portal, until it answers, and

@@ -8,7 +8,6 @@
 
 #include <functional>
 
-class QDBusMessage;
 class QDBusPendingCallWatcher;
 
 namespace giggle {

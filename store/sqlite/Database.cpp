@@ -36,6 +36,20 @@ QString adviceFor(int extendedCode, const QString& path)
     }
 }
 
+int openFlags(Database::Mode mode)
+{
+    switch (mode) {
+    case Database::Mode::Immutable:
+        return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+    case Database::Mode::Existing:
+        return SQLITE_OPEN_READWRITE;
+    case Database::Mode::Shared:
+    case Database::Mode::Exclusive:
+        break;
+    }
+    return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+}
+
 } // namespace
 
 void Database::Closer::operator()(sqlite3* handle) const
@@ -46,8 +60,7 @@ void Database::Closer::operator()(sqlite3* handle) const
 Database::Database(const QString& path, Mode mode) : m_path(path)
 {
     sqlite3* handle = nullptr;
-    const int flags = mode == Mode::Immutable ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI
-                                              : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int flags = openFlags(mode);
     const QByteArray name = mode == Mode::Immutable ? immutableUri(path) : path.toUtf8();
     const int result = sqlite3_open_v2(name.constData(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     m_handle.reset(handle);

@@ -21,6 +21,7 @@ class Database {
 public:
     enum class Mode {
         Shared,    ///< normal locking: other programs may read meanwhile
+        Existing,  ///< the same, but a file that is missing is not made
         Exclusive, ///< nobody else may read, and no shared-memory file is needed
         Immutable, ///< read only, for a file that nobody can write; an unfinished write-ahead log is not read
     };

@@ -137,6 +137,12 @@ void InterfaceFixture::press(QAccessible::Role role, const QString& name)
     actions->doAction(QAccessibleActionInterface::pressAction());
 }
 
+void InterfaceFixture::pressIfThere(QAccessible::Role role, const QString& name)
+{
+    if (QAccessibleInterface* item = find(role, name))
+        item->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+}
+
 void InterfaceFixture::type(const QString& text)
 {
     for (const QChar character : text)

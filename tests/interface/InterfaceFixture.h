@@ -63,6 +63,9 @@ protected:
     bool waitUntil(const std::function<bool()>& condition);
 
     void press(QAccessible::Role role, const QString& name);
+
+    /// The same for something that may be gone already.
+    void pressIfThere(QAccessible::Role role, const QString& name);
     void type(const QString& text);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

@@ -75,7 +75,7 @@ TEST_F(JokeEditorPages, AJokeIsAddedFoundEditedAndThereAfterARestart)
     focus(QAccessible::EditableText, u"Rating"_qs);
     type(u"Own"_qs);
     press(QAccessible::Button, u"Save"_qs);
-    press(QAccessible::Button, u"Save"_qs); // while the page slides out: no second joke
+    pressIfThere(QAccessible::Button, u"Save"_qs); // while the page slides out: no second joke
     EXPECT_EQ(context().count(Jokes::fetchRequest()), 2U);
     openJoke(u"Its new\n!, Category: Puns, Rating: Own"_qs);
 

@@ -59,7 +59,7 @@ protected:
         openEditor(QAccessible::Button, u"Add"_qs, field);
         type(u"Ape"_qs);
         press(QAccessible::Button, u"Save"_qs);
-        press(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
+        pressIfThere(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
         waitForRows(before + QStringList{u"Ape"_qs, name});
         waitForRest();
 

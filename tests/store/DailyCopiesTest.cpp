@@ -64,9 +64,12 @@ TEST_F(DailyCopiesTest, TheOldestGoEvenWhenTheClockWasSetBack)
 {
     for (const int number : {20, 21, 22, 23, 5})
         make(day(number));
+    writeBytes(copyPath(u"Giggle_Archives my-own-one.sqlite"_s), "of the user");
+    writeBytes(copyPath(u"Giggle_Archives 2026-11-20.sqlite.part"_s), "left by a killed program");
+    make(day(6));
     EXPECT_EQ(files(),
-              (QStringList{u"Giggle_Archives 2026-11-05.sqlite"_s, u"Giggle_Archives 2026-11-22.sqlite"_s,
-                           u"Giggle_Archives 2026-11-23.sqlite"_s}));
+              (QStringList{u"Giggle_Archives 2026-11-05.sqlite"_s, u"Giggle_Archives 2026-11-06.sqlite"_s,
+                           u"Giggle_Archives 2026-11-23.sqlite"_s, u"Giggle_Archives my-own-one.sqlite"_s}));
 }
 
 TEST_F(DailyCopiesTest, LimitsOfSizeHold)
@@ -97,7 +100,7 @@ TEST_F(DailyCopiesTest, AFailureLeavesOlderCopiesAndNothingHalfMade)
     EXPECT_EQ(storedRows(copyPath(files().front())), rows);
 }
 
-TEST_F(DailyCopiesTest, ADamagedCollectionTakesNoCopysPlace)
+TEST_F(DailyCopiesTest, ADamagedOrLostCollectionTakesNoCopysPlace)
 {
     for (std::int16_t id = 2; id < 300; ++id)
         insertJoke(context(), {.category = "Puns", .id = id, .joke = "A joke that fills a page"});
@@ -107,6 +110,11 @@ TEST_F(DailyCopiesTest, ADamagedCollectionTakesNoCopysPlace)
     QByteArray bytes = readBytes(m_folder.file());
     bytes.replace(bytes.size() - 4096, 64, QByteArray(64, '\xff'));
     writeBytes(m_folder.file(), bytes);
+    EXPECT_THROW(make(day(1)), StoreError);
+    ASSERT_TRUE(QFile::remove(m_folder.file()));
+    EXPECT_THROW(make(day(1)), StoreError);
+    EXPECT_FALSE(QFile::exists(m_folder.file()));
+    writeBytes(m_folder.file(), {});
     EXPECT_THROW(make(day(1)), StoreError);
     EXPECT_EQ(storedRows(copyPath(files().front())).size(), 299U);
 }
