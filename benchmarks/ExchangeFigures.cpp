@@ -167,11 +167,11 @@ std::vector<Figure> exchangeFigures()
     return {
         {"print document, compose and show", "append loop", {.largestValue = 0.1}, documentSides},
         {"exchange file, write", "memcpy", {.largestRatio = 10}, writerSides},
-        {"exchange file, read", "raw commit for each line", {.largestRatio = 1.2}, readerSides, 7},
+        {"exchange file, read", "raw commit for each line", {.largestRatio = 1.0}, readerSides, 7},
         {"export, tap to enabled buttons", "raw ORDER BY", {.largestValue = 0.15}, exportSides, 5},
         {"import, loading and tap to alert",
          "raw commit for each line",
-         {.largestRatio = 1.2},
+         {.largestRatio = 1.0},
          importSides,
          5},
         {"export, peak memory",

@@ -188,17 +188,15 @@ BulkSaving::~BulkSaving()
 
 void BulkSaving::save()
 {
-    constexpr int MostSkipped = 1024;
-    if (m_savesToSkip > 0) {
-        --m_savesToSkip;
+    constexpr int MostJoined = 1024;
+    if (++m_savesWaiting < m_savesJoined)
         return;
-    }
+    m_savesWaiting = 0;
     try {
         m_context.save();
-        m_skippedLast = 0;
+        m_savesJoined = UsuallyJoined;
     } catch (const StoreError&) {
-        m_skippedLast = std::clamp(2 * m_skippedLast, 1, MostSkipped);
-        m_savesToSkip = m_skippedLast;
+        m_savesJoined = std::min(2 * m_savesJoined, MostJoined);
         throw;
     }
 }

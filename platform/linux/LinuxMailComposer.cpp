@@ -24,6 +24,10 @@ constexpr int LongestPortalSubject = 200;
 // The tool may stay until the mail program is closed; its own errors come sooner.
 constexpr auto ToolPatience = 5s;
 
+/// Programs that lose what is attached through a portal, without a word: it hands files on as "attachment",
+/// these know "attach", which is what the tool writes.
+const QStringList LosersOfPortalFiles{QStringLiteral("claws-mail.desktop")};
+
 /// Empty when one of the files cannot be opened.
 QList<QDBusUnixFileDescriptor> openedFiles(const QStringList& paths)
 {
@@ -70,7 +74,12 @@ LinuxMailComposer::LinuxMailComposer(AddressOpener& addressOpener, const QString
 
 bool LinuxMailComposer::canSendMail() const
 {
-    return !m_associations.handlerOfScheme(QStringLiteral("mailto")).isEmpty();
+    return !mailProgram().isEmpty();
+}
+
+QString LinuxMailComposer::mailProgram() const
+{
+    return m_associations.handlerOfScheme(QStringLiteral("mailto"));
 }
 
 void LinuxMailComposer::present(const Mail& mail, std::function<void(const QString& failure)> finished)
@@ -111,7 +120,8 @@ void LinuxMailComposer::tryPortal(const HandoverPointer& handover)
     bool isPossible = m_bus.isConnected() && handover->recipients.size() <= 1;
     if (!handover->files.isEmpty()) {
         const QList<QDBusUnixFileDescriptor> files = openedFiles(handover->files);
-        isPossible = isPossible && PortalRequest::takesFiles(m_bus) && !files.isEmpty();
+        isPossible = isPossible && PortalRequest::takesFiles(m_bus) && !files.isEmpty() &&
+                     !LosersOfPortalFiles.contains(mailProgram());
         options.insert(QStringLiteral("attachment_fds"), QVariant::fromValue(files));
     }
     if (!isPossible) {

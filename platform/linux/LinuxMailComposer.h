@@ -32,6 +32,8 @@ private:
     struct Handover;
     using HandoverPointer = std::shared_ptr<Handover>;
 
+    /// The desktop file of the preferred one; empty when there is none.
+    [[nodiscard]] QString mailProgram() const;
     [[nodiscard]] HandoverPointer prepared(const Mail& mail) const;
     void attach(Handover& handover, const MailAttachment& attachment) const;
 

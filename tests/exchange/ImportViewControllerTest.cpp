@@ -135,22 +135,22 @@ class ImportOnFaultyDiskTest : protected FaultyDisk, public ImportViewController
 TEST_F(ImportOnFaultyDiskTest, ADiskThatFillsKeepsWholeLinesAndTheRestComesWithALaterSave)
 {
     std::string text = Marker;
-    for (int i = 1; i <= 50; ++i)
+    for (int i = 1; i <= 200; ++i)
         text += "^^" + std::to_string(i) + "^F^joke " + std::to_string(i) + "\n";
     writeBytes(file, QByteArray::fromStdString(text));
     (void)rows();
-    disk.failAt(40, FaultyVfs::Failing::FromThenOn);
+    disk.failAt(6, FaultyVfs::Failing::FromThenOn);
     testing::internal::CaptureStderr();
     EXPECT_THAT(import(file), ElementsAre(Loaded, Completed));
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("disk"));
     EXPECT_TRUE(disk.hasFailed());
-    EXPECT_EQ(rows().size(), 50U);
+    EXPECT_EQ(rows().size(), 200U);
 
     CollectionFolder crashed;
     folder.copyAsAfterACrash(crashed);
     disk.disarm();
     const auto kept = storedRows(crashed.file());
-    EXPECT_LT(kept.size(), 50U);
+    EXPECT_LT(kept.size(), 200U);
     EXPECT_TRUE(std::equal(kept.begin(), kept.end(), rows().begin()));
 
     context().save();

@@ -198,6 +198,17 @@ TEST_F(HandoverTest, WithoutAPortalTheToolIsAsked)
     EXPECT_TRUE(m_desktop.opened.isEmpty());
 }
 
+TEST_F(HandoverTest, AProgramThatLosesThePortalsFilesGetsThemFromTheTool)
+{
+    const FakeRequestPortal portal(m_bus.connect());
+    installTool(0);
+    QDir applications(m_folder.filePath(QStringLiteral("data/applications")));
+    ASSERT_TRUE(applications.rename(QStringLiteral("program.desktop"), QStringLiteral("claws-mail.desktop")));
+    EXPECT_EQ(compose(exampleMail()), QString());
+    EXPECT_TRUE(toolArguments().contains(QStringLiteral("--attach")));
+    EXPECT_TRUE(portal.method.isEmpty());
+}
+
 TEST_F(HandoverTest, WithoutAToolTheUserLearnsThatTheFileStayed)
 {
     installTool(3); // it is there, and cannot either
