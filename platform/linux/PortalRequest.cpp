@@ -87,18 +87,21 @@ void PortalRequest::listen(const QString& handle)
                   QStringLiteral("Response"), this, SLOT(responded(uint, QVariantMap)));
 }
 
-void PortalRequest::responded(uint response, const QVariantMap&)
+void PortalRequest::responded(uint response, const QVariantMap& results)
 {
     constexpr uint done = 0;
     constexpr uint cancelled = 1;
-    finish(response == done ? Outcome::Done : response == cancelled ? Outcome::Cancelled : Outcome::Failed);
+    if (response == done)
+        finish(Outcome::Done, results);
+    else
+        finish(response == cancelled ? Outcome::Cancelled : Outcome::Failed);
 }
 
-void PortalRequest::finish(Outcome outcome)
+void PortalRequest::finish(Outcome outcome, const QVariantMap& results)
 {
     if (const Answer answer = std::exchange(m_answer, {})) {
         deleteLater();
-        answer(outcome);
+        answer(outcome, results);
     }
 }
 

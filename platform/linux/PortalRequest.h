@@ -24,7 +24,8 @@ public:
         Failed,    ///< There is no such portal, it could not, or it went away meanwhile.
     };
 
-    using Answer = std::function<void(Outcome outcome)>;
+    /// @p results is what the request's own documentation says; empty unless it is done.
+    using Answer = std::function<void(Outcome outcome, const QVariantMap& results)>;
 
     struct Call {
         QString interface; ///< the last part of its name
@@ -48,7 +49,7 @@ private:
     void start(const Call& call);
     void called(QDBusPendingCallWatcher* watcher);
     void listen(const QString& handle);
-    void finish(Outcome outcome);
+    void finish(Outcome outcome, const QVariantMap& results = {});
 
     QDBusConnection m_bus;
     Answer m_answer;
