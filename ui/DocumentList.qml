@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What lies in the folder that `picker` looks into: folders first, then files. Arrows, Home, End and the Page keys
 // move the current row, Enter takes it, Backspace leads to the parent folder.
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
 import Qt.labs.folderlistmodel
@@ -64,8 +66,7 @@ Rectangle {
         }
 
         function begin() {
-            const row = cameFrom.toString().length > 0 ? entries.indexOf(cameFrom) : 0;
-            currentIndex = count > 0 ? Math.max(0, row) : -1;
+            currentIndex = count > 0 ? Math.max(0, entries.indexOf(cameFrom)) : -1;
             positionViewAtBeginning();
             positionViewAtIndex(currentIndex, ListView.Contain);
         }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A row of a DocumentList: a folder, or a file with its size.
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import GiggleArchives
 
@@ -14,6 +16,8 @@ Rectangle {
     property bool isMarked: false
 
     readonly property ListView list: ListView.view as ListView
+    /// The size then stands below the name.
+    readonly property bool isNarrow: width < 16 * Theme.bodySize
     readonly property color ink: isMarked ? Theme.brightInk : Theme.text
     readonly property string sizeText: fileIsDir ? "" : Qt.locale().formattedDataSize(fileSize, 1, Locale.DataSizeSIFormat)
     /// Rows that have left the view wait in a pool for their next use, and are not to be found meanwhile.
@@ -21,8 +25,15 @@ Rectangle {
 
     signal pressed
 
+    component SizeText: Text {
+        text: row.sizeText
+        textFormat: Text.PlainText
+        color: row.isMarked ? Theme.brightInk : Theme.mutedText
+        font.pixelSize: Theme.smallSize
+    }
+
     width: list ? list.width : 0
-    height: Math.max(Theme.touchTarget, nameText.implicitHeight + Theme.unit)
+    height: Math.max(Theme.touchTarget, texts.implicitHeight + Theme.unit)
     radius: Theme.fieldRadius
     color: isMarked ? Theme.teal : touch.pressed ? Theme.background : Theme.surface
     visible: !pooled
@@ -46,32 +57,36 @@ Rectangle {
         sourceSize.width: Theme.iconSize
         sourceSize.height: Theme.iconSize
     }
-    Text {
-        id: nameText
+    Column {
+        id: texts
 
         anchors.left: icon.right
-        anchors.right: size.left
+        anchors.right: size.visible ? size.left : parent.right
         anchors.leftMargin: Theme.unit
         anchors.rightMargin: Theme.unit
         anchors.verticalCenter: parent.verticalCenter
-        text: row.fileName
-        textFormat: Text.PlainText
-        color: row.ink
-        font.pixelSize: Theme.bodySize
-        wrapMode: Text.WrapAtWordBoundaryOrAnywhere
-        maximumLineCount: 2
-        elide: Text.ElideRight
+
+        Text {
+            width: parent.width
+            text: row.fileName
+            textFormat: Text.PlainText
+            color: row.ink
+            font.pixelSize: Theme.bodySize
+            wrapMode: Text.WrapAtWordBoundaryOrAnywhere
+            maximumLineCount: 2
+            elide: Text.ElideRight
+        }
+        SizeText {
+            visible: row.isNarrow && !row.fileIsDir
+        }
     }
-    Text {
+    SizeText {
         id: size
 
         anchors.right: parent.right
         anchors.rightMargin: Theme.unit
         anchors.verticalCenter: parent.verticalCenter
-        text: row.sizeText
-        textFormat: Text.PlainText
-        color: row.isMarked ? Theme.brightInk : Theme.mutedText
-        font.pixelSize: Theme.smallSize
+        visible: !row.isNarrow && !row.fileIsDir
     }
     FocusRing {
         anchors.margins: 0
