@@ -194,6 +194,8 @@ ApplicationWindow {
         onClosed: window.focusPage()
     }
     SheetLoader {
+        id: printSheet
+
         isWanted: window.printPanel.isShown
         page: "PrintPanelDialog.qml"
         values: ({
@@ -210,6 +212,12 @@ ApplicationWindow {
         onClosed: window.focusPage()
         onStatusChanged: if (status === Loader.Error)
             window.documentPicker.cancel()
+    }
+    Binding {
+        target: printSheet.item as PrintPanelDialog
+        property: "isCovered"
+        value: window.documentPicker.isShown
+        when: printSheet.item !== null
     }
     // The desktop's own file dialog leaves nothing that would tell when it closes.
     Connections {
