@@ -29,8 +29,12 @@ public:
     /// Whether there is one, as far as is known now: nothing waits for the desktop.
     [[nodiscard]] virtual bool isOffered() const = 0;
 
-    /// Calls @p answer once, later. The dialog has asked before it names an existing file for saving.
+    /// Calls @p answer once, later, unless the dialog is closed first. One at a time. The dialog has asked
+    /// before it names an existing file for saving.
     virtual void open(const Request& request, Answer answer) = 0;
+
+    /// Puts the dialog away; nobody waits for its answer any more.
+    virtual void close() = 0;
 };
 
 } // namespace giggle

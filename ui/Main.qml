@@ -219,14 +219,6 @@ ApplicationWindow {
         value: window.documentPicker.isShown
         when: printSheet.item !== null
     }
-    // The desktop's own file dialog leaves nothing that would tell when it closes.
-    Connections {
-        target: window.documentPicker
-
-        function onOpenChanged() {
-            window.focusPage();
-        }
-    }
 
     DocumentDropArea {
         anchors.fill: parent

@@ -61,13 +61,19 @@ void WindowDocumentPicker::pickPlace(const QString& suggestedName, Answer answer
 
 void WindowDocumentPicker::open(const QString& suggestedName, Answer answer)
 {
-    if (m_answer)
+    if (isOpen())
         return;
+    // The desktop's dialog was not to be found, or never came.
+    const bool isLost = m_isWithSystem;
+    if (isLost) {
+        m_systemDialog->close();
+        finish({});
+    }
     m_answer = std::move(answer);
     m_suggestedName = suggestedName;
     enter(DocumentChoice::toEnter(m_folder).problem.isEmpty() ? m_folder : firstFolder());
     offerName();
-    if (m_systemDialog && m_systemDialog->isOffered())
+    if (m_systemDialog && m_systemDialog->isOffered() && !isLost)
         askSystem();
     else
         setShown(true);
@@ -75,6 +81,7 @@ void WindowDocumentPicker::open(const QString& suggestedName, Answer answer)
 
 void WindowDocumentPicker::askSystem()
 {
+    m_isWithSystem = true;
     emit openChanged();
     m_systemDialog->open({title(), folder(), m_fileName},
                          [self = QPointer(this)](const std::optional<QUrl>& chosen) {
@@ -88,6 +95,7 @@ void WindowDocumentPicker::askSystem()
 void WindowDocumentPicker::setShown(bool isShown)
 {
     m_isShown = isShown;
+    m_isWithSystem = false;
     emit openChanged();
 }
 
@@ -233,8 +241,7 @@ void WindowDocumentPicker::finish(const QUrl& chosen)
     const Answer answer = std::exchange(m_answer, {});
     if (chosen.isLocalFile())
         m_folder = QFileInfo(chosen.toLocalFile()).path();
-    m_isShown = false;
-    emit openChanged();
+    setShown(false);
     answer(chosen);
 }
 

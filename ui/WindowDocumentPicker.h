@@ -43,8 +43,9 @@ public:
     void pickDocument(Answer answer) override;
     void pickPlace(const QString& suggestedName, Answer answer) override;
 
-    /// Whether somebody waits for a choice: in one of the dialogs, or in the question before replacing.
-    [[nodiscard]] bool isOpen() const { return m_answer != nullptr; }
+    /// Whether the window's own dialog, or its question before replacing, waits for the user. The desktop's
+    /// dialog leaves the window usable: who asks for a file once more gets the window's dialog instead.
+    [[nodiscard]] bool isOpen() const { return m_answer && !m_isWithSystem; }
 
     /// Whether the window's own dialog is wanted.
     [[nodiscard]] bool isShown() const { return m_isShown; }
@@ -121,6 +122,7 @@ private:
     SystemFileDialog* m_systemDialog = nullptr;
     Answer m_answer;
     bool m_isShown = false;
+    bool m_isWithSystem = false;
     QString m_suggestedName;
     QString m_folder;
     QString m_fileName;

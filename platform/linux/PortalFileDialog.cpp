@@ -73,7 +73,7 @@ void PortalFileDialog::askForVersion()
 
 void PortalFileDialog::open(const Request& request, Answer answer)
 {
-    PortalRequest::send(
+    m_request = PortalRequest::send(
         m_bus, callFor(request), this,
         [answer = std::move(answer)](PortalRequest::Outcome outcome, const QVariantMap& results) {
             if (outcome == PortalRequest::Outcome::Done)
@@ -83,6 +83,12 @@ void PortalFileDialog::open(const Request& request, Answer answer)
             else
                 answer(std::nullopt);
         });
+}
+
+void PortalFileDialog::close()
+{
+    if (m_request)
+        m_request->close();
 }
 
 } // namespace giggle

@@ -30,7 +30,8 @@ QString parentWindow()
 
 } // namespace
 
-void PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer)
+PortalRequest* PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* parent,
+                                   Answer answer)
 {
     auto* const request = new PortalRequest(bus, parent, std::move(answer));
     if (bus.isConnected())
@@ -38,6 +39,7 @@ void PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* 
     else
         QMetaObject::invokeMethod(
             request, [request] { request->finish(Outcome::Failed); }, Qt::QueuedConnection);
+    return request;
 }
 
 bool PortalRequest::takesFiles(const QDBusConnection& bus)
@@ -85,6 +87,15 @@ void PortalRequest::listen(const QString& handle)
     // The path is the portal's and nobody else knows it: the sender need not be looked up, which would wait.
     m_bus.connect(QString(), handle, QStringLiteral("org.freedesktop.portal.Request"),
                   QStringLiteral("Response"), this, SLOT(responded(uint, QVariantMap)));
+}
+
+void PortalRequest::close()
+{
+    if (!std::exchange(m_answer, {}))
+        return;
+    m_bus.send(QDBusMessage::createMethodCall(
+        Service, m_handle, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close")));
+    deleteLater();
 }
 
 void PortalRequest::responded(uint response, const QVariantMap& results)

@@ -34,8 +34,12 @@ public:
         QVariantMap options;
     };
 
-    /// Calls @p answer once, later; never when @p parent is gone by then.
-    static void send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer);
+    /// Calls @p answer once, later; never when @p parent is gone by then. The request returned is there until
+    /// it is answered or closed.
+    static PortalRequest* send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer);
+
+    /// Gives the request up: has the portal put its dialog away, and calls nobody.
+    void close();
 
     /// Whether file descriptors can be among the arguments.
     [[nodiscard]] static bool takesFiles(const QDBusConnection& bus);

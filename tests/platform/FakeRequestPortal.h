@@ -24,7 +24,8 @@ public:
     explicit FakeRequestPortal(QDBusConnection bus, QStringList versions = {})
         : interfaces(std::move(versions)), m_bus(std::move(bus))
     {
-        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this);
+        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                                    QDBusConnection::SubPath);
         m_bus.registerService(service());
     }
 
@@ -34,6 +35,10 @@ public:
     {
         if (message.interface() == QLatin1StringView("org.freedesktop.DBus.Properties"))
             return tellVersion(message);
+        if (message.member() == QLatin1StringView("Close")) {
+            method = message.member();
+            return true;
+        }
         interface = message.interface();
         method = message.member();
         options = qdbus_cast<QVariantMap>(message.arguments().last());

@@ -83,6 +83,10 @@ TEST_F(PortalFileDialogTest, TellsACancelFromAFailure)
     EXPECT_EQ(open(dialog, request), std::nullopt);
     portal.results = {{u"uris"_qs, QStringList{u"sftp://host/a.csv"_qs}}};
     EXPECT_EQ(open(dialog, request), std::nullopt);
+    portal.response.reset();
+    dialog.open(request, [](const std::optional<QUrl>&) { ADD_FAILURE() << "it was closed"; });
+    dialog.close();
+    EXPECT_TRUE(spinUntil([&] { return portal.method == u"Close"_qs; }));
     portal.leave();
     EXPECT_EQ(open(dialog, request), std::nullopt);
 }
