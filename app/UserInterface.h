@@ -40,6 +40,9 @@ public:
 
     [[nodiscard]] NavigationController& navigation() { return m_navigation; }
 
+    /// The window's own; where the platform brings another one, nobody asks it.
+    [[nodiscard]] WindowDocumentPicker& documentPicker() { return m_documentPicker; }
+
     /// What the screens find of the system.
     [[nodiscard]] const Platform& platform() const { return m_platform; }
 

@@ -13,6 +13,7 @@
 #include "platform/linux/LinuxMessageCapability.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "platform/linux/OutgoingFiles.h"
+#include "platform/linux/PortalFileDialog.h"
 #include "platform/linux/PortalInterfaceStyle.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/StoragePlaces.h"
@@ -120,6 +121,7 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     LinuxMessageCapability messageCapability;
     LinuxFileOpener fileOpener(addressOpener);
     CupsPrinters printers;
+    PortalFileDialog fileDialog;
     Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
                       addressOpener,  mailComposer, messageCapability, fileOpener};
     platform.printers = &printers;
@@ -128,6 +130,7 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     // What other programs were handed stays for them.
     const auto removeIfUnused = qScopeGuard([&] { QDir().rmdir(platform.temporaryFolder); });
     UserInterface interface(appDelegate, userDefaults, platform);
+    interface.documentPicker().setSystemDialog(&fileDialog);
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));

@@ -38,7 +38,6 @@ set(GIGGLE_RUNTIME_PACKAGES
     qml6-module-qtqml-workerscript
     qml6-module-qtquick
     qml6-module-qtquick-controls
-    qml6-module-qtquick-dialogs
     qml6-module-qtquick-layouts
     qml6-module-qtquick-shapes
     qml6-module-qtquick-templates

@@ -9,7 +9,7 @@
 namespace giggle {
 
 /// Lets the user choose a file, or a place for one. Lives in the main thread; one dialog at a time: a second
-/// request while one is open is dropped.
+/// request is dropped while the window's own dialog is open, and puts another one away.
 class DocumentPicker {
 public:
     DocumentPicker() = default;

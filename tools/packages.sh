@@ -17,9 +17,9 @@ build=(
     qt6-svg-dev
 )
 
-# The Debian package depends on the same ones: see packaging/Package.cmake. Some are loaded by other modules alone:
-# without qtqml-workerscript no control loads, and without qt-labs-folderlistmodel the file dialog crashes. Where
-# fonts-liberation2 is the only font, its typewriter face is taken for everything.
+# The Debian package depends on the same ones: see packaging/Package.cmake. qtqml-workerscript is loaded by another
+# module alone: without it no control loads. Where fonts-liberation2 is the only font, its typewriter face is taken
+# for everything.
 application=(
     fonts-dejavu-core
     fonts-liberation2
@@ -28,7 +28,6 @@ application=(
     qml6-module-qtqml-workerscript
     qml6-module-qtquick
     qml6-module-qtquick-controls
-    qml6-module-qtquick-dialogs
     qml6-module-qtquick-layouts
     qml6-module-qtquick-shapes
     qml6-module-qtquick-templates

@@ -78,6 +78,11 @@ FocusScope {
         }
     }
 
+    /// Selects the characters between two positions.
+    function select(from: int, to: int) {
+        input.select(from, to);
+    }
+
     /// Where nobody is typing, a long text shows its beginning.
     function showBeginning() {
         if (!input.activeFocus || readOnly)

@@ -35,11 +35,8 @@ ApplicationWindow {
         buttonText: Theme.text
         mid: Theme.mutedText
         dark: Theme.text
-        // Of these the file dialog makes its bars and its chosen row.
-        light: Theme.surface
-        midlight: Theme.background
-        highlight: Theme.dark ? "#27478f" : "#b9cbf5"
-        highlightedText: Theme.text
+        highlight: Theme.tint
+        highlightedText: Theme.tintInk
         placeholderText: Theme.mutedText
         toolTipBase: Theme.surface
         toolTipText: Theme.text
@@ -197,6 +194,8 @@ ApplicationWindow {
         onClosed: window.focusPage()
     }
     SheetLoader {
+        id: printSheet
+
         isWanted: window.printPanel.isShown
         page: "PrintPanelDialog.qml"
         values: ({
@@ -204,22 +203,21 @@ ApplicationWindow {
             })
         onClosed: window.focusPage()
     }
-    Loader {
-        readonly property bool isWanted: window.documentPicker.isOpen
-
+    SheetLoader {
+        isWanted: window.documentPicker.isShown
+        page: "DocumentDialog.qml"
+        values: ({
+                picker: window.documentPicker
+            })
+        onClosed: window.focusPage()
         onStatusChanged: if (status === Loader.Error)
-            window.documentPicker.close()
-        onIsWantedChanged: {
-            if (isWanted) {
-                setSource("DocumentDialog.qml", {
-                    picker: window.documentPicker,
-                    parentWindow: window
-                });
-            } else {
-                source = "";
-                window.focusPage();
-            }
-        }
+            window.documentPicker.cancel()
+    }
+    Binding {
+        target: printSheet.item as PrintPanelDialog
+        property: "isCovered"
+        value: window.documentPicker.isShown
+        when: printSheet.item !== null
     }
 
     DocumentDropArea {

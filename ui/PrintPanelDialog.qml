@@ -14,6 +14,8 @@ Dialog {
     required property WindowPrintPanel panel
     readonly property bool isWanted: panel.isShown
     readonly property bool isWorking: panel.isWorking
+    /// Another dialog of the same size lies over this one, whose controls then must not be found.
+    property bool isCovered: false
     /// The pages then stand beside the fields.
     readonly property bool isWide: width > 560
     readonly property bool canPrint: panel.canPrint && !panel.isForPdfOnly
@@ -56,6 +58,7 @@ Dialog {
     FocusScope {
         width: dialog.availableWidth
         height: dialog.availableHeight
+        visible: !dialog.isCovered
         focus: true
         Keys.onEscapePressed: dialog.panel.cancel()
         Keys.onBackPressed: dialog.panel.cancel()

@@ -43,12 +43,13 @@ void LinuxFileOpener::open(const QString& path, std::function<void(const QString
                                    QStringLiteral("OpenFile"),
                                    {QVariant::fromValue(QDBusUnixFileDescriptor(file.handle()))},
                                    {{QStringLiteral("ask"), true}}};
-    PortalRequest::send(m_bus, call, this, [this, path, finished](PortalRequest::Outcome outcome) {
-        if (outcome == PortalRequest::Outcome::Failed)
-            openByAddress(path, finished);
-        else
-            finished({});
-    });
+    PortalRequest::send(m_bus, call, this,
+                        [this, path, finished](PortalRequest::Outcome outcome, const QVariantMap&) {
+                            if (outcome == PortalRequest::Outcome::Failed)
+                                openByAddress(path, finished);
+                            else
+                                finished({});
+                        });
 }
 
 void LinuxFileOpener::openByAddress(const QString& path, Finished finished)

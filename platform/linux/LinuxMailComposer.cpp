@@ -129,7 +129,7 @@ void LinuxMailComposer::tryPortal(const HandoverPointer& handover)
         return;
     }
     PortalRequest::send(m_bus, {QStringLiteral("Email"), QStringLiteral("ComposeEmail"), {}, options}, this,
-                        [this, handover](PortalRequest::Outcome outcome) {
+                        [this, handover](PortalRequest::Outcome outcome, const QVariantMap&) {
                             if (outcome == PortalRequest::Outcome::Failed)
                                 tryTool(handover);
                             else

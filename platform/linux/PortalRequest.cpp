@@ -30,7 +30,8 @@ QString parentWindow()
 
 } // namespace
 
-void PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer)
+PortalRequest* PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* parent,
+                                   Answer answer)
 {
     auto* const request = new PortalRequest(bus, parent, std::move(answer));
     if (bus.isConnected())
@@ -38,6 +39,7 @@ void PortalRequest::send(const QDBusConnection& bus, const Call& call, QObject* 
     else
         QMetaObject::invokeMethod(
             request, [request] { request->finish(Outcome::Failed); }, Qt::QueuedConnection);
+    return request;
 }
 
 bool PortalRequest::takesFiles(const QDBusConnection& bus)
@@ -87,18 +89,30 @@ void PortalRequest::listen(const QString& handle)
                   QStringLiteral("Response"), this, SLOT(responded(uint, QVariantMap)));
 }
 
-void PortalRequest::responded(uint response, const QVariantMap&)
+void PortalRequest::close()
+{
+    if (!std::exchange(m_answer, {}))
+        return;
+    m_bus.send(QDBusMessage::createMethodCall(
+        Service, m_handle, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close")));
+    deleteLater();
+}
+
+void PortalRequest::responded(uint response, const QVariantMap& results)
 {
     constexpr uint done = 0;
     constexpr uint cancelled = 1;
-    finish(response == done ? Outcome::Done : response == cancelled ? Outcome::Cancelled : Outcome::Failed);
+    if (response == done)
+        finish(Outcome::Done, results);
+    else
+        finish(response == cancelled ? Outcome::Cancelled : Outcome::Failed);
 }
 
-void PortalRequest::finish(Outcome outcome)
+void PortalRequest::finish(Outcome outcome, const QVariantMap& results)
 {
     if (const Answer answer = std::exchange(m_answer, {})) {
         deleteLater();
-        answer(outcome);
+        answer(outcome, results);
     }
 }
 

@@ -24,7 +24,8 @@ public:
         Failed,    ///< There is no such portal, it could not, or it went away meanwhile.
     };
 
-    using Answer = std::function<void(Outcome outcome)>;
+    /// @p results is what the request's own documentation says; empty unless it is done.
+    using Answer = std::function<void(Outcome outcome, const QVariantMap& results)>;
 
     struct Call {
         QString interface; ///< the last part of its name
@@ -33,8 +34,12 @@ public:
         QVariantMap options;
     };
 
-    /// Calls @p answer once, later; never when @p parent is gone by then.
-    static void send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer);
+    /// Calls @p answer once, later; never when @p parent is gone by then. The request returned is there until
+    /// it is answered or closed.
+    static PortalRequest* send(const QDBusConnection& bus, const Call& call, QObject* parent, Answer answer);
+
+    /// Gives the request up: has the portal put its dialog away, and calls nobody.
+    void close();
 
     /// Whether file descriptors can be among the arguments.
     [[nodiscard]] static bool takesFiles(const QDBusConnection& bus);
@@ -48,7 +53,7 @@ private:
     void start(const Call& call);
     void called(QDBusPendingCallWatcher* watcher);
     void listen(const QString& handle);
-    void finish(Outcome outcome);
+    void finish(Outcome outcome, const QVariantMap& results = {});
 
     QDBusConnection m_bus;
     Answer m_answer;

@@ -2,6 +2,7 @@
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -37,6 +38,27 @@ protected:
     }
 
     void waitForHeading(const QString& title) { waitFor(QAccessible::Heading, title); }
+
+    void focus(QAccessible::Role role, const QString& name)
+    {
+        waitFor(role, name)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    }
+
+    /// Has the file dialog's field hold this and nothing else.
+    void typeName(const QString& name)
+    {
+        focus(QAccessible::EditableText, u"File Name"_qs);
+        key(Qt::Key_A, Qt::ControlModifier);
+        type(name);
+    }
+
+    void waitForName(const QString& name)
+    {
+        EXPECT_TRUE(waitUntil([&] {
+            auto* const field = find(QAccessible::EditableText, u"File Name"_qs);
+            return field && field->text(QAccessible::Value) == name;
+        })) << name.toStdString();
+    }
 
     QTemporaryDir files;
     QString file = files.filePath(u"other.csv"_qs);
@@ -99,8 +121,10 @@ TEST_F(ExchangePages, AnImportLeadsBackToTheMenu)
     EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 2U);
 }
 
-TEST_F(ExchangePages, TheWindowsOwnFileDialogOpensAndGivesTheKeyboardBack)
+TEST_F(ExchangePages, AFileIsLoadedByTheWindowsOwnDialog)
 {
+    QDir(files.path()).mkdir(u"sub"_qs);
+    writeBytes(file, "[GIGGLEARCHIVES]\nDad^Mild^2^T^Two\n");
     system().platform.documentPicker = nullptr;
     openWithAJoke();
     openArea(u"Import / Export"_qs);
@@ -108,12 +132,62 @@ TEST_F(ExchangePages, TheWindowsOwnFileDialogOpensAndGivesTheKeyboardBack)
     waitForHeading(u"Import Jokes"_qs);
     EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::Button, u"Load File"_qs)->state().focused); }));
     key(Qt::Key_Return);
-    EXPECT_FALSE(isEnabled(u"Load File"_qs));
-    EXPECT_TRUE(waitUntil([&] {
-        key(Qt::Key_Escape); // nothing takes it before the dialog is there
-        return isEnabled(u"Load File"_qs);
-    }));
+    waitFor(QAccessible::Dialog, u"Load File"_qs);
+    waitForHeading(u"Load File"_qs);
+    EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::List, u"Files"_qs)->state().focused); }));
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::Dialog, u"Load File"_qs); }));
     EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::Button, u"Load File"_qs)->state().focused); }));
+
+    key(Qt::Key_Return);
+    typeName(files.filePath(u"missing.csv"_qs));
+    press(QAccessible::Button, u"Open"_qs);
+    EXPECT_TRUE(waitUntil([&] { return !names(QAccessible::AlertMessage).isEmpty(); }));
+    typeName(files.path());
+    key(Qt::Key_Return);
+    waitFor(QAccessible::ListItem, u"sub"_qs);
+    EXPECT_EQ(names(QAccessible::AlertMessage), QStringList());
+    EXPECT_EQ(names(QAccessible::ListItem), (QStringList{u"sub"_qs, u"other.csv"_qs}));
+    focus(QAccessible::List, u"Files"_qs);
+    key(Qt::Key_Return);
+    waitFor(QAccessible::StaticText, u"This folder is empty."_qs);
+    press(QAccessible::Button, u"Parent Folder"_qs);
+    press(QAccessible::ListItem, u"other.csv"_qs);
+    EXPECT_EQ(find(QAccessible::EditableText, u"File Name"_qs)->text(QAccessible::Value), u"other.csv"_qs);
+    press(QAccessible::Button, u"Open"_qs);
+    answer(u"Data Import"_qs);
+    waitFor(QAccessible::ListItem, u"Dad^Mild^2^T^Two"_qs);
+}
+
+TEST_F(ExchangePages, AFileIsSavedByTheWindowsOwnDialog)
+{
+    writeBytes(files.filePath(u"Jokes.txt"_qs), "mine");
+    system().platform.documentPicker = nullptr;
+    openWithAJoke();
+    openArea(u"Joke List"_qs);
+    press(QAccessible::Button, u"Share"_qs);
+    press(QAccessible::Button, u"Save to Files"_qs);
+    waitFor(QAccessible::Dialog, u"Save to Files"_qs);
+    EXPECT_TRUE(
+        waitUntil([&] { return bool(find(QAccessible::EditableText, u"File Name"_qs)->state().focused); }));
+    typeName(files.path());
+    key(Qt::Key_Return);
+    // Of the free name that is suggested there the stem is selected.
+    waitForName(u"Jokes 2.txt"_qs);
+    type(u"Jokes"_qs);
+    waitForName(u"Jokes.txt"_qs);
+    key(Qt::Key_Return);
+    waitFor(QAccessible::Dialog, u"Replace File?"_qs);
+    press(QAccessible::Button, u"Keep"_qs);
+    waitFor(QAccessible::Dialog, u"Save to Files"_qs);
+    waitForName(u"Jokes.txt"_qs);
+    typeName(u"new.txt"_qs);
+    press(QAccessible::Button, u"Save"_qs);
+    EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::Dialog, u"Save to Files"_qs); }));
+    EXPECT_TRUE(readBytes(files.filePath(u"new.txt"_qs)).startsWith("Pop\n"));
+    EXPECT_EQ(readBytes(files.filePath(u"Jokes.txt"_qs)), "mine");
+    key(Qt::Key_Escape); // the page has the keyboard again
+    waitFor(QAccessible::Button, u"Menu"_qs);
 }
 
 TEST_F(ExchangePages, AFileFromOutsideWaitsForAlertsAndKeepsWhatIsTyped)

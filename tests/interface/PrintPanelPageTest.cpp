@@ -102,6 +102,23 @@ TEST_F(PrintPanelPageTest, WithoutAPrinterThereIsThePdfFile)
     EXPECT_TRUE(m_printers.printed().empty());
 }
 
+TEST_F(PrintPanelPageTest, TheFileDialogCoversThePanelAndGivesItBack)
+{
+    system().platform.documentPicker = nullptr;
+    present(1);
+    ASSERT_TRUE(waitUntil([&] { return find(QAccessible::Button, u"Save as PDF"_qs)->state().focused; }));
+    key(Qt::Key_Return);
+    waitFor(QAccessible::Dialog, u"Save to Files"_qs);
+    ASSERT_TRUE(waitUntil([&] { return names(QAccessible::EditableText).contains(u"File Name"_qs); }));
+    EXPECT_EQ(names(QAccessible::Button).count(u"Cancel"_qs), 1);
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] {
+        auto* const button = find(QAccessible::Button, u"Save as PDF"_qs);
+        return button && button->state().focused;
+    }));
+    EXPECT_FALSE(m_outcome.has_value());
+}
+
 } // namespace
 
 } // namespace giggle

@@ -10,6 +10,7 @@
 #include <QDBusVirtualObject>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 
 #include <optional>
 
@@ -20,9 +21,11 @@ namespace giggle {
 /// A desktop portal that takes every request, writes down what it was asked, and answers as it is told.
 class FakeRequestPortal : public QDBusVirtualObject {
 public:
-    explicit FakeRequestPortal(QDBusConnection bus) : m_bus(std::move(bus))
+    explicit FakeRequestPortal(QDBusConnection bus, QStringList versions = {})
+        : interfaces(std::move(versions)), m_bus(std::move(bus))
     {
-        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this);
+        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                                    QDBusConnection::SubPath);
         m_bus.registerService(service());
     }
 
@@ -30,11 +33,17 @@ public:
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
     {
+        if (message.interface() == QLatin1StringView("org.freedesktop.DBus.Properties"))
+            return tellVersion(message);
+        if (message.member() == QLatin1StringView("Close")) {
+            method = message.member();
+            return true;
+        }
         interface = message.interface();
         method = message.member();
         options = qdbus_cast<QVariantMap>(message.arguments().last());
         if (message.arguments().size() == 3)
-            take(message.arguments().at(1).value<QDBusUnixFileDescriptor>());
+            takeSubject(message.arguments().at(1));
         for (const auto& file :
              qdbus_cast<QList<QDBusUnixFileDescriptor>>(options.take(QStringLiteral("attachment_fds"))))
             take(file);
@@ -51,7 +60,7 @@ public:
     {
         QDBusMessage signal = QDBusMessage::createSignal(
             handle, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
-        signal.setArguments({code, QVariantMap()});
+        signal.setArguments({code, results});
         m_bus.send(signal);
     }
 
@@ -59,16 +68,37 @@ public:
 
     std::optional<uint> response = 0; ///< at once, or none
     bool isOld = false;               ///< makes up its own names of requests
+    QVariantMap results;
+    QStringList interfaces; ///< those of which it tells the version
 
     QString interface;
     QString method;
+    QString title; ///< where it is asked for a dialog
+    int versionsAsked = 0;
     QString handle;
     QVariantMap options; ///< less the token and the files
     QByteArrayList contents;
     QList<QFileInfo> files;
 
 private:
+    bool tellVersion(const QDBusMessage& question)
+    {
+        ++versionsAsked;
+        const bool isKnown = interfaces.contains(question.arguments().value(0).toString());
+        m_bus.send(isKnown ? question.createReply(QVariant::fromValue(QDBusVariant(3U)))
+                           : question.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("unknown")));
+        return true;
+    }
+
     static QString service() { return QStringLiteral("org.freedesktop.portal.Desktop"); }
+
+    void takeSubject(const QVariant& subject)
+    {
+        if (subject.canConvert<QDBusUnixFileDescriptor>())
+            take(subject.value<QDBusUnixFileDescriptor>());
+        else
+            title = subject.toString();
+    }
 
     void take(const QDBusUnixFileDescriptor& descriptor)
     {

@@ -2,7 +2,6 @@
 #include "tests/support/CollectionFolder.h"
 #include "tests/support/FakeNavigator.h"
 #include "tests/support/FakePlatform.h"
-#include "ui/WindowDocumentPicker.h"
 #include "ui/WindowShareSheet.h"
 
 #include <QClipboard>
@@ -135,36 +134,6 @@ TEST_F(ShareSheetTest, WhatCannotBeDoneIsSaid)
     choose(u"Save to Files"_qs);
     system.documentPicker.answer({}); // cancelled
     EXPECT_EQ(navigator.alerts.size(), 4U);
-}
-
-TEST(WindowDocumentPickerTest, TakesTypedPathsAndOneRequestAtATime)
-{
-    FakeNavigator navigator;
-    WindowDocumentPicker picker(navigator);
-    std::vector<QUrl> answers;
-    const auto answer = [&](const QUrl& chosen) { answers.push_back(chosen); };
-    picker.pickPlace(u"a.csv"_qs, answer);
-    picker.pickDocument([](const QUrl&) { ADD_FAILURE(); });
-    EXPECT_TRUE(picker.isForSaving());
-    const CollectionFolder folder;
-    const QString typed = folder.filePath(u"50% #1?.csv"_qs);
-    picker.close(QUrl(typed));
-    picker.close();
-    picker.pickDocument(answer);
-    EXPECT_EQ(picker.folder(), QUrl::fromLocalFile(folder.path()));
-    picker.close();
-    EXPECT_EQ(answers, (std::vector{QUrl::fromLocalFile(typed), QUrl()}));
-    EXPECT_FALSE(picker.isOpen());
-
-    answers.clear();
-    writeBytes(typed, "mine");
-    for (const int action : {0, 1}) {
-        picker.pickPlace(u"a.csv"_qs, answer);
-        picker.close(QUrl::fromLocalFile(typed));
-        EXPECT_EQ(navigator.alerts.back().title, u"Replace File?"_qs);
-        navigator.alerts.back().actions.at(action).handler();
-    }
-    EXPECT_EQ(answers, (std::vector{QUrl::fromLocalFile(typed), QUrl()}));
 }
 
 } // namespace
