@@ -14,10 +14,10 @@ AppPage {
     readonly property bool showsFavorites: screen.selectedSegment === NewMainListTableViewController.FavoritesMode
     /// What an empty list says: title and hint.
     readonly property list<string> emptyTexts: {
+        if (showsFavorites) // a search leaves them all
+            return [qsTr("No favorites yet"), qsTr("Mark a joke as a favorite while you edit it, and it is listed here.")];
         if (isSearching)
             return [qsTr("Nothing found"), qsTr("Try fewer letters, or search in another segment.")];
-        if (showsFavorites)
-            return [qsTr("No favorites yet"), qsTr("Mark a joke as a favorite while you edit it, and it is listed here.")];
         return [qsTr("No jokes yet"), qsTr("Add a joke, or import some from a file: see the menu.")];
     }
 
