@@ -12,7 +12,7 @@ Dialog {
     id: dialog
 
     readonly property bool isWide: availableWidth >= 280 * Theme.textScale
-    readonly property real keysWidth: isWide ? Math.round(0.4 * availableWidth) : list.width
+    readonly property real keysWidth: isWide ? Math.min(Math.round(0.4 * availableWidth), 168 * Theme.textScale) : list.width
 
     onOpened: scroller.forceActiveFocus(Qt.OtherFocusReason)
 
