@@ -7,13 +7,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QQuickWindow>
 #include <QScreen>
 
 #include <chrono>
+#include <cmath>
 #include <string_view>
 
 namespace giggle {
