@@ -39,6 +39,11 @@ UserInterface::UserInterface(AppDelegate& appDelegate, Preferences& userDefaults
     m_storyboard.setEnvironment(m_environment);
 }
 
+UserInterface::~UserInterface()
+{
+    m_memory.save();
+}
+
 void UserInterface::completePlatform()
 {
     if (!m_platform.documentPicker)
@@ -59,20 +64,22 @@ QQuickWindow& UserInterface::load()
 {
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_engine.setInitialProperties(
-        {{QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
-         {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
-         {QStringLiteral("reviewInvitation"), QVariant::fromValue(&m_reviewInvitation)},
-         {QStringLiteral("shareSheet"), QVariant::fromValue(&m_shareSheet)},
-         {QStringLiteral("documentPicker"), QVariant::fromValue(&m_documentPicker)},
-         {QStringLiteral("printPanel"), QVariant::fromValue(&m_printPanel)},
-         {QStringLiteral("documentOpening"), QVariant::fromValue(&m_documentOpening)}});
+    QVariantMap properties{{QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
+                           {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
+                           {QStringLiteral("reviewInvitation"), QVariant::fromValue(&m_reviewInvitation)},
+                           {QStringLiteral("shareSheet"), QVariant::fromValue(&m_shareSheet)},
+                           {QStringLiteral("documentPicker"), QVariant::fromValue(&m_documentPicker)},
+                           {QStringLiteral("printPanel"), QVariant::fromValue(&m_printPanel)},
+                           {QStringLiteral("documentOpening"), QVariant::fromValue(&m_documentOpening)}};
+    properties.insert(m_memory.windowProperties());
+    m_engine.setInitialProperties(properties);
     m_engine.load(MainPage);
     auto* window = m_engine.rootObjects().isEmpty()
                        ? nullptr
                        : qobject_cast<QQuickWindow*>(m_engine.rootObjects().first());
     if (!window)
         fatalError(QStringLiteral("The main window cannot be loaded."), __FILE__, __LINE__);
+    m_memory.follow(*window);
     QObject::connect(&m_platform.windowActivation, &WindowActivation::activationRequested, window,
                      [window] { bringToFront(*window); });
     QObject::connect(&m_platform.windowActivation, &WindowActivation::documentOpened, &m_documentOpening,

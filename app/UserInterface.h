@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Storyboard.h"
+#include "app/WindowMemory.h"
 #include "exchange/DocumentOpening.h"
 #include "platform/Platform.h"
 #include "ui/Appearance.h"
@@ -28,8 +29,15 @@ public:
     /// What @p platform leaves out of what a window can bring itself is filled in.
     UserInterface(AppDelegate& appDelegate, Preferences& userDefaults, Platform platform);
 
+    /// Writes down what is remembered.
+    ~UserInterface();
+
     UserInterface(const UserInterface&) = delete;
     UserInterface& operator=(const UserInterface&) = delete;
+
+    /// Lets window and lists be as @p file says, and as they are at the end be written into it. Without this
+    /// call nothing outlives the window. Called before load().
+    void rememberIn(const QString& file) { m_memory.open(file); }
 
     /// Shows the window with the root screen, and brings it to the front again whenever the system asks for
     /// it. Called once. A window that cannot be loaded ends the program.
@@ -52,6 +60,7 @@ private:
     QTemporaryDir m_temporaryFolder;
     TimerMainQueue m_mainQueue;
     SharedSelection m_selection;
+    WindowMemory m_memory{m_selection.listPlaces};
     Platform m_platform;
     Storyboard m_storyboard;
     NavigationController m_navigation;

@@ -134,6 +134,7 @@ int run(const StoragePlaces& places, WindowActivation& windowActivation, const Q
     if (lastFatalError)
         interface.navigation().setNotice(QStringLiteral("The last time, %1 had to stop: %2")
                                              .arg(ApplicationIdentity::displayName(), *lastFatalError));
+    interface.rememberIn(places.windowMemory());
     sayWhenReady(interface.load());
     if (!document.isEmpty())
         interface.open(document);

@@ -11,7 +11,14 @@ AppPage {
 
     required property PrintViewController screen
     readonly property bool isWide: width >= 560
-    readonly property bool isSearching: screen.searchText.length > 0
+    /// What an empty list says: title and hint.
+    readonly property list<string> emptyTexts: {
+        if (screen.selectedSegment === PrintViewController.FavoritesMode) // a search leaves them all
+            return [qsTr("No favorites to print"), qsTr("Mark a joke as one while you edit it.")];
+        if (screen.searchText.length > 0)
+            return [qsTr("Nothing found"), qsTr("Try fewer letters, or search in another segment.")];
+        return [qsTr("No jokes to print"), qsTr("Add a joke, or import some from a file: see the menu.")];
+    }
 
     title: screen.title
     titleView: SegmentedControl {
@@ -76,8 +83,8 @@ AppPage {
             delegate: NewMainListRow {
                 showsFavorite: false
             }
-            emptyTitle: page.isSearching ? qsTr("Nothing found") : qsTr("No jokes to print")
-            emptyHint: page.isSearching ? qsTr("Try fewer letters, or search in another segment.") : qsTr("Add a joke, or import some from a file: see the menu.")
+            emptyTitle: page.emptyTexts[0]
+            emptyHint: page.emptyTexts[1]
         }
         LargeTextView {
             objectName: "PrintTextView"

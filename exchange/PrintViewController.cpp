@@ -31,7 +31,7 @@ void sayOnConsole(const PrintOutcome& outcome)
 } // namespace
 
 PrintViewController::PrintViewController(ScreenEnvironment& environment)
-    : SegmentedJokeListController(environment, QStringLiteral("Search by Name")),
+    : SegmentedJokeListController(environment, QStringLiteral("Search by Name"), QStringLiteral("print")),
       m_jokeString(std::make_shared<const JokeComposition>())
 {
 }

@@ -10,12 +10,14 @@ AppPage {
     id: page
 
     required property NewMainListTableViewController screen
+    readonly property bool isSearching: screen.searchText.length > 0
+    readonly property bool showsFavorites: screen.selectedSegment === NewMainListTableViewController.FavoritesMode
     /// What an empty list says: title and hint.
     readonly property list<string> emptyTexts: {
-        if (screen.searchText.length > 0)
-            return [qsTr("Nothing found"), qsTr("Try fewer letters, or search in another segment.")];
-        if (screen.selectedSegment === NewMainListTableViewController.FavoritesMode)
+        if (showsFavorites) // a search leaves them all
             return [qsTr("No favorites yet"), qsTr("Mark a joke as a favorite while you edit it, and it is listed here.")];
+        if (isSearching)
+            return [qsTr("Nothing found"), qsTr("Try fewer letters, or search in another segment.")];
         return [qsTr("No jokes yet"), qsTr("Add a joke, or import some from a file: see the menu.")];
     }
 
@@ -108,5 +110,7 @@ AppPage {
         }
         emptyTitle: page.emptyTexts[0]
         emptyHint: page.emptyTexts[1]
+        emptyAction: page.isSearching || page.showsFavorites || !addButton.enabled ? "" : qsTr("Add Joke")
+        onEmptyActionTriggered: page.screen.AddTapped()
     }
 }

@@ -12,7 +12,7 @@
 namespace giggle {
 
 NewMainListTableViewController::NewMainListTableViewController(ScreenEnvironment& environment)
-    : SegmentedJokeListController(environment, QStringLiteral("Search by Category"))
+    : SegmentedJokeListController(environment, QStringLiteral("Search by Category"), QStringLiteral("jokes"))
 {
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "store/AppDelegate.h"
 #include "store/TextSearch.h"
+#include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
 
 #include <array>
@@ -33,10 +34,12 @@ constexpr std::array SearchedAttributes{Attribute::category, Attribute::rating, 
 
 } // namespace
 
-SegmentedJokeListController::SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder)
+SegmentedJokeListController::SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder,
+                                                         const QString& placeName)
     : Screen(environment), m_context(environment.appDelegate.persistentContainer().viewContext()),
       m_searchPlaceholder(std::move(placeholder)), m_table(*this)
 {
+    m_table.keepPlaceIn(environment.selection.listPlaces[placeName]);
 }
 
 void SegmentedJokeListController::viewDidLoad()
@@ -135,6 +138,11 @@ void SegmentedJokeListController::updateSearchResults()
 int SegmentedJokeListController::numberOfRows() const
 {
     return static_cast<int>(listOnShow().size());
+}
+
+RowIdentity SegmentedJokeListController::identityOfRow(int row) const
+{
+    return hasRow(row) ? jokeAt(row).oid() : NoIdentity;
 }
 
 void SegmentedJokeListController::removeFromListOnShow(int row)

@@ -44,6 +44,7 @@ public:
     void viewDidDisappear() override;
 
     [[nodiscard]] int numberOfRows() const override;
+    [[nodiscard]] RowIdentity identityOfRow(int row) const override;
 
     [[nodiscard]] const QString& searchText() const { return m_searchText; }
 
@@ -76,8 +77,10 @@ protected:
     using JokeArray = std::vector<Jokes*>;
     using SortDescriptors = std::vector<SortDescriptor<Jokes>>;
 
-    /// @p placeholder stands in the search field until the mode is changed.
-    SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder);
+    /// @p placeholder stands in the search field until the mode is changed. @p placeName is the list's in
+    /// SharedSelection::listPlaces.
+    SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder,
+                                const QString& placeName);
 
     void fetch();
 

@@ -100,6 +100,11 @@ NewMainListTableViewCell BreakdownTableViewController::cellAt(int row) const
     return cell;
 }
 
+RowIdentity BreakdownTableViewController::identityOfRow(int row) const
+{
+    return hasRow(row) ? jokeAt(row).oid() : NoIdentity;
+}
+
 QString BreakdownTableViewController::headerText() const
 {
     return QString::number(listOnShow().size()) + QStringLiteral(" Jokes");

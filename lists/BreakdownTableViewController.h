@@ -36,6 +36,7 @@ public:
 
     [[nodiscard]] int numberOfRows() const override;
     [[nodiscard]] QVariant cellForRow(int row) const override;
+    [[nodiscard]] RowIdentity identityOfRow(int row) const override;
     [[nodiscard]] QString headerText() const override;
 
     [[nodiscard]] QString searchPlaceholder() const override;

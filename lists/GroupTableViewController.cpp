@@ -16,6 +16,7 @@ namespace giggle {
 GroupTableViewController::GroupTableViewController(ScreenEnvironment& environment, const ListSide& side)
     : SearchableTableViewController(environment, side)
 {
+    tableView()->keepPlaceIn(environment.selection.listPlaces[side.groupListPlace.toString()]);
     connect(tableView(), &TableModel::headerTextChanged, this, &GroupTableViewController::headerTitleChanged);
 }
 
@@ -83,6 +84,14 @@ QVariant GroupTableViewController::cellForRow(int row) const
         return QVariant::fromValue(GroupTableViewCell());
     const std::string& name = listOnShow()[static_cast<std::size_t>(row)];
     return QVariant::fromValue(GroupTableViewCell{textOrEmpty(name), QString::number(numberOfJokes(name))});
+}
+
+RowIdentity GroupTableViewController::identityOfRow(int row) const
+{
+    if (!hasRow(row))
+        return NoIdentity;
+    const std::size_t hash = std::hash<std::string>()(listOnShow()[static_cast<std::size_t>(row)]);
+    return static_cast<RowIdentity>(hash >> 12); // as much of it as a JSON number holds
 }
 
 std::size_t GroupTableViewController::numberOfJokes(const std::string& name) const

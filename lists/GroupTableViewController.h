@@ -29,6 +29,10 @@ public:
 
     [[nodiscard]] int numberOfRows() const override;
     [[nodiscard]] QVariant cellForRow(int row) const override;
+
+    /// A number made of the name.
+    [[nodiscard]] RowIdentity identityOfRow(int row) const override;
+
     [[nodiscard]] QString headerText() const override;
 
     /// The number of rows in words.

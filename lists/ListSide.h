@@ -32,6 +32,8 @@ struct ListSide {
     QStringView fieldName;
     /// @}
 
+    QStringView listPlace; ///< the list's name in SharedSelection::listPlaces
+
     /// Whether the list has a search; where it has none, a search text leaves the rows as they are.
     bool hasSearch;
 
@@ -58,6 +60,7 @@ struct ListSide {
     QStringView groupHeader;      ///< in front of the number of names
     QStringView groupHeaderTitle; ///< behind the number of names on show
     QStringView groupCallingScreen;
+    QStringView groupListPlace; ///< the list's name in SharedSelection::listPlaces
     std::vector<std::string_view> (ManagedObjectContext::*namesInJokes)();
     Predicate<Jokes> (*jokesNamed)(std::string_view name);
     QString SharedSelection::*selectedName; ///< hands the chosen name on to the breakdown

@@ -68,5 +68,7 @@ AppPage {
         model: page.controller.tableView
         emptyTitle: page.isSearching ? qsTr("Nothing found") : page.controller.emptyTitle
         emptyHint: page.isSearching ? qsTr("Try fewer letters.") : page.controller.emptyHint
+        emptyAction: page.isSearching ? "" : page.controller.addTitle
+        onEmptyActionTriggered: page.controller.AddTapped()
     }
 }

@@ -2,6 +2,7 @@
 #include "lists/NameListViewController.h"
 
 #include "store/AppDelegate.h"
+#include "store/NamedRecord.h"
 #include "store/TextSearch.h"
 #include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
@@ -14,6 +15,7 @@ namespace giggle {
 NameListViewController::NameListViewController(ScreenEnvironment& environment, const ListSide& side)
     : SearchableTableViewController(environment, side)
 {
+    tableView()->keepPlaceIn(environment.selection.listPlaces[side.listPlace.toString()]);
 }
 
 void NameListViewController::viewDidLoad()
@@ -70,6 +72,11 @@ QString NameListViewController::headerText() const
 QString NameListViewController::nameInRow(int row) const
 {
     return hasRow(row) ? textOrEmpty(side().nameOf(recordInRow(row))) : QString();
+}
+
+RowIdentity NameListViewController::identityOfRow(int row) const
+{
+    return hasRow(row) ? recordInRow(row).oid() : NoIdentity;
 }
 
 void NameListViewController::selectRow(int row)

@@ -17,6 +17,7 @@ class NameListViewController : public giggle::SearchableTableViewController {
     QML_UNCREATABLE("The storyboard makes the screens.")
     Q_PROPERTY(QString emptyTitle READ emptyTitle CONSTANT)
     Q_PROPERTY(QString emptyHint READ emptyHint CONSTANT)
+    Q_PROPERTY(QString addTitle READ addTitle CONSTANT)
 
 public:
     /// @p side must outlive the screen.
@@ -35,6 +36,8 @@ public:
 
     [[nodiscard]] int numberOfRows() const override { return static_cast<int>(listInUse().size()); }
 
+    [[nodiscard]] RowIdentity identityOfRow(int row) const override;
+
     [[nodiscard]] QString headerText() const override;
 
     [[nodiscard]] bool hasSearch() const override { return side().hasSearch; }
@@ -45,6 +48,9 @@ public:
     [[nodiscard]] QString emptyTitle() const { return side().emptyTitle.toString(); }
 
     [[nodiscard]] QString emptyHint() const { return side().emptyHint.toString(); }
+
+    /// The title of the screen that adds one.
+    [[nodiscard]] QString addTitle() const { return side().addTitle.toString(); }
 
 public slots:
     void AddTapped();

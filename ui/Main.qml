@@ -16,7 +16,7 @@ ApplicationWindow {
     required property WindowPrintPanel printPanel
     required property DocumentOpening documentOpening
     /// Something lies over the page and has the keyboard.
-    readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen || printPanel.isShown
+    readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen || printPanel.isShown || shortcutSheet.isShown
 
     title: qsTr("Giggle Archives")
     width: 420
@@ -90,6 +90,11 @@ ApplicationWindow {
 
         interval: 500
     }
+    Shortcut {
+        sequences: ["F1", "Ctrl+/"]
+        enabled: !window.isCovered
+        onActivated: shortcutSheet.show()
+    }
     StackView {
         id: stack
 
@@ -102,6 +107,12 @@ ApplicationWindow {
         Accessible.name: window.title
         Keys.onEscapePressed: window.navigation.back()
         Keys.onBackPressed: window.navigation.back()
+        Keys.onPressed: event => {
+            // Where it is not typed into a field.
+            event.accepted = event.text === "?" && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier));
+            if (event.accepted)
+                shortcutSheet.show();
+        }
         onBusyChanged: window.reportRest()
 
         // The page below moves a third of the way, as if it lay deeper.
@@ -202,6 +213,27 @@ ApplicationWindow {
                 panel: window.printPanel
             })
         onClosed: window.focusPage()
+    }
+    Loader {
+        id: shortcutSheet
+
+        readonly property Dialog sheet: item as Dialog
+        readonly property bool isShown: sheet !== null && sheet.visible
+
+        anchors.fill: parent
+
+        function show() {
+            setSource("ShortcutSheet.qml");
+            sheet.open();
+        }
+        Connections {
+            target: shortcutSheet.sheet
+
+            function onClosed() {
+                shortcutSheet.source = "";
+                window.focusPage();
+            }
+        }
     }
     SheetLoader {
         isWanted: window.documentPicker.isShown

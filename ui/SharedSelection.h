@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/ListPlace.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -9,8 +11,8 @@
 namespace giggle {
 
 /// What one screen leaves behind for the next: the joke or name chosen in a list, the screen that opened an
-/// editor, a file that is to be imported. One object for the process, handed to every screen by
-/// ScreenEnvironment; every value starts empty.
+/// editor, a file that is to be imported, where lists were left. One object for the process, handed to every
+/// screen by ScreenEnvironment; every value starts empty.
 struct SharedSelection {
     /// The screen to which an editor returns after a save: "MainMenu", "MainList", "CategoryGroup",
     /// "RatingGroup", "CategoryBreakdown" or "RatingBreakdown".
@@ -31,6 +33,9 @@ struct SharedSelection {
 
     /// A file that came from outside and waits for the import screen, which takes it away.
     QUrl DocumentToImport;
+
+    /// Where lists were left.
+    ListPlaces listPlaces;
 };
 
 } // namespace giggle

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A table of rows that scrolls. Its delegate is a SwipeRow. Arrows, Home, End and the Page keys move the
-// current row; Enter, Space and Delete act on it. Rows that are replaced show from the top, a row that is
-// deleted fades out where it is. Without rows it shows the two texts instead.
+// current row; Enter, Space and Delete act on it. Rows that the user has replaced show from the top, a row that is
+// deleted fades out where it is; else the list stands where it was left. Without rows it shows the two texts
+// instead, and a button where there is a text for it, which sends `emptyActionTriggered`.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -13,10 +14,13 @@ ListView {
     required property string name
     property string emptyTitle
     property string emptyHint
+    property string emptyAction
 
     readonly property SwipeRow currentRow: currentItem as SwipeRow
     /// Whether the user works with keys, and has to see where they act.
     property bool showsFocus: false
+
+    signal emptyActionTriggered
 
     clip: true
     spacing: Theme.unit / 2
@@ -78,12 +82,20 @@ ListView {
 
         function onModelReset() {
             list.startAtTop();
+            if (!list.enabled)
+                keeper.restoreSoon();
         }
         function onRowsRemoved() {
             settling.restart();
         }
     }
 
+    ListPlaceKeeper {
+        id: keeper
+
+        parent: list
+        list: list
+    }
     // The second press of a double one would hit the row that has moved up.
     MouseArea {
         parent: list
@@ -122,6 +134,8 @@ ListView {
         visible: list.count === 0
         title: list.emptyTitle
         hint: list.emptyHint
+        actionText: list.emptyAction
+        onActionTriggered: list.emptyActionTriggered()
     }
 
     function startAtTop() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/TableModel.h"
 
+#include <algorithm>
+
 namespace giggle {
 
 TableModel::TableModel(const TableDataSource& source) : m_source(source) {}
@@ -49,6 +51,33 @@ void TableModel::removeRow(int row, const std::function<void()>& removeFromSourc
     endRemoveRows();
     emit countChanged();
     emit headerTextChanged();
+}
+
+void TableModel::keepPlace(int topRow, double offset, int currentRow)
+{
+    *m_place = {anchorAt(topRow), offset, anchorAt(currentRow)};
+}
+
+TablePlace TableModel::keptPlace() const
+{
+    return {rowOf(m_place->top), m_place->offset, rowOf(m_place->current)};
+}
+
+RowAnchor TableModel::anchorAt(int row) const
+{
+    return row >= 0 && row < m_count ? RowAnchor{m_source.identityOfRow(row), row} : RowAnchor();
+}
+
+int TableModel::rowOf(const RowAnchor& anchor) const
+{
+    const int sameNumber = std::min(anchor.row, m_count - 1);
+    if (sameNumber < 0 || anchor.identity == NoIdentity ||
+        m_source.identityOfRow(sameNumber) == anchor.identity)
+        return std::max(sameNumber, -1);
+    for (int row = 0; row < m_count; ++row)
+        if (m_source.identityOfRow(row) == anchor.identity)
+            return row;
+    return sameNumber;
 }
 
 } // namespace giggle

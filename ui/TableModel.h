@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/TableDataSource.h"
+#include "ui/TablePlace.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -42,13 +43,33 @@ public:
     /// Takes one row away. @p removeFromSource does so in the data source and changes nothing else.
     void removeRow(int row, const std::function<void()>& removeFromSource);
 
+    /// @name Where the page's list was left
+    /// A list stands where it was left when its rows are replaced behind the user's back, and when it is
+    /// opened again. Its first row is looked for by what it shows; where that is gone the row's number
+    /// counts.
+    /// @{
+
+    /// Keeps the place in @p place, which outlives the model; until then it lasts as long as the model.
+    void keepPlaceIn(ListPlace& place) { m_place = &place; }
+
+    /// The page tells where its list stands.
+    Q_INVOKABLE void keepPlace(int topRow, double offset, int currentRow);
+    [[nodiscard]] Q_INVOKABLE giggle::TablePlace keptPlace() const;
+
+    /// @}
+
 signals:
     void headerTextChanged();
     void countChanged();
 
 private:
+    [[nodiscard]] RowAnchor anchorAt(int row) const;
+    [[nodiscard]] int rowOf(const RowAnchor& anchor) const;
+
     const TableDataSource& m_source;
     int m_count = 0;
+    ListPlace m_ownPlace;
+    ListPlace* m_place = &m_ownPlace;
 };
 
 } // namespace giggle

@@ -108,4 +108,9 @@ QString StoragePlaces::fatalErrorRecord() const
     return fileIn(m_stateFolder, QStringLiteral("fatal-error"));
 }
 
+QString StoragePlaces::windowMemory() const
+{
+    return fileIn(m_stateFolder, QStringLiteral("window.json"));
+}
+
 } // namespace giggle

@@ -40,6 +40,9 @@ public:
     /// Holds the message of a fatal error until the next start.
     QString fatalErrorRecord() const;
 
+    /// Holds what the window looked like when it was last closed.
+    QString windowMemory() const;
+
 private:
     QString m_dataFolder;
     QString m_configFolder;

@@ -58,6 +58,11 @@ QString InterfaceFixture::preferenceFile() const
     return m_folder + QStringLiteral("/preferences.json");
 }
 
+QString InterfaceFixture::windowMemory() const
+{
+    return m_folder + QStringLiteral("/window.json");
+}
+
 void InterfaceFixture::skipSeeding()
 {
     userDefaults().setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
@@ -82,8 +87,10 @@ void InterfaceFixture::restart()
 void InterfaceFixture::start()
 {
     m_interface = std::make_unique<UserInterface>(m_appDelegate, *m_userDefaults, m_system.platform);
+    m_interface->rememberIn(windowMemory());
     m_window = &m_interface->load();
-    m_window->resize(m_size);
+    if (m_size.isValid())
+        m_window->resize(m_size);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window));
     waitFor(QAccessible::Button, QStringLiteral("Menu"));
 }

@@ -40,10 +40,14 @@ protected:
     /// Marks the first launch as done, so that the starter collection stays out.
     void skipSeeding();
 
+    /// Without a size the window has the one that it makes itself.
     void openWindow(QSize size = {360, 640});
 
     /// Ends the window and the collection, and starts both again.
     void restart();
+
+    /// What outlives the window besides collection and settings.
+    [[nodiscard]] QString windowMemory() const;
 
     [[nodiscard]] QQuickWindow& window() { return *m_window; }
 

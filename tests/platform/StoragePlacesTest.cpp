@@ -60,6 +60,7 @@ TEST(StoragePlacesTest, FollowTheBaseFolders)
         EXPECT_EQ(places.instanceLock(), one.lock);
         EXPECT_EQ(places.preferenceFile(), one.preferences);
         EXPECT_EQ(places.fatalErrorRecord(), one.record);
+        EXPECT_EQ(QFileInfo(places.windowMemory()).path(), QFileInfo(one.record).path());
     }
 }
 

@@ -18,6 +18,8 @@ public:
 
     QString headerText() const override { return QString::number(words.size()); }
 
+    RowIdentity identityOfRow(int row) const override { return words.at(row).at(0).unicode(); }
+
     QStringList words{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")};
 };
 
@@ -80,6 +82,34 @@ TEST_F(TableModelTest, RedrawingKeepsThePlaceAsLongAsTheRowsAreTheSame)
     table.redraw();
     EXPECT_EQ(resets.count(), 1);
     EXPECT_EQ(table.count(), 5);
+}
+
+TEST_F(TableModelTest, TheFirstRowInSightIsFoundAgainByWhatItShowsElseByItsNumber)
+{
+    EXPECT_EQ(table.keptPlace().topRow, -1);
+
+    struct {
+        QStringList words;
+        int topRow;
+        int currentRow;
+    } cases[] = {
+        {{"a", "b", "c", "d"}, 2, 3},
+        {{"d", "c", "b", "a"}, 1, 0}, // turned round
+        {{"new", "a", "b", "c", "d"}, 3, 4},
+        {{"a", "b", "d"}, 2, 2}, // the top row is gone
+        {{"x"}, 0, 0},
+        {{}, -1, -1},
+    };
+
+    for (const auto& one : cases) {
+        source.words = {"a", "b", "c", "d"};
+        table.reload();
+        table.keepPlace(2, 7.5, 3);
+        source.words = one.words;
+        table.reload();
+        EXPECT_EQ(table.keptPlace(), (TablePlace{one.topRow, 7.5, one.currentRow}))
+            << one.words.join(u' ').toStdString();
+    }
 }
 
 } // namespace giggle
