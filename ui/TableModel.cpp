@@ -51,4 +51,14 @@ void TableModel::removeRow(int row, const std::function<void()>& removeFromSourc
     emit headerTextChanged();
 }
 
+void TableModel::insertRow(int row, const std::function<void()>& insertIntoSource)
+{
+    beginInsertRows({}, row, row);
+    insertIntoSource();
+    ++m_count;
+    endInsertRows();
+    emit countChanged();
+    emit headerTextChanged();
+}
+
 } // namespace giggle

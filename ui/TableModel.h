@@ -42,6 +42,9 @@ public:
     /// Takes one row away. @p removeFromSource does so in the data source and changes nothing else.
     void removeRow(int row, const std::function<void()>& removeFromSource);
 
+    /// Puts one row in. @p insertIntoSource does so in the data source and changes nothing else.
+    void insertRow(int row, const std::function<void()>& insertIntoSource);
+
 signals:
     void headerTextChanged();
     void countChanged();
