@@ -18,6 +18,7 @@ constinit const ListSide CategorySide{
     .addTitle = u"Add Category",
     .editTitle = u"Edit Category",
     .fieldName = u"Category",
+    .deletedText = u"Category deleted",
     .hasSearch = false,
     .missingName = {}, // a first launch leaves some
     .addSegue = SegueId::AddCategory,
@@ -51,6 +52,7 @@ constinit const ListSide RatingSide{
     .addTitle = u"Add Rating",
     .editTitle = u"Edit Rating",
     .fieldName = u"Rating",
+    .deletedText = u"Rating deleted",
     .hasSearch = true,
     .missingName = u"The collection holds a rating without a name.",
     .addSegue = SegueId::AddRating,

@@ -30,6 +30,7 @@ struct ListSide {
     QStringView addTitle;
     QStringView editTitle;
     QStringView fieldName;
+    QStringView deletedText; ///< the name follows it
     /// @}
 
     /// Whether the list has a search; where it has none, a search text leaves the rows as they are.
