@@ -103,14 +103,26 @@ AppPage {
         name: page.title
         model: page.screen.JokeTableView
         delegate: NewMainListRow {
+            id: jokeRow
+
+            hasMenu: true
             actionText: qsTr("delete")
             onClicked: page.screen.selectRow(index)
             onActionTriggered: page.screen.deleteRow(index)
             onFavoriteTicked: checked => page.screen.checkBoxClicked(index, checked)
+            onCopyPressed: page.screen.copyRow(index)
+            onMenuRequested: (x, y) => rowMenu.openFor(jokeRow, x, y)
         }
         emptyTitle: page.emptyTexts[0]
         emptyHint: page.emptyTexts[1]
         emptyAction: page.isSearching || page.showsFavorites || !addButton.enabled ? "" : qsTr("Add Joke")
         onEmptyActionTriggered: page.screen.AddTapped()
+    }
+
+    JokeRowMenu {
+        id: rowMenu
+
+        owner: page
+        onCopyChosen: row => page.screen.copyRow(row)
     }
 }

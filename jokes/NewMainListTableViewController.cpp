@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "store/AppDelegate.h"
 #include "store/FatalError.h"
+#include "ui/DeletionUndo.h"
 #include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
 #include "ui/TextOutput.h"
@@ -118,9 +119,19 @@ void NewMainListTableViewController::deleteRow(int row)
 {
     if (!hasRow(row))
         return;
-    context().deleteObject(jokeAt(row));
+    Jokes& joke = jokeAt(row);
+    context().deleteObject(joke);
     environment().appDelegate.saveContext();
     removeFromListOnShow(row);
+    offerToTakeBackDeletion(
+        environment(), QStringLiteral("Joke deleted."), [this, &joke] { context().restore(joke); },
+        [this, &joke] { putBackOnLists(joke); });
+}
+
+void NewMainListTableViewController::copyRow(int row)
+{
+    if (hasRow(row))
+        copyText(environment(), textOrEmpty(jokeAt(row).joke()));
 }
 
 void NewMainListTableViewController::shareButtonClicked()

@@ -49,8 +49,12 @@ public slots:
     /// a row that the list does not have (any more) is none.
     void selectRow(int row);
 
-    /// The swipe action: deletes the row's joke from the collection. A failed save ends the program.
+    /// The swipe action: deletes the row's joke from the collection, and offers to undo that. A failed save
+    /// ends the program, so that nothing is offered then.
     void deleteRow(int row);
+
+    /// Puts the joke's text on the clipboard as it is stored.
+    void copyRow(int row);
 
     /// The row's check box was ticked or cleared, which the collection does not notice.
     void checkBoxClicked(int row, bool isChecked);

@@ -5,7 +5,9 @@
 #include "platform/InterfaceStyle.h"
 #include "platform/Platform.h"
 #include "store/AppDelegate.h"
+#include "store/RecordSorting.h"
 #include "store/TextSearch.h"
+#include "ui/DeletionUndo.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
 
@@ -67,6 +69,7 @@ void SegmentedJokeListController::fetch()
     m_jokeList.clear();
     const bool isFetched = loggingFailure([this] { m_jokeList = m_context.fetch(fetchRequest()); });
     m_filteredJokeList = m_jokeList;
+    m_isNarrowed = false;
     if (isFetched)
         jokesFetched();
     listOnShowChanged();
@@ -126,13 +129,19 @@ void SegmentedJokeListController::setSearchText(const QString& text)
 
 void SegmentedJokeListController::updateSearchResults()
 {
-    const auto mode = static_cast<std::size_t>(m_selectedSegment);
-    if (!isSearching())
+    m_isNarrowed = isSearching() && static_cast<std::size_t>(m_selectedSegment) < SearchedAttributes.size();
+    if (m_isNarrowed)
+        m_filteredJokeList = found(m_jokeList);
+    else if (!isSearching())
         m_filteredJokeList = m_jokeList;
-    else if (mode < SearchedAttributes.size())
-        m_filteredJokeList = TextSearch(m_searchText).filter(m_jokeList, SearchedAttributes[mode]);
     listOnShowChanged();
     m_table.reload();
+}
+
+auto SegmentedJokeListController::found(const JokeArray& source) const -> JokeArray
+{
+    const Attribute searched = SearchedAttributes.at(static_cast<std::size_t>(m_selectedSegment));
+    return TextSearch(m_searchText).filter(source, searched);
 }
 
 int SegmentedJokeListController::numberOfRows() const
@@ -151,6 +160,22 @@ void SegmentedJokeListController::removeFromListOnShow(int row)
         JokeArray& list = isSearching() ? m_filteredJokeList : m_jokeList;
         list.erase(list.begin() + row);
     });
+}
+
+void SegmentedJokeListController::putBackOnLists(Jokes& joke)
+{
+    const FetchRequest<Jokes> request = fetchRequest();
+    if (request.predicate && !request.predicate->matches(joke))
+        return;
+    const RecordSorter<Jokes> sorter(request.sortDescriptors);
+    const auto isBefore = [&](const Jokes* a, const Jokes* b) { return sorter.isBefore(a, b); };
+    // While a search is on, the row's list comes last: the header counts both.
+    const bool isShown = putBackInOrder(m_jokeList, joke, isBefore, isSearching() ? nullptr : &m_table);
+    const bool isFound = !m_isNarrowed || !found({&joke}).empty();
+    const bool isInSearch =
+        isFound && putBackInOrder(m_filteredJokeList, joke, isBefore, isSearching() ? &m_table : nullptr);
+    if (!isShown && !isInSearch)
+        m_table.redraw();
 }
 
 } // namespace giggle

@@ -107,6 +107,9 @@ protected:
     /// Takes a joke off the list on show alone, and its row off the table.
     void removeFromListOnShow(int row);
 
+    /// Takes a joke that was taken off back on the lists that it belongs to, and its row back on the table.
+    void putBackOnLists(Jokes& joke);
+
     [[nodiscard]] bool hasRow(int row) const { return row >= 0 && row < numberOfRows(); }
 
     [[nodiscard]] Jokes& jokeAt(int row) const { return *listOnShow()[static_cast<std::size_t>(row)]; }
@@ -121,10 +124,13 @@ private:
     [[nodiscard]] FetchRequest<Jokes> fetchRequest() const;
     void segmentedControlAction();
     void updateSearchResults();
+    /// The jokes of @p source that the search text finds, where it narrows the list at all.
+    [[nodiscard]] JokeArray found(const JokeArray& source) const;
 
     ManagedObjectContext& m_context;
     JokeArray m_jokeList;
     JokeArray m_filteredJokeList;
+    bool m_isNarrowed = false; // to what the search text finds; not after a fetch
     bool m_darkMode = false;
     std::optional<bool> m_sortAsc;
     ListDisplaySettings m_displaySettings;

@@ -68,10 +68,22 @@ AppPage {
         name: page.title
         model: page.breakdown.tableView
         delegate: NewMainListRow {
+            id: jokeRow
+
+            hasMenu: true
             onClicked: page.breakdown.selectRow(index)
             onFavoriteTicked: checked => page.breakdown.checkBoxClicked(index, checked)
+            onCopyPressed: page.breakdown.copyRow(index)
+            onMenuRequested: (x, y) => rowMenu.openFor(jokeRow, x, y)
         }
         emptyTitle: page.breakdown.searchText.length > 0 ? qsTr("Nothing found") : qsTr("No jokes left here")
         emptyHint: page.breakdown.searchText.length > 0 ? qsTr("Try fewer letters.") : qsTr("They have moved on: go back to find them.")
+    }
+
+    JokeRowMenu {
+        id: rowMenu
+
+        owner: page
+        onCopyChosen: row => page.breakdown.copyRow(row)
     }
 }

@@ -143,6 +143,12 @@ void BreakdownTableViewController::PrintJokes()
     printText(environment(), composeJokes(listOnShow()).attributedText());
 }
 
+void BreakdownTableViewController::copyRow(int row)
+{
+    if (hasRow(row))
+        copyText(environment(), textOrEmpty(jokeAt(row).joke()));
+}
+
 void BreakdownTableViewController::checkBoxClicked(int row, bool isChecked)
 {
     if (!hasRow(row))

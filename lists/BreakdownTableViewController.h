@@ -59,6 +59,9 @@ public slots:
     /// Prints the jokes on show.
     void PrintJokes();
 
+    /// Puts the joke's text on the clipboard as it is stored.
+    void copyRow(int row);
+
     /// The row's check box was ticked or cleared.
     void checkBoxClicked(int row, bool isChecked);
 

@@ -19,6 +19,7 @@ constinit const ListSide CategorySide{
     .editTitle = u"Edit Category",
     .fieldName = u"Category",
     .listPlace = u"categories",
+    .deletedText = u"Category deleted",
     .hasSearch = false,
     .missingName = {}, // a first launch leaves some
     .addSegue = SegueId::AddCategory,
@@ -54,6 +55,7 @@ constinit const ListSide RatingSide{
     .editTitle = u"Edit Rating",
     .fieldName = u"Rating",
     .listPlace = u"ratings",
+    .deletedText = u"Rating deleted",
     .hasSearch = true,
     .missingName = u"The collection holds a rating without a name.",
     .addSegue = SegueId::AddRating,

@@ -30,6 +30,7 @@ struct ListSide {
     QStringView addTitle;
     QStringView editTitle;
     QStringView fieldName;
+    QStringView deletedText; ///< the name follows it
     /// @}
 
     QStringView listPlace; ///< the list's name in SharedSelection::listPlaces

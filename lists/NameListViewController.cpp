@@ -4,6 +4,7 @@
 #include "store/AppDelegate.h"
 #include "store/NamedRecord.h"
 #include "store/TextSearch.h"
+#include "ui/DeletionUndo.h"
 #include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
 #include "ui/StoreCalls.h"
@@ -35,8 +36,7 @@ void NameListViewController::unwound(UnwindRoute)
 void NameListViewController::load()
 {
     m_list.clear();
-    const SortOrder order = sortAsc() ? SortOrder::Ascending : SortOrder::Descending;
-    loggingFailure([&] { m_list = side().records.sorted(context(), order); });
+    loggingFailure([this] { m_list = side().records.sorted(context(), order()); });
     for (const NamedRecord* record : m_list)
         static_cast<void>(side().nameOf(*record)); // ends the program where it must have one
 }
@@ -55,13 +55,18 @@ void NameListViewController::SortButtonTapped()
 void NameListViewController::updateSearchResults()
 {
     m_filteredList.clear();
-    if (isSearching()) {
-        const TextSearch search(searchText());
-        std::ranges::copy_if(m_list, std::back_inserter(m_filteredList), [&](const NamedRecord* record) {
-            const OptionalText name = side().nameOf(*record);
-            return name && search.isContainedIn(*name);
-        });
-    }
+    m_filteredOrder = order();
+    if (isSearching())
+        std::ranges::copy_if(m_list, std::back_inserter(m_filteredList),
+                             [search = TextSearch(searchText()), this](const NamedRecord* record) {
+                                 return isFound(search, *record);
+                             });
+}
+
+bool NameListViewController::isFound(const TextSearch& search, const NamedRecord& record) const
+{
+    const OptionalText name = side().nameOf(record);
+    return name && search.isContainedIn(*name);
 }
 
 QString NameListViewController::headerText() const
@@ -91,12 +96,41 @@ void NameListViewController::deleteRow(int row)
 {
     if (!hasRow(row))
         return;
-    side().records.remove(context(), recordInRow(row));
+    NamedRecord& record = recordInRow(row);
+    side().records.remove(context(), record);
     environment().appDelegate.saveContext();
     tableView()->removeRow(row, [this, row] {
         NameRecords::List& list = isSearching() ? m_filteredList : m_list;
         list.erase(list.begin() + row);
     });
+    offerToTakeBackDeletion(
+        environment(), deletedText(record), [this, &record] { side().records.restore(context(), record); },
+        [this, &record] { putBackOnLists(record); });
+}
+
+QString NameListViewController::deletedText(const NamedRecord& record) const
+{
+    constexpr int MostCharacters = 60;
+    const QString name = textOrEmpty(side().nameOf(record)).left(10 * MostCharacters).simplified();
+    const QString text = side().deletedText.toString();
+    if (name.isEmpty())
+        return text + u'.';
+    if (name.size() <= MostCharacters)
+        return text + QStringLiteral(": ") + name;
+    const int kept = MostCharacters - (name.at(MostCharacters - 1).isHighSurrogate() ? 1 : 0);
+    return text + QStringLiteral(": ") + name.left(kept) + u'\u2026';
+}
+
+void NameListViewController::putBackOnLists(NamedRecord& record)
+{
+    const auto isBefore = [this](SortOrder order) {
+        return [this, order](const NamedRecord* left, const NamedRecord* right) {
+            return side().records.isBefore(*left, *right, order);
+        };
+    };
+    putBackInOrder(m_list, record, isBefore(order()), isSearching() ? nullptr : tableView());
+    if (isSearching() && isFound(TextSearch(searchText()), record))
+        putBackInOrder(m_filteredList, record, isBefore(m_filteredOrder), tableView());
 }
 
 } // namespace giggle

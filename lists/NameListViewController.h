@@ -5,6 +5,8 @@
 
 namespace giggle {
 
+class TextSearch;
+
 /// The list of one side's names, in either direction, with a search where the side has one. What is done to a
 /// name here touches no joke.
 ///
@@ -62,7 +64,8 @@ public slots:
     /// (any more) is none.
     void selectRow(int row) override;
 
-    /// The swipe action: deletes the row's record from the collection. A failed save ends the program.
+    /// The swipe action: deletes the row's record from the collection, and offers to undo that. A failed save
+    /// ends the program, so that nothing is offered then.
     void deleteRow(int row);
 
 protected:
@@ -75,6 +78,12 @@ protected:
 
 private:
     void load();
+    void putBackOnLists(NamedRecord& record);
+    [[nodiscard]] bool isFound(const TextSearch& search, const NamedRecord& record) const;
+    /// What the offer to undo says.
+    [[nodiscard]] QString deletedText(const NamedRecord& record) const;
+
+    [[nodiscard]] SortOrder order() const { return sortAsc() ? SortOrder::Ascending : SortOrder::Descending; }
 
     [[nodiscard]] const NameRecords::List& listInUse() const
     {
@@ -88,6 +97,7 @@ private:
 
     NameRecords::List m_list;
     NameRecords::List m_filteredList;
+    SortOrder m_filteredOrder = SortOrder::Ascending;
 };
 
 } // namespace giggle

@@ -4,6 +4,9 @@
 #include "store/Category.h"
 #include "store/ManagedObjectContext.h"
 #include "store/Rating.h"
+#include "store/RecordSorting.h"
+
+#include <array>
 
 namespace giggle {
 
@@ -56,6 +59,14 @@ constexpr NameRecords recordsOf()
                       const std::string& name) { (static_cast<Record&>(record).*Name::set)(name); },
         .remove = [](ManagedObjectContext& context,
                      NamedRecord& record) { context.deleteObject(static_cast<Record&>(record)); },
+        .restore = [](ManagedObjectContext& context,
+                      NamedRecord& record) { context.restore(static_cast<Record&>(record)); },
+        .isBefore =
+            [](const NamedRecord& left, const NamedRecord& right, SortOrder order) {
+                const std::array descriptors{SortDescriptor<Record>{Name::key.key, order}};
+                return RecordSorter<Record>(descriptors)
+                    .isBefore(&static_cast<const Record&>(left), &static_cast<const Record&>(right));
+            },
     };
 }
 

@@ -29,6 +29,10 @@ struct NameRecords {
     NamedRecord& (*insert)(ManagedObjectContext& context);
     void (*setName)(NamedRecord& record, const std::string& name);
     void (*remove)(ManagedObjectContext& context, NamedRecord& record);
+    void (*restore)(ManagedObjectContext& context, NamedRecord& record);
+
+    /// Whether the order of sorted() has @p left before @p right.
+    bool (*isBefore)(const NamedRecord& left, const NamedRecord& right, SortOrder order);
 };
 
 extern const NameRecords CategoryRecords;

@@ -19,7 +19,7 @@ class InsertionKey {
 
 /// What every record has. Records are made and owned by their context and keep their address as long as it
 /// lives, also after deletion: a deleted record stays readable and keeps its last values, and setting one of
-/// its attributes does nothing.
+/// its attributes does nothing, until the context restores it.
 class ManagedObject {
 public:
     ManagedObject(InsertionKey, ManagedObjectContext& context, std::int64_t oid, std::uint32_t position)

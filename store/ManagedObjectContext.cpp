@@ -104,6 +104,15 @@ void ManagedObjectContext::deleteObject(Record& record)
     table<Record>().remove(record);
 }
 
+template <class Record>
+void ManagedObjectContext::restore(Record& record)
+{
+    if constexpr (std::is_same_v<Record, Jokes>)
+        if (record.isDeleted())
+            addToIndexes(record);
+    table<Record>().restore(record);
+}
+
 bool ManagedObjectContext::hasChanges() const
 {
     return m_jokes.hasChanges() || m_categories.hasChanges() || m_ratings.hasChanges();
@@ -223,6 +232,9 @@ template std::size_t ManagedObjectContext::count(const FetchRequest<Rating>&);
 template void ManagedObjectContext::deleteObject(Jokes&);
 template void ManagedObjectContext::deleteObject(Category&);
 template void ManagedObjectContext::deleteObject(Rating&);
+template void ManagedObjectContext::restore(Jokes&);
+template void ManagedObjectContext::restore(Category&);
+template void ManagedObjectContext::restore(Rating&);
 template RecordTable<Jokes>& ManagedObjectContext::table();
 template RecordTable<Category>& ManagedObjectContext::table();
 template RecordTable<Rating>& ManagedObjectContext::table();

@@ -56,6 +56,14 @@ public:
     template <class Record>
     void deleteObject(Record& record);
 
+    /// Takes a deletion back: the same object is a record again, with its values and its place in the order
+    /// of insertion, so that whatever holds it goes on with it. Before the deletion was saved that is no
+    /// change at all; afterwards the next save stores the row anew, under its old oid. Has another program
+    /// given that oid to a row of its own meanwhile, the save fails like every save over a foreign change.
+    /// Restoring a record that is not deleted changes nothing.
+    template <class Record>
+    void restore(Record& record);
+
     /// Whether a save would write anything: false again once every change has been taken back.
     [[nodiscard]] bool hasChanges() const;
 

@@ -70,6 +70,20 @@ void RecordTable<Record>::remove(Record& record)
 }
 
 template <class Record>
+void RecordTable<Record>::restore(Record& record)
+{
+    if (!record.m_isDeleted)
+        return;
+    // Without a pending change the store holds no such row: the record is as new.
+    const auto change = m_pending.try_emplace(&record).first;
+    record.m_isDeleted = false;
+    record.m_isPending = true;
+    forgetIfTakenBack(change);
+    m_liveIsCurrent = false;
+    noteChange(record, m_membershipStamp);
+}
+
+template <class Record>
 const typename RecordTable<Record>::Records& RecordTable<Record>::liveRecords()
 {
     if (!m_liveIsCurrent) {
@@ -87,7 +101,7 @@ void RecordTable<Record>::willChange(Record& record)
 {
     if (record.m_isPending)
         return;
-    m_pending.emplace(&record, PendingChange{record.m_values, false});
+    m_pending.emplace(&record, PendingChange{.saved = record.m_values});
     record.m_isPending = true;
 }
 
@@ -95,11 +109,17 @@ template <class Record>
 void RecordTable<Record>::didChange(Record& record, Attribute attribute)
 {
     noteChange(record, m_attributeStamps[static_cast<std::size_t>(attribute)]);
-    const auto change = m_pending.find(&record);
-    if (change->second.saved == record.m_values && !change->second.wasAttempted) {
-        m_pending.erase(change);
-        record.m_isPending = false;
-    }
+    forgetIfTakenBack(m_pending.find(&record));
+}
+
+template <class Record>
+void RecordTable<Record>::forgetIfTakenBack(typename PendingChanges::iterator change)
+{
+    const auto& [record, pending] = *change;
+    if (pending.saved != record->m_values || pending.wasAttempted)
+        return;
+    record->m_isPending = false;
+    m_pending.erase(change);
 }
 
 template <class Record>
@@ -115,6 +135,7 @@ void RecordTable<Record>::writeChanges(sqlite::Database& database)
     records.reserve(m_pending.size());
     for (auto& [record, change] : m_pending) {
         change.wasAttempted = true;
+        change.wasDeletionAttempted |= record->m_isDeleted;
         records.push_back(record);
     }
     std::ranges::sort(records, {}, &Record::oid);
@@ -170,7 +191,7 @@ bool RecordTable<Record>::mayBeAbsent(Record& record) const
     const auto change = m_pending.find(&record);
     if (change == m_pending.end())
         return record.m_isDeleted;
-    return !change->second.saved || (record.m_isDeleted && change->second.wasAttempted);
+    return !change->second.saved || change->second.wasDeletionAttempted;
 }
 
 template <class Record>

@@ -32,6 +32,7 @@ public:
 
     Record& insert();
     void remove(Record& record);
+    void restore(Record& record);
 
     /// Every record that is not deleted, in the order of insertion.
     [[nodiscard]] const Records& liveRecords();
@@ -73,7 +74,11 @@ private:
         /// A save that failed has tried to write the record. It may have reached the disk all the same, so
         /// that what the store holds is uncertain, and the record stays pending until a save succeeds.
         bool wasAttempted = false;
+        /// One of these has tried to delete it: its row may be gone.
+        bool wasDeletionAttempted = false;
     };
+
+    using PendingChanges = std::unordered_map<Record*, PendingChange>;
 
     /// A fetch result as it was when m_clock stood at `clock`.
     struct CachedFetch {
@@ -89,6 +94,8 @@ private:
     static constexpr std::size_t RememberedChanges = 64;
 
     Record& append(std::int64_t oid);
+    /// A change whose record is what the store is certain to hold is none.
+    void forgetIfTakenBack(typename PendingChanges::iterator change);
     /// Notes a change in the stamp of what it concerns.
     void noteChange(Record& record, std::uint64_t& stamp);
     /// When something changed last that the result of @p request depends on: who is there, and the attributes
@@ -108,7 +115,7 @@ private:
     bool m_liveIsCurrent = true;
     bool m_isLoaded = false;
     std::int64_t m_lastOid = 0;
-    std::unordered_map<Record*, PendingChange> m_pending;
+    PendingChanges m_pending;
 
     std::uint64_t m_clock = 0;                              // counts changes
     std::array<Record*, RememberedChanges> m_changedLast{}; // the change n at n modulo its size

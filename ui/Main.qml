@@ -17,6 +17,7 @@ ApplicationWindow {
     required property DocumentOpening documentOpening
     /// Something lies over the page and has the keyboard.
     readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen || printPanel.isShown || shortcutSheet.isShown
+    readonly property PassingNotices passing: navigation.passingNotices
 
     title: qsTr("Giggle Archives")
     width: 420
@@ -149,11 +150,41 @@ ApplicationWindow {
                 window.focusPage();
             }
         }
-        // It waits behind a notice: both together would leave little room for the page.
+        NoticeBar {
+            id: confirmation
+
+            width: parent.width
+            maximumHeight: window.height / 3
+            isPassing: true
+            isCovered: window.isCovered
+            text: window.passing.confirmation
+            onDismissed: window.passing.dismissConfirmation()
+        }
+        NoticeBar {
+            id: undoOffer
+
+            width: parent.width
+            maximumHeight: window.height / 3
+            isPassing: true
+            isCovered: window.isCovered
+            text: window.passing.undoOffer
+            actionText: qsTr("Undo")
+            onActed: {
+                window.passing.undo();
+                window.focusPage();
+            }
+            onDismissed: {
+                const hadFocus = hasFocus;
+                window.passing.withdrawUndoOffer();
+                if (hadFocus)
+                    window.focusPage();
+            }
+        }
+        // It waits behind the others: together they would leave little room for the page.
         NoticeBar {
             width: parent.width
             maximumHeight: window.height / 3
-            text: window.reviewInvitation.shown && !notice.visible ? qsTr("Do you enjoy Giggle Archives?") : ""
+            text: window.reviewInvitation.shown && !notice.visible && !confirmation.visible && !undoOffer.visible ? qsTr("Do you enjoy Giggle Archives?") : ""
             actionText: qsTr("Rate")
             onActed: {
                 window.reviewInvitation.rate();
@@ -164,6 +195,12 @@ ApplicationWindow {
                 window.focusPage();
             }
         }
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Z"
+        enabled: undoOffer.visible && !window.isCovered
+        onActivated: window.passing.undo()
     }
 
     AlertDialog {

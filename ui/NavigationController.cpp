@@ -36,6 +36,7 @@ void NavigationController::performSegue(SegueId segue)
 
 void NavigationController::push(Scene scene, std::optional<SegueId> openedBy)
 {
+    m_passingNotices.clear();
     Screen* screen = scene.screen.get();
     // A page must never hand the screen to the script engine's garbage collector.
     QQmlEngine::setObjectOwnership(screen, QQmlEngine::CppOwnership);
@@ -108,6 +109,7 @@ std::size_t NavigationController::lastUnsavedBetween(std::size_t target, std::si
 
 void NavigationController::popTo(std::size_t target)
 {
+    m_passingNotices.clear();
     const auto firstLeaving = m_stack.begin() + static_cast<std::ptrdiff_t>(target) + 1;
     const auto count = static_cast<int>(m_stack.end() - firstLeaving);
     std::move(firstLeaving, m_stack.end(), std::back_inserter(m_leaving));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/AlertContent.h"
+#include "ui/PassingNotices.h"
 #include "ui/SceneFactory.h"
 
 #include <QObject>
@@ -31,6 +32,7 @@ class NavigationController : public QObject, public Navigator {
     Q_PROPERTY(int depth READ depth NOTIFY depthChanged)
     Q_PROPERTY(giggle::AlertContent alert READ alert NOTIFY alertChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
+    Q_PROPERTY(giggle::PassingNotices* passingNotices READ passingNotices CONSTANT)
 
 public:
     /// @p scenes must outlive the controller; it is first asked by start().
@@ -47,6 +49,14 @@ public:
     /// A screen with unsaved changes ends the way back early.
     void unwind(UnwindRoute route) override;
     void present(Alert alert) override;
+
+    void confirm(const QString& text) override { m_passingNotices.confirm(text); }
+
+    void offerUndo(const QString& text, std::function<void()> undo) override
+    {
+        m_passingNotices.offerUndo(text, std::move(undo));
+    }
+
     void setNavigationBarHidden(bool hidden) override;
 
     [[nodiscard]] bool navigationBarHidden() const { return m_navigationBarHidden; }
@@ -61,6 +71,8 @@ public:
     [[nodiscard]] QString notice() const { return m_notice; }
 
     void setNotice(const QString& notice);
+
+    [[nodiscard]] PassingNotices* passingNotices() { return &m_passingNotices; }
 
     /// Opens the root screen; called once by the main window, when it can take pages.
     Q_INVOKABLE void start();
@@ -121,6 +133,7 @@ private:
     std::deque<Alert> m_alerts;
     bool m_isAlertShown = false;
     QString m_notice;
+    PassingNotices m_passingNotices;
 };
 
 } // namespace giggle

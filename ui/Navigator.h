@@ -4,7 +4,10 @@
 #include "ui/Alert.h"
 
 #include <QObject>
+#include <QString>
 #include <QtQml/qqmlregistration.h>
+
+#include <functional>
 
 namespace giggle {
 
@@ -71,6 +74,13 @@ public:
 
     /// Shows @p alert; alerts queue up behind one that is on show.
     virtual void present(Alert alert) = 0;
+
+    /// Says in passing that something was done.
+    virtual void confirm(const QString& text) = 0;
+
+    /// Says in passing what was just done, and calls @p undo if the user takes that back. The offer ends with
+    /// the next one, and before the current screen is left.
+    virtual void offerUndo(const QString& text, std::function<void()> undo) = 0;
 
     virtual void setNavigationBarHidden(bool hidden) = 0;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A message at the bottom of the window that stays until it is answered and keeps nobody from working on. It
-// is there while its text is not empty.
+// A message at the bottom of the window that keeps nobody from working on. It is there while its text is not
+// empty: until it is answered or, where it is said in passing, for some seconds, in which nobody is about to
+// answer it.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -13,6 +14,12 @@ Rectangle {
     property string actionText
     /// A longer text scrolls.
     property real maximumHeight: 200
+    /// It goes by itself, and `dismissed` tells when.
+    property bool isPassing: false
+    /// Something lies over the window: the time stands still.
+    property bool isCovered: false
+    /// The keyboard is on its button.
+    readonly property bool hasFocus: action.activeFocus
 
     /// The buttons then stand below the text.
     readonly property bool isNarrow: width - buttons.width < 10 * Theme.smallSize + 4 * Theme.unit
@@ -25,7 +32,23 @@ Rectangle {
     color: Theme.surface
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
+    Keys.onEscapePressed: event => {
+        event.accepted = isPassing;
+        if (isPassing)
+            dismissed();
+    }
 
+    Timer {
+        interval: bar.actionText.length > 0 ? 8000 : 4000
+        running: bar.isPassing && bar.visible && !bar.isCovered && !bar.hasFocus && !hover.hovered
+        onTriggered: bar.dismissed()
+    }
+    // A finger leaves no pointer behind.
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
     Rectangle {
         width: parent.width
         height: 1
@@ -65,11 +88,14 @@ Rectangle {
         spacing: Theme.unit
 
         AppButton {
+            id: action
+
             visible: bar.actionText.length > 0
             text: bar.actionText
             onClicked: bar.acted()
         }
         AppButton {
+            visible: !bar.isPassing
             text: qsTr("Dismiss")
             onClicked: bar.dismissed()
         }

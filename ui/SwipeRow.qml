@@ -3,7 +3,8 @@
 // when it is dragged to the left. What is put into it is drawn on the card; whoever uses it sets the height.
 //
 // clicked: the row was tapped, or Enter was pressed on it. spacePressed: Space was pressed on it.
-// actionTriggered: the uncovered action was pressed, or Delete on the row.
+// actionTriggered: the uncovered action was pressed, or Delete on the row. menuRequested: the row was held, or
+// pressed with the right button, at that place, or the Menu key was pressed on it. copyPressed: Ctrl+C was.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -18,6 +19,8 @@ Item {
     /// Without a text there is nothing to uncover.
     property string actionText
     property color cardColor: Theme.teal
+    /// Whether the last two signals are sent at all.
+    property bool hasMenu: false
     default property alias content: card.data
 
     readonly property ListView list: ListView.view as ListView
@@ -28,6 +31,8 @@ Item {
     signal clicked
     signal spacePressed
     signal actionTriggered
+    signal menuRequested(real x, real y)
+    signal copyPressed
 
     x: list ? (list.width - width) / 2 : 0
     width: list ? Math.min(list.width - 2 * Theme.unit, Theme.readableWidth) : 0
@@ -66,7 +71,12 @@ Item {
         fill: Theme.destructive
         ink: Theme.destructiveInk
         focusPolicy: Qt.NoFocus
-        onClicked: row.actionTriggered()
+        onClicked: {
+            // Ctrl+Z in the search field would take back what was typed.
+            if (row.list)
+                row.list.forceActiveFocus(Qt.MouseFocusReason);
+            row.actionTriggered();
+        }
     }
 
     Rectangle {
@@ -92,8 +102,27 @@ Item {
         MouseArea {
             id: touch
 
+            /// The press has opened the menu, and neither drags the row nor scrolls the list any more.
+            property bool isHeld: false
+
             anchors.fill: parent
-            onClicked: {
+            acceptedButtons: row.hasMenu ? Qt.LeftButton | Qt.RightButton : Qt.LeftButton
+            preventStealing: isHeld
+            onPressed: isHeld = false
+            onReleased: isHeld = false
+            onCanceled: isHeld = false
+            onPressAndHold: event => {
+                event.accepted = row.hasMenu && !row.isOpen; // else it is a click after all
+                if (event.accepted) {
+                    isHeld = true;
+                    row.openMenu(event.x, event.y);
+                }
+            }
+            onClicked: event => {
+                if (event.button === Qt.RightButton) {
+                    row.openMenu(event.x, event.y);
+                    return;
+                }
                 const wasOpen = row.isOpen || row.isAnotherOpen();
                 row.becomeCurrent();
                 if (row.list)
@@ -110,7 +139,7 @@ Item {
         id: drag
 
         target: card
-        enabled: row.actionText.length > 0
+        enabled: row.actionText.length > 0 && !touch.isHeld
         xAxis.minimum: -action.width
         xAxis.maximum: 0
         yAxis.enabled: false
@@ -125,6 +154,14 @@ Item {
     /// Covers the action again.
     function close() {
         card.x = 0;
+    }
+
+    function openMenu(x: real, y: real) {
+        close();
+        becomeCurrent();
+        if (list)
+            list.forceActiveFocus(Qt.MouseFocusReason);
+        menuRequested(x, y);
     }
 
     function becomeCurrent() {

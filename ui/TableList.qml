@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A table of rows that scrolls. Its delegate is a SwipeRow. Arrows, Home, End and the Page keys move the
-// current row; Enter, Space and Delete act on it. Rows that the user has replaced show from the top, a row that is
-// deleted fades out where it is; else the list stands where it was left. Without rows it shows the two texts
-// instead, and a button where there is a text for it, which sends `emptyActionTriggered`.
+// current row; Enter, Space and Delete act on it, the Menu key and Ctrl+C where it has a menu. Rows that the user
+// has replaced show from the top, a row that is deleted fades out where it is, and one that comes back is the
+// current one; else the list stands where it was left. Without rows it shows the two texts instead, and a button
+// where there is a text for it, which sends `emptyActionTriggered`.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -42,7 +43,18 @@ ListView {
             duration: Theme.animationTime
         }
     }
-    removeDisplaced: Transition {
+    removeDisplaced: Move {}
+    addDisplaced: Move {}
+    add: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.animationTime
+        }
+    }
+
+    component Move: Transition {
         NumberAnimation {
             property: "y"
             duration: Theme.animationTime
@@ -56,6 +68,9 @@ ListView {
         Accessible.ignored: true
     }
 
+    // The row that keys act on must not lie behind a bar at the bottom of the window.
+    onHeightChanged: if (showsFocus && currentIndex >= 0)
+        positionViewAtIndex(currentIndex, ListView.Contain)
     onMovementStarted: if (currentRow)
         currentRow.close()
     onActiveFocusChanged: if (!activeFocus)
@@ -74,7 +89,7 @@ ListView {
             return;
         }
         // A key that is held down goes on moving, but deletes or ticks one row only.
-        event.accepted = (event.isAutoRepeat ? isAction(event.key) : act(event.key)) || go(event.key);
+        event.accepted = (event.isAutoRepeat ? isAction(event.key) : act(event.key) || actOnText(event)) || go(event.key);
     }
 
     Connections {
@@ -88,6 +103,11 @@ ListView {
         function onRowsRemoved() {
             settling.restart();
         }
+        function onRowsInserted(parent, first) {
+            settling.restart();
+            arrival.row = first;
+            arrival.restart();
+        }
     }
 
     ListPlaceKeeper {
@@ -95,6 +115,18 @@ ListView {
 
         parent: list
         list: list
+    }
+    // The view itself may hear of a new row after us.
+    Timer {
+        id: arrival
+
+        property int row: -1
+
+        interval: 0
+        onTriggered: {
+            list.forceLayout();
+            list.show(row);
+        }
     }
     // The second press of a double one would hit the row that has moved up.
     MouseArea {
@@ -143,6 +175,13 @@ ListView {
         positionViewAtBeginning();
     }
 
+    /// Makes a row the current one where it can be seen.
+    function show(row: int) {
+        // In this order: the other way round the view may leave a hole above the rows.
+        positionViewAtIndex(row, ListView.Contain);
+        currentIndex = row;
+    }
+
     function isAction(key: int): bool {
         return key === Qt.Key_Return || key === Qt.Key_Enter || key === Qt.Key_Space || key === Qt.Key_Delete;
     }
@@ -172,6 +211,20 @@ ListView {
         }
     }
 
+    /// Lets a key act on the current row's text, where there is something to do with it.
+    function actOnText(event: KeyEvent): bool {
+        if (!currentRow?.hasMenu)
+            return false;
+        const isMenuKey = event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+        if (event.matches(StandardKey.Copy))
+            currentRow.copyPressed();
+        else if (isMenuKey)
+            currentRow.menuRequested(currentRow.width / 2, Math.min(currentRow.height / 2, 2 * Theme.touchTarget));
+        else
+            return false;
+        return true;
+    }
+
     /// Moves the current row by a key other than an arrow; false for a key that does not.
     function go(key: int): bool {
         const page = currentItem ? Math.max(1, Math.floor(height / (currentItem.height + spacing))) : 1;
@@ -184,9 +237,7 @@ ListView {
         if (count === 0 || !(key in targets))
             return false;
         const target = Math.max(0, Math.min(count - 1, targets[key]));
-        // In this order: the other way round the view may leave a hole above the rows.
-        positionViewAtIndex(target, ListView.Contain);
-        currentIndex = target;
+        show(target);
         return true;
     }
 }

@@ -80,4 +80,14 @@ int TableModel::rowOf(const RowAnchor& anchor) const
     return sameNumber;
 }
 
+void TableModel::insertRow(int row, const std::function<void()>& insertIntoSource)
+{
+    beginInsertRows({}, row, row);
+    insertIntoSource();
+    ++m_count;
+    endInsertRows();
+    emit countChanged();
+    emit headerTextChanged();
+}
+
 } // namespace giggle

@@ -43,6 +43,9 @@ public:
     /// Takes one row away. @p removeFromSource does so in the data source and changes nothing else.
     void removeRow(int row, const std::function<void()>& removeFromSource);
 
+    /// Puts one row in. @p insertIntoSource does so in the data source and changes nothing else.
+    void insertRow(int row, const std::function<void()>& insertIntoSource);
+
     /// @name Where the page's list was left
     /// A list stands where it was left when its rows are replaced behind the user's back, and when it is
     /// opened again. Its first row is looked for by what it shows; where that is gone the row's number

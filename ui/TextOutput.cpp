@@ -8,7 +8,9 @@
 #include "ui/MainQueue.h"
 #include "ui/Screen.h"
 
+#include <QClipboard>
 #include <QFile>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <utility>
@@ -33,6 +35,14 @@ void shareText(Screen& screen, ScreenEnvironment& environment, const std::functi
                      {QStringLiteral("Can't Send Text Message"),
                       QStringLiteral("Your device is not able to send text messages."),
                       {{QStringLiteral("OK"), {}}}});
+}
+
+void copyText(ScreenEnvironment& environment, const QString& text)
+{
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+    environment.navigator.confirm(text.isEmpty() ? QStringLiteral("There is no text to copy.")
+                                                 : QStringLiteral("Copied."));
 }
 
 void logPrintFailure(const PrintOutcome& outcome)

@@ -23,6 +23,9 @@ void presentLater(Screen& screen, ScreenEnvironment& environment, Alert alert);
 /// alert says so instead, later, and nothing is composed.
 void shareText(Screen& screen, ScreenEnvironment& environment, const std::function<QString()>& compose);
 
+/// Puts a joke's text on the clipboard, and says so in passing. An empty one leaves the clipboard as it is.
+void copyText(ScreenEnvironment& environment, const QString& text);
+
 /// What is done after printing where nothing else is wanted: a failure is logged.
 void logPrintFailure(const PrintOutcome& outcome);
 

@@ -2,6 +2,8 @@
 #include "checkbox/VaneCheckbox.h"
 #include "tests/interface/InterfaceFixture.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QTest>
 
@@ -130,6 +132,66 @@ TEST_F(MenuAndJokeList, SwipingARowUncoversDelete)
     waitFor(QAccessible::Heading, u"# Jokes = 2"_qs);
     EXPECT_EQ(storedJokes(), 2u);
     EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::ListItem, Pop); })) << "the row is still shown";
+}
+
+TEST_F(MenuAndJokeList, ADeletedRowComesBackByUndo)
+{
+    fill();
+    openWindow();
+    openList();
+    const QString offer = u"Joke deleted."_qs;
+    const auto deleteAndUndo = [&](Qt::Key wayToRow, const QString& row, const auto& undo) {
+        key(wayToRow);
+        key(Qt::Key_Delete);
+        waitFor(QAccessible::AlertMessage, offer);
+        ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::ListItem, row); }));
+        EXPECT_FALSE(find(QAccessible::Button, u"Dismiss"_qs));
+        undo();
+        ASSERT_TRUE(waitUntil([&] { return rows() == QStringList({Moo, Pop, HiHungry}); }));
+        EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::ListItem, row)->state().selected); }));
+        EXPECT_FALSE(find(QAccessible::AlertMessage, offer));
+        waitFor(QAccessible::Heading, u"# Jokes = 3"_qs);
+    };
+    deleteAndUndo(Qt::Key_Down, Pop, [&] { press(QAccessible::Button, u"Undo"_qs); });
+    deleteAndUndo(Qt::Key_End, HiHungry, [&] { key(Qt::Key_Z, Qt::ControlModifier); });
+    key(Qt::Key_Delete);
+    waitFor(QAccessible::AlertMessage, offer);
+    key(Qt::Key_Escape);
+    waitFor(QAccessible::Button, u"Menu"_qs);
+    EXPECT_FALSE(find(QAccessible::AlertMessage, offer));
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(storedJokes(), 2u);
+}
+
+TEST_F(MenuAndJokeList, TheRowsMenuCopiesItsTextAndHoldingItDoesNotOpenIt)
+{
+    fill();
+    openWindow();
+    openList();
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    clipboard.clear();
+    const auto copyByMenu = [&](const QString& text) {
+        press(QAccessible::MenuItem, u"Copy"_qs);
+        waitFor(QAccessible::AlertMessage, u"Copied."_qs);
+        EXPECT_EQ(clipboard.text(), text);
+        EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::MenuItem, u"Copy"_qs); }));
+    };
+    const QPoint pop = centerOf(waitFor(QAccessible::ListItem, Pop));
+    QTest::mousePress(&window(), Qt::LeftButton, {}, pop);
+    waitFor(QAccessible::MenuItem, u"Copy"_qs);
+    QTest::mouseMove(&window(), pop - QPoint(100, 60)); // neither a swipe nor scrolling any more
+    QTest::mouseRelease(&window(), Qt::LeftButton, {}, pop - QPoint(100, 60));
+    copyByMenu(u"Pop"_qs);
+    EXPECT_FALSE(find(QAccessible::Button, u"delete"_qs));
+    key(Qt::Key_Up);
+    key(Qt::Key_F10, Qt::ShiftModifier);
+    copyByMenu(u"Moo"_qs);
+    QTest::mouseClick(&window(), Qt::RightButton, {}, centerOf(waitFor(QAccessible::ListItem, HiHungry)));
+    copyByMenu(u"Hi Hungry"_qs);
+    key(Qt::Key_Up);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard.text(), u"Pop"_qs);
+    EXPECT_TRUE(find(QAccessible::List, u"Joke List"_qs)) << "a row has been opened";
 }
 
 TEST_F(MenuAndJokeList, TickingARowStoresNothing)

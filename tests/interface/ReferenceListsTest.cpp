@@ -75,6 +75,11 @@ protected:
             ->doAction(QAccessibleActionInterface::setFocusAction());
         key(Qt::Key_Delete);
         waitForRows(before + QStringList{u"Zoo"_qs});
+        waitFor(QAccessible::AlertMessage, field + u" deleted: Ape"_qs);
+        press(QAccessible::Button, u"Undo"_qs);
+        waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
+        key(Qt::Key_Delete); // it is the current one again
+        waitForRows(before + QStringList{u"Zoo"_qs});
         key(Qt::Key_Escape);
         waitForRest();
     }

@@ -220,6 +220,27 @@ TEST_P(NameScreensTest, DeletesOneRecordForGoodAndNoJoke)
                 ElementsAre("twin|twin"));
 }
 
+TEST_P(NameScreensTest, ADeletedNameComesBackWhereItWas)
+{
+    const std::string longName = std::string(59, 'x') + "\U0001F600y";
+    store({"twin", "a", "twin", longName});
+    list->viewDidLoad();
+    list->deleteRow(1);
+    list->SortButtonTapped();
+    list->deleteRow(0);
+    const QString deleted = side().texts.back() + QStringLiteral(" deleted: ");
+    EXPECT_EQ(navigator.undoOffer, deleted + QStringLiteral("x").repeated(59) + u'\u2026');
+    navigator.undo();
+    EXPECT_THAT(rows(), ElementsAre(longName, "twin", "a"));
+    list->deleteRow(1);
+    EXPECT_EQ(navigator.undoOffer, deleted + QStringLiteral("twin"));
+    list->SortButtonTapped();
+    navigator.undo();
+    EXPECT_THAT(rows(), ElementsAre("a", "twin", longName));
+    EXPECT_EQ(header(), side().header + u'3');
+    EXPECT_THAT(stored(), ElementsAre("a", "twin", longName));
+}
+
 TEST_P(NameScreensTest, AddStoresTheNameLessBlanksOrSaysWhyNot)
 {
     struct Case {
@@ -325,6 +346,9 @@ TEST_F(CategoryListTest, OneWithoutANameIsAnEmptyRowThatCanBeDeletedButNotRename
     EXPECT_THAT(stored(), ElementsAre("NULL", "a", "NULL"));
     list->deleteRow(0);
     EXPECT_THAT(stored(), ElementsAre("a", "NULL"));
+    EXPECT_EQ(navigator.undoOffer, QStringLiteral("Category deleted."));
+    navigator.undo();
+    EXPECT_THAT(stored(), ElementsAre("NULL", "a", "NULL"));
     add(QStringLiteral("a"));
     EXPECT_EQ(navigator.alerts.size(), 1u) << "the records without a name hide the others";
 }
@@ -365,6 +389,9 @@ TEST_F(RatingListTest, DeletingWhileSearchingLeavesTheWholeListAsItWas)
     list->viewDidLoad();
     list->setSearchText(QStringLiteral("mild"));
     list->SortButtonTapped(); // the search is not repeated
+    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
+    list->deleteRow(0);
+    navigator.undo();
     EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
     list->deleteRow(0);
     EXPECT_THAT(rows(), ElementsAre("Mild+"));

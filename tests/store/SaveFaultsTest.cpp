@@ -61,6 +61,7 @@ bool failSaveAt(int operation, Failing failing, Afterwards afterwards, const cha
     if (afterwards == Afterwards::TakeBackAndTryAgain) {
         changed.setJoke("before");
         context.deleteObject(inserted);
+        context.restore(deleted);
         after = liveRows(context);
     }
     if (afterwards != Afterwards::ProgramEnds) {

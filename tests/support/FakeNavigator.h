@@ -20,12 +20,23 @@ public:
 
     void present(Alert alert) override { alerts.push_back(std::move(alert)); }
 
+    void confirm(const QString& text) override { confirmed = text; }
+
+    void offerUndo(const QString& text, std::function<void()> newUndo) override
+    {
+        undoOffer = text;
+        undo = std::move(newUndo);
+    }
+
     void setNavigationBarHidden(bool hidden) override { navigationBarHidden = hidden; }
 
     std::set<SegueId> scenes;
     std::vector<SegueId> performed;
     std::vector<UnwindRoute> unwound;
     std::vector<Alert> alerts;
+    QString confirmed;
+    QString undoOffer; ///< the last one
+    std::function<void()> undo;
     std::optional<bool> navigationBarHidden; ///< nothing until a screen has said
 };
 

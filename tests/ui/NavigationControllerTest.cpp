@@ -235,6 +235,33 @@ TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
     navigation.alertAnswered(0);
 }
 
+TEST_F(NavigationControllerTest, AnOfferToUndoEndsWithTheNextOneAndWithItsScreen)
+{
+    openAll();
+    PassingNotices& notices = *navigation.passingNotices();
+    QSignalSpy changes(&notices, &PassingNotices::undoOfferChanged);
+    std::string undone;
+    const QString deleted = QStringLiteral("Joke deleted.");
+    for (const char* name : {"a", "b"})
+        navigation.offerUndo(deleted, [&undone, name] { undone += name; });
+    EXPECT_EQ(changes.count(), 3) << "the same words are not said twice unless they were gone";
+    notices.undo();
+    notices.undo();
+    EXPECT_EQ(undone, "b");
+    EXPECT_EQ(notices.undoOffer(), QString());
+
+    for (const auto& leave : {std::function<void()>([&] { navigation.performSegue(SegueId::JokeList); }),
+                              std::function<void()>([&] { navigation.back(); })}) {
+        navigation.confirm(QStringLiteral("Copied."));
+        navigation.offerUndo(deleted, [&] { undone = "too late"; });
+        EXPECT_EQ(notices.undoOffer(), deleted);
+        leave();
+        notices.undo();
+        EXPECT_EQ(notices.undoOffer() + notices.confirmation(), QString());
+    }
+    EXPECT_EQ(undone, "b");
+}
+
 TEST_F(NavigationControllerTest, APageThatCannotBeLoadedEndsTheProgram)
 {
     EXPECT_DEATH(

@@ -68,6 +68,17 @@ TEST_F(TableModelTest, RemovesOneRowWithoutAReset)
     EXPECT_EQ(table.headerText(), QStringLiteral("0"));
 }
 
+TEST_F(TableModelTest, PutsOneRowInWithoutAReset)
+{
+    QSignalSpy resets(&table, &TableModel::modelReset);
+    QSignalSpy headers(&table, &TableModel::headerTextChanged);
+    for (const int row : {0, 2, 6})
+        table.insertRow(row, [this, row] { source.words.insert(row, QStringLiteral("new")); });
+    EXPECT_EQ(shown(), QStringList({"new", "a", "new", "b", "c", "d", "new"}));
+    EXPECT_EQ(resets.count(), 0);
+    EXPECT_EQ(headers.count(), 3);
+}
+
 TEST_F(TableModelTest, RedrawingKeepsThePlaceAsLongAsTheRowsAreTheSame)
 {
     QSignalSpy resets(&table, &TableModel::modelReset);
