@@ -18,6 +18,7 @@ constinit const ListSide CategorySide{
     .addTitle = u"Add Category",
     .editTitle = u"Edit Category",
     .fieldName = u"Category",
+    .resultTexts = {u"No categories found", u"1 category", u"%1 categories"},
     .hasSearch = false,
     .missingName = {}, // a first launch leaves some
     .addSegue = SegueId::AddCategory,
@@ -51,6 +52,7 @@ constinit const ListSide RatingSide{
     .addTitle = u"Add Rating",
     .editTitle = u"Edit Rating",
     .fieldName = u"Rating",
+    .resultTexts = {u"No ratings found", u"1 rating", u"%1 ratings"},
     .hasSearch = true,
     .missingName = u"The collection holds a rating without a name.",
     .addSegue = SegueId::AddRating,
