@@ -30,7 +30,7 @@ QtObject {
     readonly property color accentText: dark ? focus : tint
     readonly property color focus: choose("#0a52c4", "#9cc2ff", "#003a9e", "#ffe94a")
 
-    // The same in both styles.
+    // The same in both styles; rows and headers also where the contrast is to be high.
     readonly property color buttonBorder: "#000000"
     readonly property color yellow: "#ffd60a"
     readonly property color teal: "#30b0c7"
@@ -38,7 +38,7 @@ QtObject {
     readonly property color brightInk: "#000000"
     readonly property color tint: "#0026a6"
     readonly property color tintInk: "#ffffff"
-    readonly property color destructive: "#c62828"
+    readonly property color destructive: highContrast ? "#8b0000" : "#c62828"
     readonly property color destructiveInk: "#ffffff"
     // A pure red would not reach a contrast of 4.5:1 on light grey.
     readonly property color headerBackground: "#d3d3d3"
