@@ -60,10 +60,8 @@ AppPage {
             enabled: page.screen.canPerform(Segues.AddJoke)
             onClicked: page.screen.AddTapped()
         }
-        TableTool {
-            objectName: "SortButton"
-            text: qsTr("Sort")
-            iconSource: Theme.icon("sort", false)
+        SortTool {
+            isAscending: page.screen.SortAsc
             borderWidth: 1
             onClicked: page.screen.SortJokesTapped()
         }

@@ -28,10 +28,8 @@ AppPage {
         searchText: page.breakdown.searchText
         onSearchTextChanged: page.breakdown.searchText = searchText
 
-        TableTool {
-            objectName: "SortButton"
-            text: qsTr("Sort")
-            iconSource: Theme.icon("sort", false)
+        SortTool {
+            isAscending: page.breakdown.SortAsc
             onClicked: page.breakdown.SortData()
         }
         TableTool {

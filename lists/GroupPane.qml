@@ -31,12 +31,11 @@ FocusScope {
         isActive: pane.isActive
         placeholderText: pane.screen.searchPlaceholder
         searchText: pane.screen.searchText
+        resultTexts: pane.screen.resultTexts
         onSearchTextChanged: pane.screen.searchText = searchText
 
-        TableTool {
-            objectName: "SortButton"
-            text: qsTr("Sort")
-            iconSource: Theme.icon("sort", false)
+        SortTool {
+            isAscending: pane.screen.SortAsc
             onClicked: pane.screen.SortData()
         }
     }

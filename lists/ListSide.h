@@ -8,6 +8,7 @@
 
 #include <QStringView>
 
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -34,6 +35,10 @@ struct ListSide {
     /// @}
 
     QStringView listPlace; ///< the list's name in SharedSelection::listPlaces
+
+    /// What a screen reader hears of a search that has found no name, one, and more; so it does on group
+    /// screens.
+    std::array<QStringView, 3> resultTexts;
 
     /// Whether the list has a search; where it has none, a search text leaves the rows as they are.
     bool hasSearch;

@@ -30,6 +30,7 @@ AppPage {
         hasSearch: page.controller.hasSearch
         placeholderText: page.controller.searchPlaceholder
         searchText: page.controller.searchText
+        resultTexts: page.controller.resultTexts
         onSearchTextChanged: page.controller.searchText = searchText
 
         TableTool {
@@ -40,10 +41,8 @@ AppPage {
             iconSource: Theme.icon("add", false)
             onClicked: page.controller.AddTapped()
         }
-        TableTool {
-            objectName: "SortButton"
-            text: qsTr("Sort")
-            iconSource: Theme.icon("sort", false)
+        SortTool {
+            isAscending: page.controller.SortAsc
             onClicked: page.controller.SortButtonTapped()
         }
     }

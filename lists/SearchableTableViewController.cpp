@@ -34,6 +34,14 @@ void SearchableTableViewController::setSearchText(const QString& text)
     m_tableView.reload();
 }
 
+QStringList SearchableTableViewController::resultTexts() const
+{
+    QStringList texts;
+    for (const QStringView text : side().resultTexts)
+        texts << text.toString();
+    return texts;
+}
+
 void SearchableTableViewController::SortData()
 {
     if (!m_sortAsc)

@@ -19,6 +19,7 @@ class SearchableTableViewController : public giggle::Screen, public TableDataSou
     Q_PROPERTY(bool hasSearch READ hasSearch CONSTANT)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(QString searchPlaceholder READ searchPlaceholder CONSTANT)
+    Q_PROPERTY(QStringList resultTexts READ resultTexts CONSTANT)
     Q_PROPERTY(bool SortAsc READ sortAsc NOTIFY sortAscChanged)
 
 public:
@@ -36,6 +37,9 @@ public:
     [[nodiscard]] virtual bool hasSearch() const { return true; }
 
     [[nodiscard]] virtual QString searchPlaceholder() const = 0;
+
+    /// What is said of a search among names that has found none, one, and more.
+    [[nodiscard]] QStringList resultTexts() const;
 
     [[nodiscard]] bool sortAsc() const { return m_sortAsc.value_or(false); }
 

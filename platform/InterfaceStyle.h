@@ -5,7 +5,8 @@
 
 namespace giggle {
 
-/// Whether the user wants light or dark screens. Lives in the main thread.
+/// Whether the user wants light or dark screens, strong colours, and things that stay still. Lives in the
+/// main thread.
 class InterfaceStyle : public QObject {
     Q_OBJECT
 
@@ -16,8 +17,14 @@ public:
     /// The style of this moment, at once and without asking anybody.
     virtual Style current() const = 0;
 
+    /// Whether texts and outlines are to stand out as much as they can. At once, as `current()`.
+    virtual bool hasHighContrast() const = 0;
+
+    /// Whether nothing is to slide or fade. At once, as `current()`.
+    virtual bool reducesMotion() const = 0;
+
 signals:
-    /// `current()` is another one than before. It may come shortly after the start, when the system answers.
+    /// One of these is another one than before. It may come shortly after the start, when the system answers.
     void changed();
 
 protected:

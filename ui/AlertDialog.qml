@@ -29,7 +29,9 @@ Dialog {
     padding: 2 * Theme.unit
 
     Component.onCompleted: {
+        // Both are read when the keyboard comes into the dialog.
         contentItem.parent.Accessible.name = Qt.binding(() => title);
+        contentItem.parent.Accessible.description = Qt.binding(() => message);
         follow();
     }
 
@@ -66,7 +68,7 @@ Dialog {
             width: dialog.availableWidth
             spacing: Theme.unit
 
-            Label {
+            Text {
                 width: texts.width
                 text: dialog.title
                 textFormat: Text.PlainText
@@ -75,6 +77,8 @@ Dialog {
                 font.bold: true
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
             }
             Label {
                 width: texts.width

@@ -45,7 +45,7 @@ Button {
             radius: Theme.radius
             color: control.down ? Qt.tint(control.fill, "#30808080") : Qt.rgba(control.fill.r, control.fill.g, control.fill.b, control.enabled ? control.fill.a : control.fill.a / 2)
             border.width: control.borderWidth
-            border.color: Theme.buttonBorder
+            border.color: Theme.outline
         }
         FocusRing {
             visible: control.visualFocus || control.alwaysShowsFocus && control.activeFocus

@@ -37,7 +37,7 @@ double systemTextScale()
 Appearance::Appearance(InterfaceStyle& interfaceStyle)
     : m_interfaceStyle(interfaceStyle), m_textScale(systemTextScale())
 {
-    connect(&interfaceStyle, &InterfaceStyle::changed, this, &Appearance::darkChanged);
+    connect(&interfaceStyle, &InterfaceStyle::changed, this, &Appearance::styleChanged);
     qGuiApp->installEventFilter(this);
     if (QScreen* screen = QGuiApplication::primaryScreen())
         connect(screen, &QScreen::logicalDotsPerInchChanged, this, &Appearance::updateTextScale);
@@ -46,6 +46,16 @@ Appearance::Appearance(InterfaceStyle& interfaceStyle)
 bool Appearance::dark() const
 {
     return m_interfaceStyle.current() == InterfaceStyle::Style::Dark;
+}
+
+bool Appearance::highContrast() const
+{
+    return m_interfaceStyle.hasHighContrast();
+}
+
+bool Appearance::reducesMotion() const
+{
+    return m_interfaceStyle.reducesMotion();
 }
 
 bool Appearance::eventFilter(QObject* watched, QEvent* event)

@@ -13,7 +13,9 @@ class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application makes the only one.")
-    Q_PROPERTY(bool dark READ dark NOTIFY darkChanged)
+    Q_PROPERTY(bool dark READ dark NOTIFY styleChanged)
+    Q_PROPERTY(bool highContrast READ highContrast NOTIFY styleChanged)
+    Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY styleChanged)
     Q_PROPERTY(double textScale READ textScale NOTIFY textScaleChanged)
 
 public:
@@ -21,6 +23,8 @@ public:
     explicit Appearance(InterfaceStyle& interfaceStyle);
 
     [[nodiscard]] bool dark() const;
+    [[nodiscard]] bool highContrast() const;
+    [[nodiscard]] bool reducesMotion() const;
 
     /// How large texts are drawn: 1 at the usual size of the system's font, at most 3. Smaller fonts do not
     /// shrink the texts.
@@ -29,7 +33,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
-    void darkChanged();
+    void styleChanged();
     void textScaleChanged();
 
 private:

@@ -5,9 +5,9 @@ import GiggleArchives
 
 Rectangle {
     anchors.fill: parent
-    anchors.margins: -3
-    radius: Theme.radius + 3
+    anchors.margins: -Theme.focusWidth
+    radius: Theme.radius + Theme.focusWidth
     color: "transparent"
-    border.width: 3
+    border.width: Theme.focusWidth
     border.color: Theme.focus
 }

@@ -54,7 +54,12 @@ FocusScope {
         selectByMouse: true
         Accessible.name: control.name
         Accessible.readOnly: control.readOnly
-        Accessible.onPressAction: if (enabled) control.pressed()
+        Accessible.onPressAction: {
+            if (!enabled)
+                return;
+            forceActiveFocus(Qt.OtherFocusReason);
+            control.pressed();
+        }
         onTextChanged: {
             control.edited(text);
             control.showBeginning();
@@ -69,7 +74,7 @@ FocusScope {
             radius: Theme.fieldRadius
             color: control.fill
             border.width: 1
-            border.color: control.borderColor
+            border.color: Theme.highContrast ? Theme.line : control.borderColor
 
             FocusRing {
                 radius: Theme.fieldRadius + 3

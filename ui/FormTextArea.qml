@@ -45,7 +45,7 @@ FocusScope {
         radius: Theme.fieldRadius
         color: control.fill
         border.width: 1
-        border.color: control.borderColor
+        border.color: Theme.highContrast ? Theme.line : control.borderColor
     }
     Flickable {
         id: scroller

@@ -83,7 +83,7 @@ FocusScope {
             font.bold: control.isBold
             horizontalAlignment: control.horizontalAlignment
             Accessible.role: Accessible.ListItem
-            Accessible.name: line
+            Accessible.name: line.trim().length > 0 ? line : qsTr("Empty line")
             ListView.onPooled: pooled = true
             ListView.onReused: pooled = false
         }

@@ -61,6 +61,16 @@ ApplicationWindow {
     }
     Binding {
         target: Theme
+        property: "highContrast"
+        value: window.appearance.highContrast
+    }
+    Binding {
+        target: Theme
+        property: "reducesMotion"
+        value: window.appearance.reducesMotion
+    }
+    Binding {
+        target: Theme
         property: "textScale"
         value: window.appearance.textScale
     }

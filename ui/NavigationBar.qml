@@ -42,6 +42,12 @@ Item {
         width: bar.titleView ? Math.min(room, wanted) : room - bar.sideWidth
         height: bar.titleView ? bar.titleView.height : heading.height
     }
+    // A screen reader hears the title also where something else stands in its place.
+    Item {
+        anchors.fill: middle
+        Accessible.role: Accessible.Heading
+        Accessible.name: bar.title
+    }
     Text {
         id: heading
 
@@ -57,8 +63,6 @@ Item {
         wrapMode: Text.Wrap
         maximumLineCount: 3
         elide: Text.ElideRight
-        Accessible.role: Accessible.Heading
-        Accessible.name: bar.title
     }
     Binding {
         target: bar.titleView

@@ -87,6 +87,7 @@ Rectangle {
         clip: true
         model: sheet.choices
         snapMode: ListView.SnapToItem
+        boundsBehavior: Theme.reducesMotion ? Flickable.StopAtBounds : Flickable.DragAndOvershootBounds
         highlightRangeMode: ListView.StrictlyEnforceRange
         preferredHighlightBegin: (height - sheet.rowHeight) / 2
         preferredHighlightEnd: preferredHighlightBegin + sheet.rowHeight
@@ -124,7 +125,7 @@ Rectangle {
             fontSizeMode: look ? Text.FixedSize : Text.Fit
             minimumPixelSize: Theme.smallSize
             color: look ? look.ink : isPicked ? Theme.accentText : Theme.text
-            opacity: look ? 1 : 1 - Math.min(0.6, Math.abs(index - wheel.currentIndex) * 0.2)
+            opacity: look || Theme.highContrast ? 1 : 1 - Math.min(0.25, Math.abs(index - wheel.currentIndex) * 0.15)
             font.family: look ? look.font.family : Qt.application.font.family
             font.bold: !look
             font.pixelSize: look ? Theme.jokeSize(look.font.pixelSize) : Theme.bodySize

@@ -184,14 +184,16 @@ Dialog {
 
                 background: Rectangle {
                     radius: height / 2
-                    color: Theme.headerBackground
+                    color: Theme.surface
+                    border.width: 1
+                    border.color: Theme.mutedText
                 }
                 contentItem: Item {
                     Rectangle {
                         width: bar.visualPosition * parent.width
                         height: parent.height
                         radius: height / 2
-                        color: Theme.teal
+                        color: Theme.focus
                     }
                 }
             }

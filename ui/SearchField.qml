@@ -30,7 +30,7 @@ TextField {
         radius: Theme.fieldRadius
         color: Theme.surface
         border.width: Theme.borderWidth
-        border.color: control.borderColor
+        border.color: Theme.highContrast ? Theme.line : control.borderColor
 
         Image {
             x: Theme.unit

@@ -19,6 +19,9 @@ GridLayout {
     property alias searchText: searchBar.text
     property alias searchBorderColor: searchBar.borderColor
     default property alias tools: toolBox.data
+    /// What a screen reader hears of a search that has found nothing, one row, and more.
+    property list<string> resultTexts: [qsTr("No jokes found"), qsTr("1 joke"), qsTr("%1 jokes")]
+    readonly property TableList table: searched as TableList
 
     anchors.horizontalCenter: parent ? parent.horizontalCenter : undefined
     width: parent ? Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth) : 0
@@ -46,5 +49,35 @@ GridLayout {
         Layout.fillWidth: true
         visible: bar.hasSearch
         Keys.onDownPressed: bar.searched.forceActiveFocus(Qt.TabFocusReason)
+        onTextChanged: bar.announceSoon()
+
+        Announcement {
+            id: result
+        }
+    }
+    Connections {
+        target: bar.table
+
+        function onCountChanged() {
+            bar.announceSoon();
+        }
+    }
+    // Who is still typing is not told of every letter.
+    Timer {
+        id: pause
+
+        interval: 500
+        onTriggered: {
+            const count = bar.table?.count ?? 0;
+            result.text = bar.resultTexts[Math.min(count, 2)].replace("%1", count);
+        }
+    }
+
+    function announceSoon() {
+        result.text = "";
+        if (isActive && searchText.length > 0)
+            pause.restart();
+        else
+            pause.stop();
     }
 }

@@ -65,7 +65,7 @@ Dialog {
             width: dialog.availableWidth
             spacing: Theme.unit
 
-            Label {
+            Text {
                 width: list.width
                 bottomPadding: Theme.unit
                 text: dialog.title
@@ -75,6 +75,7 @@ Dialog {
                 font.bold: true
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.role: Accessible.Heading
+                Accessible.name: text
             }
             Repeater {
                 id: rows

@@ -99,6 +99,8 @@ FocusScope {
         focusPolicy: Qt.NoFocus // Up and Down do the same
         autoRepeat: true
         Accessible.name: text
+        Accessible.description: enabled ? "" : qsTr("unavailable")
+        Accessible.onPressAction: if (enabled) clicked()
 
         background: Rectangle {
             radius: Theme.fieldRadius

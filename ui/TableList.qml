@@ -35,7 +35,7 @@ ListView {
     preferredHighlightEnd: height - Theme.unit
     highlightMoveDuration: 0
     highlightResizeDuration: 0
-    boundsBehavior: Flickable.DragAndOvershootBounds
+    boundsBehavior: Theme.reducesMotion ? Flickable.StopAtBounds : Flickable.DragAndOvershootBounds
     remove: Transition {
         NumberAnimation {
             property: "opacity"

@@ -15,8 +15,25 @@ namespace {
 const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
-const QString Group = QStringLiteral("org.freedesktop.appearance");
-const QString Key = QStringLiteral("color-scheme");
+const QString Appearance = QStringLiteral("org.freedesktop.appearance");
+const QString Desktop = QStringLiteral("org.gnome.desktop.interface");
+const QString Accessibility = QStringLiteral("org.gnome.desktop.a11y.interface");
+const QString ColorScheme = QStringLiteral("color-scheme");
+const QString Contrast = QStringLiteral("contrast");
+const QString ReducedMotion = QStringLiteral("reduced-motion");
+const QString Animations = QStringLiteral("enable-animations");
+const QString HighContrast = QStringLiteral("high-contrast");
+
+struct Setting {
+    const QString& group;
+    const QString& key;
+};
+
+const Setting Settings[] = {{Appearance, ColorScheme},
+                            {Appearance, Contrast},
+                            {Appearance, ReducedMotion},
+                            {Desktop, Animations},
+                            {Accessibility, HighContrast}};
 
 InterfaceStyle::Style styleOfPalette()
 {
@@ -36,36 +53,56 @@ PortalInterfaceStyle::PortalInterfaceStyle(QDBusConnection bus, QObject* parent)
         // Listening comes first, so that no change between the answer and the connection is lost.
         bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,
                     SLOT(settingChanged(QString, QString, QDBusVariant)));
-        readScheme(bus);
+        for (const Setting& setting : Settings)
+            read(bus, setting.group, setting.key);
     }
 }
 
-void PortalInterfaceStyle::readScheme(QDBusConnection& bus)
+void PortalInterfaceStyle::read(QDBusConnection& bus, const QString& group, const QString& key)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("Read"));
-    message.setArguments({Group, Key});
+    message.setArguments({group, key});
     auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, group, key] {
         const QDBusPendingReply<QDBusVariant> reply = *watcher;
         if (reply.isValid())
-            takeScheme(reply.value().variant());
+            take(group, key, reply.value().variant());
         watcher->deleteLater();
     });
 }
 
 void PortalInterfaceStyle::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group == Group && key == Key)
-        takeScheme(value.variant());
+    take(group, key, value.variant());
 }
 
-void PortalInterfaceStyle::takeScheme(const QVariant& value)
+void PortalInterfaceStyle::take(const QString& group, const QString& key, const QVariant& value)
 {
     // `Read` wraps its answer in one variant more than the signal does.
-    QVariant scheme = value;
-    while (scheme.userType() == qMetaTypeId<QDBusVariant>())
-        scheme = scheme.value<QDBusVariant>().variant();
-    switch (scheme.toUInt()) {
+    QVariant plain = value;
+    while (plain.userType() == qMetaTypeId<QDBusVariant>())
+        plain = plain.value<QDBusVariant>().variant();
+    const auto is = [&](const QString& otherGroup, const QString& otherKey) {
+        return group == otherGroup && key == otherKey;
+    };
+    const bool before[] = {hasHighContrast(), reducesMotion()};
+    if (is(Appearance, ColorScheme))
+        takeScheme(plain.toUInt());
+    else if (is(Appearance, Contrast))
+        m_wantsContrast = plain.toUInt() == 1;
+    else if (is(Appearance, ReducedMotion))
+        m_wantsStillness = plain.toUInt() == 1;
+    else if (is(Desktop, Animations))
+        m_hasNoAnimations = plain.metaType() == QMetaType::fromType<bool>() && !plain.toBool();
+    else if (is(Accessibility, HighContrast))
+        m_hasContrastTheme = plain.toBool();
+    if (before[0] != hasHighContrast() || before[1] != reducesMotion())
+        emit changed();
+}
+
+void PortalInterfaceStyle::takeScheme(uint scheme)
+{
+    switch (scheme) {
     case 1:
         m_scheme = Style::Dark;
         break;

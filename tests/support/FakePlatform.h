@@ -30,13 +30,26 @@ public:
 
     Style current() const override { return m_style; }
 
+    bool hasHighContrast() const override { return m_hasHighContrast; }
+
+    bool reducesMotion() const override { return m_reducesMotion; }
+
     void change(Style style)
     {
         m_style = style;
         emit changed();
     }
 
+    void change(bool hasHighContrast, bool reducesMotion)
+    {
+        m_hasHighContrast = hasHighContrast;
+        m_reducesMotion = reducesMotion;
+        emit changed();
+    }
+
 private:
+    bool m_hasHighContrast = false;
+    bool m_reducesMotion = false;
     Style m_style = Style::Light;
 };
 

@@ -24,13 +24,20 @@ TEST(AppearanceTest, FollowsTheInterfaceStyle)
 {
     FakeInterfaceStyle style;
     const Appearance appearance(style);
-    QSignalSpy changes(&appearance, &Appearance::darkChanged);
+    QSignalSpy changes(&appearance, &Appearance::styleChanged);
     EXPECT_FALSE(appearance.dark());
     style.change(InterfaceStyle::Style::Dark);
     EXPECT_TRUE(appearance.dark());
     style.change(InterfaceStyle::Style::Unspecified);
     EXPECT_FALSE(appearance.dark());
     EXPECT_EQ(changes.count(), 2);
+    style.change(true, false);
+    EXPECT_TRUE(appearance.highContrast());
+    EXPECT_FALSE(appearance.reducesMotion());
+    style.change(false, true);
+    EXPECT_FALSE(appearance.highContrast());
+    EXPECT_TRUE(appearance.reducesMotion());
+    EXPECT_EQ(changes.count(), 4);
 }
 
 TEST(AppearanceTest, FollowsTheSystemsFont)
