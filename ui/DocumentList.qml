@@ -35,6 +35,7 @@ Rectangle {
 
         /// The folder that the user has come from, to be found again after going up.
         property url cameFrom
+        property url shown
 
         anchors.fill: parent
         anchors.margins: Theme.unit / 2
@@ -54,6 +55,7 @@ Rectangle {
         ScrollBar.vertical: ScrollBar {
             Accessible.ignored: true
         }
+        Component.onCompleted: shown = frame.picker.folder
         Keys.onPressed: event => event.accepted = act(event) || go(event.key)
 
         delegate: DocumentRow {
@@ -133,12 +135,10 @@ Rectangle {
     Connections {
         target: frame.picker
 
-        property url before
-
         function onFolderChanged() {
             settling.restart();
-            list.cameFrom = before;
-            before = frame.picker.folder;
+            list.cameFrom = list.shown;
+            list.shown = frame.picker.folder;
         }
     }
 
