@@ -3,6 +3,8 @@
 #include "tests/lists/SideFixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QClipboard>
+#include <QGuiApplication>
 
 #include <gmock/gmock.h>
 
@@ -164,6 +166,9 @@ TEST_P(BreakdownTest, ARowHandsItsJokeToTheEditor)
     EXPECT_EQ(selection.SelectedCategory, QStringLiteral("X"));
     EXPECT_EQ(selection.SelectedFavorite, QStringLiteral("kept"));
     EXPECT_EQ(selection.SelectedRating, side().name == &JokeValues::rating ? QStringLiteral("X") : QString());
+    breakdown->copyRow(1);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("It's"));
+    EXPECT_EQ(navigator.confirmed, QStringLiteral("Copied."));
     breakdown->selectRow(0); // without a text
     EXPECT_EQ(selection.SelectedJokeText, QStringLiteral("It's"));
 }
