@@ -19,8 +19,8 @@ SwipeRow {
     height: cell.hasContent ? last.y + last.height + Theme.unit : Theme.touchTarget
     onSpacePressed: if (favoriteBox.visible)
         favoriteBox.toggle()
-    onCellChanged: showFavorite()
-    Component.onCompleted: showFavorite()
+    onCellChanged: showCell()
+    Component.onCompleted: showCell()
 
     Text {
         id: category
@@ -57,14 +57,11 @@ SwipeRow {
         x: row.margin
         y: category.y + category.height
         width: row.width - 2 * row.margin
-        // The line feed behind the text is no empty line to look at.
-        text: row.cell.JokeLabel.replace(/\n$/, "")
         textFormat: Text.PlainText
         color: row.cell.hasTextColor ? row.cell.textColor : Theme.brightInk
         font.family: row.cell.fontFamily
         font.pixelSize: Theme.jokeSize(row.cell.fontPixelSize)
         horizontalAlignment: Text.AlignHCenter
-        wrapMode: row.cell.hasLongWord ? Text.WrapAnywhere : Text.Wrap
     }
     Text {
         id: rating
@@ -79,6 +76,18 @@ SwipeRow {
         wrapMode: Text.Wrap
         maximumLineCount: 3
         elide: Text.ElideRight
+    }
+
+    function showCell() {
+        const wrapMode = cell.hasLongWord ? Text.WrapAnywhere : Text.Wrap;
+        // Never a text with the mode that was meant for the last one: that could take a minute.
+        if (joke.wrapMode !== wrapMode) {
+            joke.text = "";
+            joke.wrapMode = wrapMode;
+        }
+        // The line feed behind the text is no empty line to look at.
+        joke.text = cell.JokeLabel.replace(/\n$/, "");
+        showFavorite();
     }
 
     /// Animated where the user can follow it: a row that comes into view is not seen yet while it is filled.

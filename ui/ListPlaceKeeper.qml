@@ -48,8 +48,16 @@ Item {
             keeper.keep()
     }
 
+    // The view has to take in the rows first.
+    Timer {
+        id: restoring
+
+        interval: 0
+        onTriggered: keeper.restore()
+    }
+
     function keep() {
-        const top = isPlaced ? firstRowInSight() : -1;
+        const top = isPlaced && !restoring.running ? firstRowInSight() : -1;
         if (table && top >= 0)
             table.keepPlace(top, list.contentY - list.itemAtIndex(top).y, list.currentIndex);
     }
@@ -62,9 +70,8 @@ Item {
         restoreSoon();
     }
 
-    /// The view has to take in the rows first.
     function restoreSoon() {
-        Qt.callLater(restore);
+        restoring.restart();
     }
 
     function restore() {
@@ -73,7 +80,10 @@ Item {
             return;
         moveTo(kept.topRow, kept.offset);
         const next = Math.min(list.count - 1, kept.offset > 0 ? kept.topRow + 1 : kept.topRow);
-        list.currentIndex = isInSight(list.itemAtIndex(kept.currentRow)) ? kept.currentRow : next;
+        const current = isInSight(list.itemAtIndex(kept.currentRow)) ? kept.currentRow : next;
+        if (current === list.currentIndex)
+            return;
+        list.currentIndex = current;
         // The view follows a new current row for as long as it is not moved otherwise.
         moveTo(kept.topRow, kept.offset);
     }
