@@ -43,6 +43,7 @@ Rectangle {
         focus: true
         clip: true
         reuseItems: true
+        cacheBuffer: 0 // a row that is being made ahead of time would not survive a change of folder
         activeFocusOnTab: true
         keyNavigationEnabled: true
         highlightMoveDuration: 0
