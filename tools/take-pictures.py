@@ -42,7 +42,7 @@ def within_displays(wanted):
             display = ["xvfb-run", "-a", "-s", f"-screen 0 {size}x24"]
             this = [SYSTEM_PYTHON, __file__, "--style", style, "--folder", folder, "--executable", wanted.executable]
             this += ["--text-size", str(wanted.text_size)]
-            subprocess.run(["dbus-run-session", "--", *display, *this], check=True, stderr=subprocess.DEVNULL)
+            subprocess.run(["dbus-run-session", "--", *display, *this], check=True)
             pictures = list(folder.glob("*.png"))
             print(f"{folder}: {len(pictures)} pictures, {sum(p.stat().st_size for p in pictures) >> 10} KiB", flush=True)
 
@@ -188,8 +188,9 @@ def take_all(wanted):
         if not name:
             return
         wait(0.4)  # until it is drawn
-        picture = wanted.folder / f"{name}.png"
-        subprocess.run(["import", "-window", "root", "-colors", "64", "-define", "png:compression-level=9", picture], check=True)
+        small = ["+dither", "-colors", "64", "-define", "png:compression-level=9"]
+        picture = f"PNG8:{wanted.folder}/{name}.png"
+        subprocess.run(["import", "-window", "root", *small, picture], check=True)
 
     text = {"QT_FONT_DPI": str(round(96 * wanted.text_size)), "QT_ENABLE_HIGHDPI_SCALING": "0"}
     with tempfile.TemporaryDirectory() as home:

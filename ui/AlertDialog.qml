@@ -26,7 +26,7 @@ Dialog {
     modal: true
     focus: true
     closePolicy: Popup.NoAutoClose
-    padding: 2 * Theme.unit
+    padding: (Theme.textScale > 1.5 ? 1 : 2) * Theme.unit // long words need the room
 
     Component.onCompleted: {
         // Both are read when the keyboard comes into the dialog.

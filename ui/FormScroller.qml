@@ -45,6 +45,7 @@ Flickable {
         width: Math.min(scroller.width - 4 * Theme.unit, Theme.readableWidth)
         height: scroller.contentHeight - 2 * y
         spacing: Theme.unit
+        onChildrenRectChanged: scroller.showFocus() // what has the keyboard gets its place later than the keyboard
     }
 
     function dismissKeyboard() {

@@ -34,13 +34,19 @@ def has_state(item, state):
     return item.get_state_set().contains(state)
 
 
+def is_there(item):
+    """Whether it shows, or would if it were scrolled into the window."""
+    return has_state(item, Atspi.StateType.SHOWING) or item.get_extents(Atspi.CoordType.SCREEN).width > 0
+
+
 def showing(item):
-    """What shows below an accessible, parents first."""
-    for i in range(item.get_child_count()):
-        child = item.get_child_at_index(i)
-        if child is not None and has_state(child, Atspi.StateType.SHOWING):
-            yield child
-            yield from showing(child)
+    """What shows below an accessible, parents first; what has scrolled out of sight as well."""
+    with contextlib.suppress(GLib.GError):  # what goes away meanwhile does not answer
+        for i in range(item.get_child_count()):
+            child = item.get_child_at_index(i)
+            if child is not None and is_there(child):
+                yield child
+                yield from showing(child)
 
 
 class Application:
@@ -86,7 +92,7 @@ class Application:
 
     def look(self, role, name=None, within=None):
         """The first that shows with this role and name, or None."""
-        with contextlib.suppress(GLib.GError):  # what goes away meanwhile does not answer
+        with contextlib.suppress(GLib.GError):
             for item in showing(within or self.root):
                 if item.get_role() == role and (name is None or item.get_name() == name):
                     return item
@@ -129,9 +135,9 @@ class Application:
     def _await(self, condition, failure):
         end = time.monotonic() + PATIENCE_SECONDS
         while time.monotonic() < end:
-            result = condition()
-            if result:
-                return result
+            with contextlib.suppress(GLib.GError):
+                if result := condition():
+                    return result
             wait(0.03)
         raise Missing(failure)
 

@@ -93,16 +93,16 @@ TEST_F(PortalInterfaceStyleTest, FollowsThePortal)
     EXPECT_TRUE(spinUntil([&] { return style.current() == Style::Dark; }));
 
     const QString scheme = QStringLiteral("color-scheme");
-    portal.change(QStringLiteral("accent-color"), 2);
-    portal.change(scheme, 1);
-    portal.change(scheme, 2);
+    portal.change(QStringLiteral("accent-color"), 2U);
+    portal.change(scheme, 1U);
+    portal.change(scheme, 2U);
     EXPECT_TRUE(spinUntil([&] { return style.current() == Style::Light; }));
     EXPECT_EQ(changes, 2);
 
     // Without a preference the palette decides; with one it does not.
     setPaletteDark(true);
     EXPECT_EQ(style.current(), Style::Light);
-    portal.change(scheme, 0);
+    portal.change(scheme, 0U);
     EXPECT_TRUE(spinUntil([&] { return style.current() == Style::Dark; }));
 }
 
