@@ -4,9 +4,9 @@
 #include "tests/platform/PrivateBus.h"
 #include "tests/platform/SpinUntil.h"
 
-#include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPalette>
@@ -19,52 +19,42 @@ namespace {
 
 using Style = InterfaceStyle::Style;
 
-constexpr const char* Path = "/org/freedesktop/portal/desktop";
-constexpr const char* Interface = "org.freedesktop.portal.Settings";
+const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString Group = QStringLiteral("org.freedesktop.appearance");
 
-} // namespace
-
-/// The settings portal of a desktop with one setting.
-class FakePortal : public QObject, protected QDBusContext {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
-
+/// The settings portal of a desktop that prefers dark windows.
+class FakePortal : public QDBusVirtualObject {
 public:
-    FakePortal(QDBusConnection bus, uint scheme) : m_bus(std::move(bus)), m_scheme(scheme)
+    explicit FakePortal(QDBusConnection bus) : m_bus(std::move(bus))
     {
-        m_bus.registerObject(QString::fromUtf8(Path), this, QDBusConnection::ExportAllSlots);
+        m_bus.registerVirtualObject(Path, this);
         m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+    }
+
+    QString introspect(const QString&) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
+    {
+        const QVariant dark = QVariant::fromValue(QDBusVariant(1U));
+        if (message.interface() == Interface && message.member() == QStringLiteral("Read") &&
+            message.arguments() == QVariantList{Group, QStringLiteral("color-scheme")} && !m_silent)
+            m_bus.send(message.createReply(QVariant::fromValue(QDBusVariant(dark))));
+        return true;
     }
 
     void change(const QString& key, uint scheme)
     {
-        QDBusMessage signal = QDBusMessage::createSignal(
-            QString::fromUtf8(Path), QString::fromUtf8(Interface), QStringLiteral("SettingChanged"));
-        signal.setArguments(
-            {QStringLiteral("org.freedesktop.appearance"), key, QVariant::fromValue(QDBusVariant(scheme))});
+        QDBusMessage signal = QDBusMessage::createSignal(Path, Interface, QStringLiteral("SettingChanged"));
+        signal.setArguments({Group, key, QVariant::fromValue(QDBusVariant(scheme))});
         m_bus.send(signal);
     }
 
     bool m_silent = false;
 
-public slots:
-
-    QDBusVariant Read(const QString& group, const QString& key)
-    {
-        if (m_silent)
-            setDelayedReply(true);
-        else if (group != QStringLiteral("org.freedesktop.appearance") ||
-                 key != QStringLiteral("color-scheme"))
-            sendErrorReply(QStringLiteral("org.freedesktop.portal.Error.NotFound"));
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(m_scheme)));
-    }
-
 private:
     QDBusConnection m_bus;
-    uint m_scheme;
 };
-
-namespace {
 
 class PortalInterfaceStyleTest : public testing::Test {
 protected:
@@ -85,7 +75,7 @@ protected:
 
 TEST_F(PortalInterfaceStyleTest, FollowsThePortal)
 {
-    FakePortal portal(m_bus.connect(), 1);
+    FakePortal portal(m_bus.connect());
     PortalInterfaceStyle style(m_bus.connect());
     int changes = 0;
     QObject::connect(&style, &InterfaceStyle::changed, [&changes] { ++changes; });
@@ -120,7 +110,7 @@ TEST_F(PortalInterfaceStyleTest, WithoutAPortalThePaletteDecides)
 
 TEST_F(PortalInterfaceStyleTest, SilentPortalDelaysNothing)
 {
-    FakePortal portal(m_bus.connect(), 1);
+    FakePortal portal(m_bus.connect());
     portal.m_silent = true;
     QElapsedTimer timer;
     timer.start();
@@ -132,5 +122,3 @@ TEST_F(PortalInterfaceStyleTest, SilentPortalDelaysNothing)
 } // namespace
 
 } // namespace giggle
-
-#include "PortalInterfaceStyleTest.moc"
