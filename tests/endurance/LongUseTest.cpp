@@ -4,6 +4,7 @@
 #include "tests/support/LongRun.h"
 
 #include <QElapsedTimer>
+#include <QQmlEngine>
 #include <QTest>
 
 #include <climits>
@@ -47,6 +48,8 @@ protected:
     {
         window().resize(360, 640);
         QTest::qWait(500);
+        qmlEngine(&window())->collectGarbage();
+        QTest::qWait(100);
         return residentKilobytes();
     }
 };

@@ -62,7 +62,6 @@ RandomUser::RandomUser(const QString& folder, unsigned seed) : InterfaceFixture(
     system().platform.printPanel = nullptr;
     system().platform.shareSheet = nullptr;
     system().platform.printers = &m_printers;
-    system().resources.paths[u"overview.pdf"_qs] = u":/resources/overview.pdf"_qs;
 }
 
 void RandomUser::begin()
@@ -317,8 +316,10 @@ void RandomUser::readSomething()
 {
     static const QStringList Areas{u"Joke List"_qs,        u"Add Joke"_qs,        u"Jokes by Category"_qs,
                                    u"Joke of the Day"_qs,  u"Print"_qs,           u"Reference Lists"_qs,
-                                   u"Default Settings"_qs, u"Import / Export"_qs, u"Overview"_qs,
-                                   u"Rate / Share"_qs};
+                                   u"Default Settings"_qs, u"Import / Export"_qs, u"Rate / Share"_qs};
+    static constexpr QSize Sizes[]{{360, 640}, {720, 360}, {1280, 800}, {320, 568}};
+    window().resize(Sizes[below(std::size(Sizes))]);
+    system().interfaceStyle.change(below(2) ? InterfaceStyle::Style::Dark : InterfaceStyle::Style::Light);
     openArea(Areas[below(int(Areas.size()))]);
     for (int i = below(12); i >= 0 && !HasFailure(); --i)
         pressSomething();
@@ -328,9 +329,6 @@ void RandomUser::readSomething()
     }
     for (const Qt::Key way : {Qt::Key_End, Qt::Key_PageUp, Qt::Key_Up, Qt::Key_Home})
         key(way);
-    static constexpr QSize Sizes[]{{360, 640}, {720, 360}, {1280, 800}, {320, 568}};
-    window().resize(Sizes[below(std::size(Sizes))]);
-    system().interfaceStyle.change(below(2) ? InterfaceStyle::Style::Dark : InterfaceStyle::Style::Light);
     goHome();
     if (below(20) == 0)
         restart();
