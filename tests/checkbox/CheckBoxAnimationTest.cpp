@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "checkbox/CheckBoxAnimation.h"
 
-#include "checkbox/CheckBoxPaths.h"
 #include "tests/checkbox/Pictures.h"
-
-#include <QDir>
 
 #include <array>
 #include <ostream>
@@ -118,84 +115,6 @@ TEST(CheckBoxPictures, ShowStateShapeAndColours)
             EXPECT_EQ(image.pixelColor(7, 7).alpha() < 255, shape == BoxShape::Circle);
         }
     }
-}
-
-TEST(CheckBoxPaths, PartsOfALineHaveTheirShareOfItsLength)
-{
-    const QPolygonF line{{0, 0}, {3, 0}, {3, 0}, {3, 1}};
-
-    const struct {
-        double from, to;
-        QPolygonF part;
-    } cases[] = {
-        {0, 1, line},
-        {0, 0.5, {{0, 0}, {2, 0}}},
-        {0.5, 0.875, {{2, 0}, {3, 0}, {3, 0.5}}},
-        {0, 0, {{0, 0}, {0, 0}}},
-        {-1, 0.25, {{0, 0}, {1, 0}}},
-        {0.5, 0.25, {{2, 0}, {2, 0}}},
-    };
-
-    for (const auto& [from, to, part] : cases)
-        EXPECT_EQ(partOf(line, from, to), part) << from << " to " << to;
-    EXPECT_TRUE(partOf({}, 0.2, 0.7).isEmpty());
-    EXPECT_TRUE(partOf(line, 1, 1).contains({3, 1}));
-}
-
-QImage canvas(int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(QColor(0x30, 0xb0, 0xc7));
-    return image;
-}
-
-QImage strips(AnimationKind kind)
-{
-    constexpr int Frames = 13;
-    constexpr int Cell = PictureSide + 8;
-    QImage image = canvas(Frames * Cell, 2 * int(Ways.size()) * Cell);
-    QPainter painter(&image);
-    painter.translate(4, 4);
-    for (const auto& [from, to] : Ways)
-        for (const auto& way : {Way{from, to}, Way{to, from}}) {
-            for (int i = 0; i < Frames; ++i)
-                painter.drawImage(
-                    i * Cell, 0,
-                    picture(checkBoxAnimation(kind).frame(way.from, way.to, i / (Frames - 1.0))));
-            painter.translate(0, Cell);
-        }
-    return image;
-}
-
-QImage states()
-{
-    QImage image = canvas(668, 168);
-    QPainter painter(&image);
-    for (const BoxShape shape : {BoxShape::Square, BoxShape::Circle}) {
-        int x = 8;
-        for (const int side : {16, 24, 36, 48, 72})
-            for (const BoxState state : {BoxState::Unchecked, BoxState::Checked, BoxState::Mixed}) {
-                const CheckBoxStyle style{.shape = shape,
-                                          .cornerRadius = side / 4.0,
-                                          .boxLineWidth = std::round(side / 12.0),
-                                          .markLineWidth = side / 8.0};
-                painter.drawImage(x, 8, picture(restFrame(state), style, side));
-                x += side + 4;
-            }
-        painter.translate(0, 80);
-    }
-    return image;
-}
-
-/// To look at: all states, shapes and sizes, and every animation there and back.
-TEST(CheckBoxPictures, AreWritten)
-{
-    const QDir folder(QStringLiteral(GIGGLE_STRIPS_DIR));
-    ASSERT_TRUE(folder.mkpath(QStringLiteral(".")));
-    for (const NamedKind& kind : Kinds)
-        EXPECT_TRUE(
-            strips(kind.kind).save(folder.filePath(QLatin1StringView(kind.name) + QStringLiteral(".png"))));
-    EXPECT_TRUE(states().save(folder.filePath(QStringLiteral("states.png"))));
 }
 
 } // namespace

@@ -133,19 +133,6 @@ TEST_F(VaneCheckboxTest, StateIsWhatWasSetLast)
     }
 }
 
-TEST_F(VaneCheckboxTest, StatesHaveNames)
-{
-    for (const QString& name :
-         {QStringLiteral("Mixed"), QStringLiteral("Checked"), QStringLiteral("Unchecked")}) {
-        EXPECT_TRUE(box->setStateName(name));
-        EXPECT_EQ(box->stateName(), name);
-        EXPECT_EQ(box->isChecked(), name == u"Checked");
-        EXPECT_EQ(box->isMixed(), name == u"Mixed");
-    }
-    EXPECT_FALSE(box->setStateName(QStringLiteral("checked")));
-    EXPECT_EQ(box->checkState(), VaneCheckbox::Unchecked);
-}
-
 TEST_F(VaneCheckboxTest, TapsAndSpaceToggle)
 {
     const QSignalSpy clicked(box, &VaneCheckbox::clicked);
@@ -194,32 +181,6 @@ TEST_F(VaneCheckboxTest, IsDrawnSharplyAtEveryScale)
         }
         EXPECT_EQ(black, std::lround(2 * scale)) << scale;
     }
-}
-
-TEST_F(VaneCheckboxTest, AnimationIsSeenAndEndsAtRest)
-{
-    const QImage start = shown();
-    box->setAnimationDuration(200);
-    box->toggle();
-    int between = 0;
-    QImage last = start;
-    ASSERT_TRUE(QTest::qWaitFor([&] {
-        const QImage now = shown();
-        between += now != last;
-        last = now;
-        return !box->isAnimating();
-    }));
-    EXPECT_GE(between, 2);
-    const QImage end = shown();
-    EXPECT_EQ(end.pixelColor(42, 50), box->tintColor()); // within the box, below the mark
-    const int paints = box->paints;
-    QTest::qWait(50);
-    shown();
-    EXPECT_EQ(box->paints, paints);
-
-    box->toggle();
-    delete box; // amid an animation
-    QTest::qWait(30);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/endurance/Session.h"
 
-#include <QtEndian>
+#include <QByteArrayList>
 
 #include <algorithm>
 
@@ -40,29 +40,22 @@ Rows makeCollection(const CollectionFolder& folder)
     return liveRows(context);
 }
 
-std::vector<std::string> fieldsOf(const std::string& row)
-{
-    std::vector<std::string> fields;
-    for (const QByteArray& field : QByteArray::fromStdString(row).split('|'))
-        fields.push_back(field.toStdString());
-    return fields;
-}
-
 /// How many values differ between two collections; a great many when their lists have other lengths.
 int differingValues(const Rows& before, const Rows& after)
 {
-    constexpr int Many = 1000;
-    if (before.size() != after.size())
-        return Many;
+    const auto valuesOf = [](const Rows& rows) {
+        QByteArrayList values;
+        for (const std::string& row : rows)
+            values += QByteArray::fromStdString(row).split('|');
+        return values;
+    };
+    const QByteArrayList a = valuesOf(before);
+    const QByteArrayList b = valuesOf(after);
+    if (before.size() != after.size() || a.size() != b.size())
+        return 1000;
     int count = 0;
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        const auto a = fieldsOf(before[i]);
-        const auto b = fieldsOf(after[i]);
-        if (a.size() != b.size())
-            return Many;
-        for (std::size_t field = 0; field < a.size(); ++field)
-            count += a[field] != b[field];
-    }
+    for (qsizetype i = 0; i < a.size(); ++i)
+        count += a[i] != b[i];
     return count;
 }
 
@@ -100,7 +93,7 @@ public:
         int tried = 0;
         for (const auto& [outcome, count] : m_counts)
             tried += count;
-        reportCount(what, tried, tried - m_counts[Opened::Wrong] - m_counts[Opened::RefusedButChanged]);
+        reportCount(what, tried);
         std::printf("  whole %d, refused %d, one value differs %d, without the last save %d\n",
                     m_counts[Opened::Whole], m_counts[Opened::Refused], m_counts[Opened::OneValueDiffers],
                     m_counts[Opened::OlderState]);
@@ -143,16 +136,13 @@ TEST(DamageTest, FlippedBitOfTheFileIsRefusedOrChangesNoMoreThanOneValue)
     CollectionFolder folder;
     for (const qsizetype bit : bitsToFlip(bytes.size())) {
         writeBytes(folder.file(), flipped(bytes, bit));
-        outcomes.add(open(folder, rows), "bit " + std::to_string(bit % 8) + " of byte " +
-                                             std::to_string(bit / 8 % PageSize) + " of page " +
-                                             std::to_string(bit / 8 / PageSize + 1));
+        outcomes.add(open(folder, rows), "bit " + std::to_string(bit));
     }
     outcomes.report("flipped bits of the file");
     EXPECT_GT(outcomes.count(Opened::Refused), 500);
 }
 
-/// A collection whose last saves lie in the log alone, as a crash leaves it, and its state after each save.
-std::vector<Rows> makeCrashedCollection(const CollectionFolder& folder)
+TEST(DamageTest, FlippedBitOfTheLogIsRefusedUnlessItLooksLikeASaveThatWasCutShort)
 {
     CollectionFolder original;
     std::vector<Rows> states{makeCollection(original)};
@@ -163,17 +153,11 @@ std::vector<Rows> makeCrashedCollection(const CollectionFolder& folder)
         context.save();
         states.push_back(liveRows(context));
     }
-    original.copyAsAfterACrash(folder);
-    return states;
-}
-
-TEST(DamageTest, FlippedBitOfTheLogIsRefusedUnlessItLooksLikeASaveThatWasCutShort)
-{
-    CollectionFolder original;
-    const std::vector<Rows> states = makeCrashedCollection(original);
-    const QByteArray file = readBytes(original.file());
+    const CollectionFolder crashed;
+    original.copyAsAfterACrash(crashed);
+    const QByteArray file = readBytes(crashed.file());
     const QString logSuffix = QStringLiteral("-wal");
-    const QByteArray log = readBytes(original.file() + logSuffix);
+    const QByteArray log = readBytes(crashed.file() + logSuffix);
     ASSERT_EQ((log.size() - LogHeaderSize) % FrameSize, 0);
     // The last save is what a power cut may take back; and the one before it, when its end is damaged.
     const std::vector<Rows> older(states.end() - 3, states.end() - 1);
@@ -188,8 +172,7 @@ TEST(DamageTest, FlippedBitOfTheLogIsRefusedUnlessItLooksLikeASaveThatWasCutShor
         CollectionFolder folder;
         writeBytes(folder.file(), file);
         writeBytes(folder.file() + logSuffix, flipped(log, bit));
-        outcomes.add(open(folder, states.back(), older), "bit " + std::to_string(bit % 8) + " of byte " +
-                                                             std::to_string(bit / 8) + " of the log");
+        outcomes.add(open(folder, states.back(), older), "bit " + std::to_string(bit) + " of the log");
     }
     outcomes.report("flipped bits of the log");
     EXPECT_EQ(outcomes.count(Opened::OneValueDiffers), 0);
@@ -203,10 +186,10 @@ TEST(DamageTest, FileThatIsCutOffIsRefused)
     Outcomes outcomes;
     CollectionFolder folder;
     for (qsizetype page = 0; page < bytes.size() / PageSize; ++page)
-        for (const qsizetype size : {page * PageSize + 1, page * PageSize + 100,
-                                     page * PageSize + PageSize - 1, page * PageSize + PageSize}) {
-            if (size == bytes.size())
-                continue;
+        for (const qsizetype left : {0, 1, 100, 4095}) {
+            const qsizetype size = page * PageSize + left;
+            if (size == 0)
+                continue; // an empty file is a new collection
             writeBytes(folder.file(), bytes.left(size));
             outcomes.add(open(folder, rows), "cut to " + std::to_string(size));
         }

@@ -71,16 +71,12 @@ bool useWithScarceMemory(const SimulatedDisk::Image& image, const Rows& rows, in
         EXPECT_EQ(rowsOf(context), rows);
         context.fetch(Jokes::fetchRequest()).front()->setJoke(std::string(3000, 'n'));
         insertJoke(context, {.category = "Puns", .id = 77});
-        expected.collections.push_back(rowsOf(context));
-        try {
-            context.save();
-            expected.collections = {rowsOf(context)};
-        } catch (const StoreError&) {
+        if (!saves(context)) {
             EXPECT_TRUE(context.hasChanges());
             ScarceMemory::end();
             context.save();
-            expected.collections = {rowsOf(context)};
         }
+        expected.collections = {rowsOf(context)};
     } catch (const StoreError&) {
         EXPECT_GE(ScarceMemory::requests(), request);
     }
@@ -93,15 +89,14 @@ bool useWithScarceMemory(const SimulatedDisk::Image& image, const Rows& rows, in
 SimulatedDisk::Image makeCollection(Rows& rows)
 {
     const CollectionFolder folder;
-    {
-        const PersistentContainer container = folder.open();
-        ManagedObjectContext& context = container.viewContext();
-        for (int i = 0; i < 30; ++i)
-            insertJoke(context, {.category = "Puns", .id = std::int16_t(i), .joke = "text"});
-        insertJoke(context, {.joke = std::string(9000, 'x')});
-        context.save();
-        rows = rowsOf(context);
-    }
+    PersistentContainer container = folder.open();
+    ManagedObjectContext& context = container.viewContext();
+    for (int i = 0; i < 30; ++i)
+        insertJoke(context, {.category = "Puns", .id = std::int16_t(i), .joke = "text"});
+    insertJoke(context, {.joke = std::string(9000, 'x')});
+    context.save();
+    rows = rowsOf(context);
+    closeContainer(container);
     return folder.contents();
 }
 
@@ -119,7 +114,7 @@ TEST(LowMemoryTest, RefusedRequestIsAFailedCallAndNothingElse)
             ++tried;
             ASSERT_FALSE(HasFailure());
         }
-    reportCount("refused requests for memory", tried, tried);
+    reportCount("refused requests for memory", tried);
 }
 
 } // namespace

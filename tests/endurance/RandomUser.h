@@ -4,24 +4,16 @@
 #include "tests/interface/InterfaceFixture.h"
 #include "tests/support/FakePrinters.h"
 
+#include <QStringList>
+
 #include <random>
-#include <string>
-#include <vector>
 
 namespace giggle {
 
-/// All saved jokes and names in a form that can be compared, sorted. Without row numbers, which a user's
-/// change does not tell.
-using SavedRows = std::vector<std::string>;
-[[nodiscard]] SavedRows savedRows(ManagedObjectContext& context);
-
-/// What a deed is about to do to what is saved.
-struct Change {
-    SavedRows removed = {};
-    SavedRows added = {};
-    double fontSize = 0;        ///< 0 when it stays
-    bool comesRowByRow = false; ///< the rows are added in that order, each by a save of its own
-};
+/// All saved jokes and names, and the font size, in a form that can be compared, sorted. Without row numbers,
+/// which a user's change does not tell.
+using SavedRows = QStringList;
+[[nodiscard]] SavedRows savedRows(ManagedObjectContext& context, const Preferences& userDefaults);
 
 /// Somebody who uses the application at random, from the menu and back to it, by the names of what is on the
 /// screen. The same seed does the same things. All jokes have texts of their own.
@@ -29,20 +21,29 @@ class RandomUser : public InterfaceFixture {
 protected:
     RandomUser(const QString& folder, unsigned seed);
 
-    /// One deed of those that save; each is announced by willChange(), and acknowledged by didChange() once
-    /// the screen shows it.
+    /// Opens the window, on a first launch with the starter collection.
+    void begin();
+
+    /// One deed of those that save: what is saved is told before, and once the screen has acknowledged it.
     void saveSomething();
 
-    /// One deed of all the others.
+    /// Wanders about in one of the areas.
     void readSomething();
 
-    virtual void willChange(const Change& change) { (void)change; }
+    /// What a start now may find: what the screens have acknowledged last, and what was tried since then.
+    [[nodiscard]] const QList<SavedRows>& possible() const { return m_possible; }
 
-    virtual void didChange() {}
+    /// Called whenever that changes.
+    virtual void possibleChanged() {}
 
     [[nodiscard]] int below(int limit) { return std::uniform_int_distribution(0, limit - 1)(m_random); }
 
 private:
+    enum class Coming { AtOnce, RowByRow };
+
+    void willChange(const SavedRows& removed, const SavedRows& added, Coming coming = Coming::AtOnce);
+    void didChange();
+
     void addJoke();
     void editJoke();
     void deleteJoke();
@@ -51,32 +52,21 @@ private:
     void changeFontSize();
     void changeNames();
 
-    void lookThroughList();
-    void lookThroughGroups();
-    void readLargeText();
-    void shuffle();
-    void printToFile();
-    void exportToFile();
-    void shareAndCancel();
-    void readAround();
-    void abandonEdit();
-    void resizeOrRestart();
-
+    void pressSomething();
     void set(const QString& field, const QString& text);
     void open(QAccessible::Role role, const QString& name);
-    void answer(const QString& dialog, const QString& button);
-    void back();
+    void answer(const QString& dialog);
     void goHome();
-    void search(const QString& text);
-    bool openSomeJoke();
-    /// The joke behind a row that is on show, if there is any row.
-    Jokes* someShownJoke(QString& row);
+
+    /// The joke behind a row that is on show, if there is just one of that text.
+    const Jokes* jokeOf(const QString& row);
+    [[nodiscard]] QString someRow();
     [[nodiscard]] QString newText();
-    [[nodiscard]] std::string savedRow(const Jokes& joke) const;
 
     std::mt19937 m_random;
     FakePrinters m_printers;
     QTemporaryDir m_files;
+    QList<SavedRows> m_possible;
 };
 
 } // namespace giggle

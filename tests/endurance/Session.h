@@ -5,47 +5,21 @@
 #include "tests/support/LongRun.h"
 #include "tests/support/SimulatedDisk.h"
 
-#include <deque>
 #include <string>
 #include <vector>
 
 namespace giggle {
-
-/// What a fresh start may find of something that is saved again and again: the state that was acknowledged
-/// last, or one that a save has tried to reach since then.
-template <class State>
-class Ledger {
-public:
-    explicit Ledger(State first) : m_states{std::move(first)} {}
-
-    void attempt(State state)
-    {
-        if (m_states.back() != state)
-            m_states.push_back(std::move(state));
-    }
-
-    /// A save of the last state that was attempted has been acknowledged.
-    void acknowledge() { m_first = m_states.size() - 1; }
-
-    [[nodiscard]] std::vector<State> possible() const
-    {
-        return {m_states.begin() + static_cast<std::ptrdiff_t>(m_first), m_states.end()};
-    }
-
-    /// Changes with every change of what is possible.
-    [[nodiscard]] std::pair<std::size_t, std::size_t> moment() const { return {m_first, m_states.size()}; }
-
-private:
-    std::vector<State> m_states;
-    std::size_t m_first = 0;
-};
 
 using Rows = std::vector<std::string>;
 
 /// The rows of a collection in a form that reads well in a message: long texts are shortened.
 [[nodiscard]] Rows rowsOf(ManagedObjectContext& context);
 
-/// What must be found after a power cut, a kill or a failure.
+/// Whether a save succeeded.
+[[nodiscard]] bool saves(ManagedObjectContext& context);
+
+/// What may be found after a power cut, a kill or a failure: the state that was acknowledged last, or one
+/// that a save has tried to reach since then.
 struct Expectation {
     std::vector<Rows> collections;
     std::vector<double> fontSizes; ///< 0 when none is stored
@@ -66,9 +40,7 @@ public:
     /// Goes through all of it, whatever fails. What failed once is tried again at once.
     void run();
 
-    [[nodiscard]] Expectation expectation() const { return {m_collection.possible(), m_fontSize.possible()}; }
-
-    [[nodiscard]] auto moment() const { return std::pair(m_collection.moment(), m_fontSize.moment()); }
+    [[nodiscard]] const Expectation& expectation() const { return m_expectation; }
 
 private:
     void runDaily();
@@ -82,8 +54,7 @@ private:
     const CollectionFolder& m_folder;
     SimulatedDisk& m_disk;
     Kind m_kind;
-    Ledger<Rows> m_collection{{}};
-    Ledger<double> m_fontSize{0};
+    Expectation m_expectation{{{}}, {0}};
 };
 
 /// A fresh start on what is in @p folder: finds what is expected whole, and can save.

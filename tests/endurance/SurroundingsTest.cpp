@@ -19,31 +19,32 @@ namespace giggle {
 
 namespace {
 
-bool saves(ManagedObjectContext& context)
-{
-    try {
-        context.save();
-        return true;
-    } catch (const StoreError&) {
-        return false;
-    }
-}
-
 constexpr int NotPossibleHere = 77;
 
-/// Runs @p work in a child process; its exit status, 1 when an expectation failed in it.
-int exitStatusOf(const std::function<int()>& work)
+/// Starts @p work in a child process.
+pid_t begin(const std::function<int()>& work)
 {
     std::fflush(nullptr);
     const pid_t child = ::fork();
-    if (child == 0) {
-        const int status = work();
-        std::fflush(nullptr);
-        ::_exit(testing::Test::HasFailure() ? 1 : status);
-    }
+    if (child != 0)
+        return child;
+    const int status = work();
+    std::fflush(nullptr);
+    ::_exit(testing::Test::HasFailure() ? 1 : status);
+}
+
+int exitStatusOf(pid_t child)
+{
     int status = 0;
     ::waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// Runs @p work in a child process, in which no expectation may fail.
+void inChild(const std::function<int()>& work)
+{
+    const int status = exitStatusOf(begin(work));
+    EXPECT_TRUE(status == 0 || status == NotPossibleHere) << status;
 }
 
 /// In a child process: puts a file system of this size on the folder, for this process alone, or changes the
@@ -62,11 +63,11 @@ TEST(SurroundingsTest, DiskThatIsReallyFullFailsSavesUntilThereIsRoom)
     for (const char* size : {"size=48k", "size=100k", "size=400k"}) {
         SCOPED_TRACE(size);
         const CollectionFolder folder;
-        const int status = exitStatusOf([&] {
+        inChild([&] {
             if (!mountSmallDisk(folder.path(), size))
                 return NotPossibleHere;
             Rows acknowledged;
-            const auto fill = [&](std::size_t jokeSize) {
+            for (const std::size_t jokeSize : {3000, 100, 0})
                 try {
                     const PersistentContainer container = folder.open();
                     EXPECT_EQ(rowsOf(container.viewContext()), acknowledged);
@@ -77,58 +78,66 @@ TEST(SurroundingsTest, DiskThatIsReallyFullFailsSavesUntilThereIsRoom)
                 } catch (const StoreError& error) {
                     EXPECT_TRUE(acknowledged.empty()) << error.what();
                 }
-            };
-            for (const std::size_t jokeSize : {3000, 100, 0})
-                fill(jokeSize);
             EXPECT_TRUE(mountSmallDisk(folder.path(), "size=1m", MS_REMOUNT));
             expectFreshStart(folder, {{acknowledged}, {0}});
             return 0;
         });
-        EXPECT_TRUE(status == 0 || status == NotPossibleHere) << status;
     }
 }
 
-TEST(SurroundingsTest, JokesInTheLogOfACrashNeverVanishWhereNothingCanBeWritten)
+/// A user who is no administrator, for whom nothing is read-only, opens a collection and tries to save.
+void useReadOnly(const CollectionFolder& folder, const Rows& rows, bool mayRefuse)
+{
+    inChild([&] {
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && ::setuid(Nobody) != 0)
+            return NotPossibleHere;
+        try {
+            const PersistentContainer readOnly = folder.open();
+            EXPECT_EQ(rowsOf(readOnly.viewContext()), rows);
+            insertJoke(readOnly.viewContext(), {.id = 1});
+            EXPECT_FALSE(saves(readOnly.viewContext()));
+            EXPECT_TRUE(readOnly.viewContext().hasChanges());
+        } catch (const StoreError& error) {
+            EXPECT_TRUE(mayRefuse) << error.what();
+            EXPECT_TRUE(error.localizedDescription().contains(folder.file())) << error.what();
+        }
+        return 0;
+    });
+}
+
+TEST(SurroundingsTest, NothingVanishesWhereNothingCanBeWritten)
 {
     CollectionFolder original;
-    const PersistentContainer container = original.open();
+    PersistentContainer container = original.open();
     insertJoke(container.viewContext(), {.joke = "in the log alone"});
     container.viewContext().save();
     const Rows rows = rowsOf(container.viewContext());
-    for (const mode_t folderMode : {0555U, 0777U}) {
-        SCOPED_TRACE(folderMode);
-        CollectionFolder crashed;
-        original.copyAsAfterACrash(crashed);
-        for (const char* suffix : {"", "-wal"})
-            ::chmod(QFile::encodeName(crashed.file() + QLatin1StringView(suffix)).constData(), 0444);
-        ::chmod(QFile::encodeName(crashed.path()).constData(), folderMode);
-        const int status = exitStatusOf([&] {
-            constexpr uid_t Nobody = 65534; // for an administrator nothing is read-only
-            if (::geteuid() == 0 && ::setuid(Nobody) != 0)
-                return NotPossibleHere;
-            try {
-                const PersistentContainer readOnly = crashed.open();
-                EXPECT_EQ(rowsOf(readOnly.viewContext()), rows);
-                insertJoke(readOnly.viewContext(), {.id = 1});
-                EXPECT_FALSE(saves(readOnly.viewContext()));
-            } catch (const StoreError& error) {
-                EXPECT_TRUE(error.localizedDescription().contains(crashed.file())) << error.what();
-            }
-            return 0;
-        });
-        EXPECT_TRUE(status == 0 || status == NotPossibleHere) << status;
-        ::chmod(QFile::encodeName(crashed.path()).constData(), 0700);
-    }
+    CollectionFolder crashed[2];
+    for (const CollectionFolder& folder : crashed)
+        original.copyAsAfterACrash(folder);
+    closeContainer(container);
+    CollectionFolder atRest[2];
+    for (const CollectionFolder& folder : atRest)
+        writeBytes(folder.file(), readBytes(original.file()));
+    for (const bool hasLog : {false, true})
+        for (const int i : {0, 1}) {
+            SCOPED_TRACE(testing::Message() << (hasLog ? "with a log " : "") << i);
+            const CollectionFolder& folder = (hasLog ? crashed : atRest)[i];
+            const QByteArray path = QFile::encodeName(folder.path());
+            for (const QString& file : QDir(folder.path()).entryList(QDir::Files))
+                ::chmod(QFile::encodeName(folder.filePath(file)).constData(), 0444);
+            const QByteArray before = readBytes(folder.file());
+            ::chmod(path.constData(), i == 0 ? 0555 : 0777);
+            useReadOnly(folder, rows, hasLog);
+            ::chmod(path.constData(), 0700);
+            EXPECT_EQ(readBytes(folder.file()), before);
+        }
 }
-
-struct Loss {
-    const char* name;
-    std::function<void(const CollectionFolder&)> happen;
-};
 
 TEST(SurroundingsTest, SaveIntoAFileThatIsGoneFailsInWords)
 {
-    const std::vector<Loss> losses = {
+    const std::pair<const char*, std::function<void(const CollectionFolder&)>> losses[] = {
         {"folder removed", [](const auto& folder) { QDir(folder.path()).removeRecursively(); }},
         {"folder renamed",
          [](const auto& folder) { QDir().rename(folder.path(), folder.path() + QStringLiteral("-away")); }},
@@ -140,14 +149,14 @@ TEST(SurroundingsTest, SaveIntoAFileThatIsGoneFailsInWords)
              ::rename(QFile::encodeName(copy).constData(), QFile::encodeName(folder.file()).constData());
          }},
     };
-    for (const Loss& loss : losses) {
-        SCOPED_TRACE(loss.name);
+    for (const auto& [name, happen] : losses) {
+        SCOPED_TRACE(name);
         const CollectionFolder folder;
         const PersistentContainer container = folder.open();
         ManagedObjectContext& context = container.viewContext();
         insertJoke(context, {.id = 1});
         context.save();
-        loss.happen(folder);
+        happen(folder);
         insertJoke(context, {.id = 2});
         EXPECT_FALSE(saves(context)) << "acknowledged what no fresh start can find";
         EXPECT_TRUE(context.hasChanges());
@@ -156,34 +165,32 @@ TEST(SurroundingsTest, SaveIntoAFileThatIsGoneFailsInWords)
     }
 }
 
-struct ForeignLock {
-    const char* statements;
-    bool opens;
-    bool saves;
-};
-
 TEST(SurroundingsTest, CollectionThatAnotherProgramHoldsFailsInWordsAndGoesOnAfterwards)
 {
-    for (const ForeignLock& lock :
-         {ForeignLock{"BEGIN; SELECT * FROM jokes", true, true}, ForeignLock{"BEGIN IMMEDIATE", true, false},
-          ForeignLock{"BEGIN EXCLUSIVE; UPDATE jokes SET joke = joke", true, false},
-          ForeignLock{"PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", false, false}}) {
+    const struct {
+        const char* statements;
+        bool opens;
+        bool saves;
+    } locks[] = {{"BEGIN; SELECT * FROM jokes", true, true},
+                 {"BEGIN IMMEDIATE", true, false},
+                 {"BEGIN EXCLUSIVE; UPDATE jokes SET joke = joke", true, false},
+                 {"PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", false, false}};
+
+    for (const auto& lock : locks) {
         SCOPED_TRACE(lock.statements);
         const CollectionFolder folder;
-        Rows rows;
-        {
-            const PersistentContainer container = folder.open();
-            insertJoke(container.viewContext(), {.id = 1});
-            container.viewContext().save();
-            rows = rowsOf(container.viewContext());
-        }
+        PersistentContainer container = folder.open();
+        insertJoke(container.viewContext(), {.id = 1});
+        container.viewContext().save();
+        Rows rows = rowsOf(container.viewContext());
+        closeContainer(container);
         {
             RawDatabase other(folder.file());
             other.execute(lock.statements);
             bool opened = false;
             try {
-                const PersistentContainer container = folder.open();
-                ManagedObjectContext& context = container.viewContext();
+                const PersistentContainer again = folder.open();
+                ManagedObjectContext& context = again.viewContext();
                 EXPECT_EQ(rowsOf(context), rows);
                 opened = true;
                 insertJoke(context, {.id = 2});
@@ -203,27 +210,21 @@ TEST(SurroundingsTest, InstancesThatStartTogetherMakeOneCollectionAndLoseNothing
 {
     for (int round = 0; round < (isLongRun() ? 200 : 10); ++round) {
         const CollectionFolder folder;
-        std::vector<pid_t> children;
-        for (int i = 0; i < 4; ++i) {
-            children.push_back(::fork());
-            if (children.back() != 0)
-                continue;
-            bool saved = false;
+        const auto saveOne = [&] {
             try {
                 const PersistentContainer container = folder.open();
-                insertJoke(container.viewContext(), {.id = std::int16_t(i)});
-                saved = saves(container.viewContext());
+                insertJoke(container.viewContext(), {.id = 1});
+                return saves(container.viewContext()) ? 2 : 0;
             } catch (const StoreError&) {
+                return 0;
             }
-            ::_exit(saved);
-        }
+        };
+        std::vector<pid_t> children;
+        for (int i = 0; i < 4; ++i)
+            children.push_back(begin(saveOne));
         int saved = 0;
-        for (const pid_t child : children) {
-            int status = 0;
-            ::waitpid(child, &status, 0);
-            EXPECT_TRUE(WIFEXITED(status));
-            saved += WEXITSTATUS(status);
-        }
+        for (const pid_t child : children)
+            saved += exitStatusOf(child) / 2;
         EXPECT_GE(saved, 1);
         ASSERT_EQ(int(rowsOf(folder.open().viewContext()).size()), saved) << "in round " << round;
     }
@@ -235,10 +236,10 @@ TEST(SurroundingsTest, ClockThatWasSetBackChangesNothing)
     SimulatedDisk disk(folder.path());
     Session session(folder, disk, Session::Kind::Daily);
     session.run();
-    const timespec future[] = {{.tv_sec = 4'000'000'000, .tv_nsec = 0},
-                               {.tv_sec = 4'000'000'000, .tv_nsec = 0}};
+    const timespec future = {.tv_sec = 4'000'000'000, .tv_nsec = 0};
+    const timespec times[] = {future, future};
     for (const auto& [name, bytes] : folder.contents())
-        ::utimensat(AT_FDCWD, QFile::encodeName(folder.filePath(name)).constData(), future, 0);
+        ::utimensat(AT_FDCWD, QFile::encodeName(folder.filePath(name)).constData(), times, 0);
     expectFreshStart(folder, session.expectation());
 }
 

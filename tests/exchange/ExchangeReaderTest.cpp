@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/format/ExchangeReader.h"
 
+#include "exchange/format/ExchangeFile.h"
 #include "tests/support/CollectionFolder.h"
+#include "ui/DefaultNames.h"
+
+#include <algorithm>
+#include <set>
 
 #include <gmock/gmock.h>
 
@@ -158,6 +163,24 @@ TEST_F(ExchangeReaderTest, FirstLaunchTakesTheNamesOfASection)
     m_reader.readRatings("GiggleArchives", NamesFilter::KeepsSection);
     EXPECT_TRUE(m_reader.wrongFile());
     EXPECT_EQ(rows().size(), 2U);
+}
+
+TEST_F(ExchangeReaderTest, TheStarterCollectionIsWholeAndConsistent)
+{
+    const FileText file = readAsciiFile(QStringLiteral(GIGGLE_SOURCE_DIR "/resources/GiggleArchives.txt"));
+    ASSERT_TRUE(file.text) << file.failure.toStdString();
+    m_reader.readJokes(*file.text);
+    std::set<int> ids;
+    std::set<std::string_view> texts;
+    for (const Jokes* joke : context().fetch(Jokes::fetchRequest())) {
+        EXPECT_EQ(std::ranges::count(DefaultCategoryNames, joke->category().value_or("")), 1) << *joke->id();
+        EXPECT_EQ(std::ranges::count(DefaultRatingNames, joke->rating().value_or("")), 1) << *joke->id();
+        ids.insert(*joke->id());
+        texts.insert(joke->joke().value_or(""));
+    }
+    EXPECT_EQ(ids.size(), 188U);
+    EXPECT_EQ(texts.size(), 188U) << "a joke is there twice";
+    EXPECT_FALSE(texts.contains(""));
 }
 
 } // namespace

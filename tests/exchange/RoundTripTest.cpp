@@ -3,7 +3,6 @@
 #include "exchange/format/ExchangeWriter.h"
 #include "tests/support/CollectionFolder.h"
 
-#include <array>
 #include <map>
 #include <random>
 
@@ -13,16 +12,17 @@ namespace giggle {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// What the exchange file's description says about one text: what comes back, and as unset when it is empty.
 std::string changedOnTheWay(const std::optional<std::string>& text, bool isJoke)
 {
     QString changed = QString::fromStdString(text.value_or(""));
     if (isJoke)
-        changed.replace(u'\n', QStringLiteral("@#@")).replace(u'^', QStringLiteral("~#~"));
+        changed.replace(u'\n', u"@#@"_s).replace(u'^', u"~#~"_s);
     changed.remove(u'\'').remove(u'"');
     if (isJoke)
-        changed.replace(QStringLiteral("@#@"), QStringLiteral("\n"))
-            .replace(QStringLiteral("~#~"), QStringLiteral("'"));
+        changed.replace(u"@#@"_s, u"\n"_s).replace(u"~#~"_s, u"'"_s);
     return changed.isEmpty() ? "NULL" : changed.toStdString();
 }
 
@@ -42,7 +42,7 @@ public:
 
         CollectionFolder folder;
         AppDelegate appDelegate(folder.path());
-        ExchangeReader reader(appDelegate, QStringLiteral("file"), "tests", 1);
+        ExchangeReader reader(appDelegate, u"file"_s, "tests", 1);
         for (int reading = 0; reading < 2; ++reading) {
             reader.readJokes(document);
             reader.readCategories(document, ExchangeReader::NamesFilter::KeepsNothing);
@@ -65,22 +65,22 @@ private:
 
     std::optional<std::string> randomText(bool isJoke)
     {
-        static const std::array<std::string, 16> pieces = {"a",
-                                                           "'",
-                                                           "\"",
-                                                           "@",
-                                                           "#",
-                                                           "@#@",
-                                                           "~#~",
-                                                           "~",
-                                                           " ",
-                                                           "\t",
-                                                           std::string(1, '\0'),
-                                                           "\xC3\xA9",
-                                                           "\xF0\x9F\x98\x80",
-                                                           "[CATEGORY]",
-                                                           "\n",
-                                                           "^"};
+        static const std::vector<std::string> pieces = {"a",
+                                                        "'",
+                                                        "\"",
+                                                        "@",
+                                                        "#",
+                                                        "@#@",
+                                                        "~#~",
+                                                        "~",
+                                                        " ",
+                                                        "\t",
+                                                        std::string(1, '\0'),
+                                                        "\xC3\xA9",
+                                                        "\xF0\x9F\x98\x80",
+                                                        "[CATEGORY]",
+                                                        "\n",
+                                                        "^"};
         if (below(8) == 0)
             return std::nullopt;
         std::string text;

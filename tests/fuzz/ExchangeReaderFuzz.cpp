@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <regex>
 
 namespace giggle {
 
@@ -52,20 +53,12 @@ void updateRow(Row& row, const QList<QByteArray>& fields, const QByteArray& id)
 }
 
 /// A number as SQL shows it, or nothing.
-std::optional<QByteArray> idOf(QByteArray field)
+std::optional<QByteArray> idOf(const QByteArray& field)
 {
-    const bool hasSign = field.startsWith('+') || field.startsWith('-');
-    const QByteArray digits = field.sliced(hasSign ? 1 : 0);
-    if (digits.isEmpty())
+    static const std::regex form("[+-]?[0-9]+");
+    if (!std::regex_match(field.begin(), field.end(), form))
         return std::nullopt;
-    for (const char digit : digits)
-        if (digit < '0' || digit > '9')
-            return std::nullopt;
-    double value = 0; // exact as far as it matters
-    for (const char digit : digits)
-        value = std::min(value * 10 + (digit - '0'), 1e6);
-    if (field.startsWith('-'))
-        value = -value;
+    const double value = std::strtod(field.constData(), nullptr); // exact as far as it matters
     if (value < -32768 || value > 32767)
         return std::nullopt;
     return QByteArray::number(static_cast<int>(value));

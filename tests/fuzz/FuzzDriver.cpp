@@ -16,32 +16,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace {
 
 // What the format is made of.
-const QList<QByteArray> Pieces = {"^",
-                                  "^^",
-                                  "\n",
-                                  "\r",
-                                  "\r\n",
-                                  "'",
-                                  "\"",
-                                  "@#@",
-                                  "~#~",
-                                  "@",
-                                  "#",
-                                  "~",
-                                  "F",
-                                  "T",
-                                  "0",
-                                  "-1",
-                                  "+5",
-                                  "32767",
-                                  "-32768",
-                                  "\xC3\xA9",
-                                  QByteArray(1, '\0'),
-                                  "\n[GIGGLEARCHIVES]\n",
-                                  "\n[CATEGORY]\n",
-                                  "\n[RATING]\n",
-                                  "\nDad^Mild^1^T^a",
-                                  "\n^^2^F^"};
+const QList<QByteArray> Pieces =
+    QByteArrayList{QByteArray(1, '\0'),
+                   "\n",
+                   "\r",
+                   "\r\n",
+                   "\n[GIGGLEARCHIVES]\n",
+                   "\n[CATEGORY]\n",
+                   "\n[RATING]\n",
+                   "\nDad^Mild^1^T^a",
+                   "\n^^2^F^"} +
+    QByteArray("^ ^^ ' \" @#@ ~#~ @ # ~ F T 0 -1 +5 32767 -32768 \xC3\xA9").split(' ');
 
 class Mutator {
 public:

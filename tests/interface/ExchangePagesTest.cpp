@@ -195,9 +195,7 @@ TEST_F(ExchangePages, AFileFromOutsideWaitsForAlertsAndKeepsWhatIsTyped)
     writeBytes(file, "[GIGGLEARCHIVES]\nDad^Mild^2^T^Two\n");
     openWithAJoke();
     openArea(u"Add Joke"_qs);
-    waitFor(QAccessible::EditableText, u"Joke"_qs)
-        ->actionInterface()
-        ->doAction(QAccessibleActionInterface::setFocusAction());
+    focus(QAccessible::EditableText, u"Joke"_qs);
     type(u"half"_qs);
     key(Qt::Key_Escape);
     waitFor(QAccessible::Dialog, u"Discard Changes?"_qs);

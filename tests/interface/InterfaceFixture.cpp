@@ -146,8 +146,14 @@ void InterfaceFixture::press(QAccessible::Role role, const QString& name)
 
 void InterfaceFixture::pressIfThere(QAccessible::Role role, const QString& name)
 {
-    if (QAccessibleInterface* item = find(role, name))
+    if (QAccessibleInterface* item = find(role, name); item && item->actionInterface())
         item->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+}
+
+void InterfaceFixture::focus(QAccessible::Role role, const QString& name)
+{
+    if (QAccessibleInterface* item = waitFor(role, name))
+        item->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
 }
 
 void InterfaceFixture::type(const QString& text)

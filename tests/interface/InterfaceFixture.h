@@ -70,6 +70,8 @@ protected:
 
     /// The same for something that may be gone already.
     void pressIfThere(QAccessible::Role role, const QString& name);
+    /// Gives something the keyboard.
+    void focus(QAccessible::Role role, const QString& name);
     void type(const QString& text);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

@@ -49,11 +49,6 @@ protected:
         openArea(u"Joke List"_qs);
         openJoke(u"Moo\nBoo, Category: Animal, Rating: Mild"_qs);
     }
-
-    void focus(QAccessible::Role role, const QString& name)
-    {
-        waitFor(role, name)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    }
 };
 
 TEST_F(JokeEditorPages, AJokeIsAddedFoundEditedAndThereAfterARestart)
@@ -92,28 +87,17 @@ TEST_F(JokeEditorPages, AJokeIsAddedFoundEditedAndThereAfterARestart)
     waitFor(QAccessible::ListItem, u"So Its new\n!, Category: Puns, Rating: Own"_qs);
 }
 
-TEST_F(JokeEditorPages, TheArrowKeysPassNamesThatStandThereTwice)
-{
-    fill();
-    insertCategory(context(), "Animal");
-    openWindow();
-    openArea(u"Add Joke"_qs);
-    waitUntil([&] { return window().activeFocusItem() != nullptr; });
-    for (int i = 0; i < 4; ++i)
-        key(Qt::Key_Down);
-    EXPECT_EQ(fieldText(u"Category"_qs), u"Puns"_qs);
-}
-
 TEST_F(JokeEditorPages, TheArrowKeysPickAndLeavingTheFieldPutsThePickerAway)
 {
     fill();
+    insertCategory(context(), "Animal"); // the keys pass names that stand there twice
     openWindow();
     openArea(u"Add Joke"_qs);
     waitUntil([&] { return window().activeFocusItem() != nullptr; });
     key(Qt::Key_Down);
     waitFor(QAccessible::List, u"Category choices"_qs);
-    key(Qt::Key_Down);
-    key(Qt::Key_Down);
+    for (int i = 0; i < 3; ++i)
+        key(Qt::Key_Down);
     EXPECT_EQ(fieldText(u"Category"_qs), u"Puns"_qs);
     key(Qt::Key_Tab);
     ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Category choices"_qs); }));
@@ -188,17 +172,6 @@ TEST_F(JokeEditorPages, ChangesAreLostOnlyWhenTheUserAgrees)
     press(QAccessible::Button, u"Back"_qs);
     press(QAccessible::Button, u"Discard"_qs);
     waitFor(QAccessible::ListItem, u"Moo\nBoo, Category: Animal, Rating: Mild"_qs);
-}
-
-TEST_F(JokeEditorPages, TheJokeOfTheDayIsReadOnly)
-{
-    fill();
-    openWindow();
-    openArea(u"Joke of the Day"_qs);
-    press(QAccessible::Button, u"Shuffle"_qs);
-    EXPECT_EQ(fieldText(u"Category"_qs), u"Animal"_qs);
-    EXPECT_EQ(fieldText(u"Joke"_qs), u"Moo\nBoo"_qs);
-    EXPECT_TRUE(find(QAccessible::EditableText, u"Rating"_qs)->state().readOnly);
 }
 
 } // namespace

@@ -85,23 +85,6 @@ TEST_F(PrintPanelPageTest, PrintersThatAreFoundLateAreOfferedToTheKeyboard)
     m_printers.setSilent(false);
 }
 
-TEST_F(PrintPanelPageTest, WithoutAPrinterThereIsThePdfFile)
-{
-    present(1);
-    waitFor(QAccessible::StaticText, u"There is no printer. The pages can be saved as a PDF file."_qs);
-    press(QAccessible::Button, u"Print"_qs);
-    ASSERT_TRUE(waitUntil([&] { return find(QAccessible::Button, u"Save as PDF"_qs)->state().focused; }));
-    key(Qt::Key_Return);
-    ASSERT_TRUE(waitUntil([&] { return !system().documentPicker.suggestedNames.isEmpty(); }));
-    system().documentPicker.answer(QUrl::fromLocalFile(u"/nonexistent/a.pdf"_qs));
-    ASSERT_TRUE(waitUntil([&] { return !names(QAccessible::AlertMessage).isEmpty(); }));
-    EXPECT_TRUE(names(QAccessible::AlertMessage)[0].contains(u"/nonexistent/a.pdf"_qs));
-    key(Qt::Key_Escape);
-    ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
-    EXPECT_FALSE(m_outcome->isCompleted);
-    EXPECT_TRUE(m_printers.printed().empty());
-}
-
 TEST_F(PrintPanelPageTest, TheFileDialogCoversThePanelAndGivesItBack)
 {
     system().platform.documentPicker = nullptr;

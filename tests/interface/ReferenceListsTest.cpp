@@ -70,9 +70,7 @@ protected:
         waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
         waitForRest();
 
-        waitFor(QAccessible::ListItem, u"Ape"_qs)
-            ->actionInterface()
-            ->doAction(QAccessibleActionInterface::setFocusAction());
+        focus(QAccessible::ListItem, u"Ape"_qs);
         key(Qt::Key_Delete);
         waitForRows(before + QStringList{u"Zoo"_qs});
         waitFor(QAccessible::AlertMessage, field + u" deleted: Ape"_qs);

@@ -73,28 +73,6 @@ TEST_F(DefaultsTest, ShownSizeStepperAndPreviewForEveryStoredSize)
     }
 }
 
-TEST_F(DefaultsTest, PreviewMovesByOnePointAndComesBackHoweverSmallItGot)
-{
-    DefaultsViewController screen(environment);
-    screen.viewDidLoad();
-    const double start = screen.sizePreview();
-    for (const double value : {18.0, 19.0, 18.0})
-        screen.ListStepperChanged(value);
-    EXPECT_EQ(screen.sizePreview(), start + 1);
-    for (double value = 19; value <= 72; ++value)
-        screen.ListStepperChanged(value);
-    for (double value = 71; value >= 17; --value)
-        screen.ListStepperChanged(value);
-    EXPECT_EQ(screen.sizePreview(), start);
-
-    userDefaults.setReal(ListFontSize, 72);
-    DefaultsViewController down(environment);
-    down.viewDidLoad();
-    for (double value = 71; value >= 8; --value)
-        down.ListStepperChanged(value);
-    EXPECT_EQ(down.sizePreview(), 8);
-}
-
 TEST_F(DefaultsTest, AChoiceIsStoredWhenItsEditingEnds)
 {
     using Screen = DefaultsViewController;
@@ -157,37 +135,6 @@ TEST_F(DefaultsTest, ColorsOfFieldAndSwatch)
         EXPECT_EQ(screen.colorInk(), *each.ink);
         EXPECT_EQ(screen.colorGround(), each.ground);
     }
-}
-
-TEST_F(DefaultsTest, AFontThatIsGoneIsNamedAndCanBeReplaced)
-{
-    userDefaults.setText(ListFontName, u"Gone"_qs);
-    DefaultsViewController screen(environment);
-    screen.viewDidLoad();
-    EXPECT_EQ(screen.listFontTextField(), u"Gone"_qs);
-    EXPECT_EQ(screen.listFont().family(), u"Arial"_qs);
-    choose(screen, DefaultsViewController::FontPicker, u"Beta"_qs);
-    screen.endEditing();
-    EXPECT_EQ(stored().at(ListFontName.toString()), PreferenceValue(u"Beta"_qs));
-}
-
-TEST_F(DefaultsTest, DarkScreensShowTheFontInWhiteUntilOneIsStored)
-{
-    system.interfaceStyle.change(InterfaceStyle::Style::Dark);
-    DefaultsViewController screen(environment);
-    screen.viewDidLoad();
-    EXPECT_EQ(screen.listFontInk(), QColor(Qt::white));
-    screen.ListFontSelected();
-    EXPECT_EQ(screen.listFontInk(), QColor(Qt::black));
-}
-
-TEST_F(DefaultsTest, AnEmptyFontNameRemovesTheStoredOne)
-{
-    userDefaults.setText(ListFontName, QString());
-    DefaultsViewController screen(environment);
-    screen.viewDidLoad();
-    screen.ListFontSelected();
-    EXPECT_FALSE(userDefaults.isPresent(ListFontName));
 }
 
 TEST_F(DefaultsTest, ValuesOfWrongTypesStopTheProgramButForOneThatIsNotUsed)

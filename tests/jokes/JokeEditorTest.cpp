@@ -29,27 +29,32 @@ protected:
         return editor;
     }
 
-    std::unique_ptr<AddJokeViewController> openAddScreen(const char* callingScreen = "MainList")
+    /// Types a new joke and saves it.
+    std::unique_ptr<AddJokeViewController> add(const QString& category, const QString& joke,
+                                               const QString& rating = {},
+                                               const char* callingScreen = "MainList")
     {
         selection.CallingScreen = QString::fromLatin1(callingScreen);
         auto screen = std::make_unique<AddJokeViewController>(environment);
         screen->viewDidLoad();
+        screen->setCategoryTextField(category);
+        screen->setJokeTextView(joke);
+        screen->setRatingTextField(rating);
+        screen->SaveButtonClicked();
         return screen;
     }
 
     std::vector<std::string> stored() { return storedRows(folder.file()); }
 };
 
-struct AddedJoke {
-    QString category;
-    QString joke;
-    QString rating;
-    std::string stored; // as "category|favorite|id|joke|rating", or empty where the alert comes instead
-};
-
 TEST_F(JokeEditorTest, AddStoresWhatTheFieldsHoldLessWhatIsNotDisplayed)
 {
-    const std::vector<AddedJoke> cases = {
+    const struct {
+        QString category;
+        QString joke;
+        QString rating;
+        std::string stored; // as "category|favorite|id|joke|rating", or empty where the alert comes instead
+    } cases[] = {
         {u"Puns"_qs, u"A"_qs, u"Mild"_qs, "Puns|NULL|1|A|Mild"},
         {u" \t Two words\u00A0\u3000"_qs, u"Two\nlines "_qs, {}, "Two words|NULL|2|Two\nlines |NULL"},
         {u"  "_qs, u"\u201CCaf\u00E9\u201D isn't \U0001F600^|\\"_qs, u" \t"_qs, "|NULL|3|Caf isnt | \t"},
@@ -57,59 +62,43 @@ TEST_F(JokeEditorTest, AddStoresWhatTheFieldsHoldLessWhatIsNotDisplayed)
         {{}, u"text"_qs, u"Mild"_qs, {}},
         {u"Puns"_qs, {}, u"Mild"_qs, {}},
     };
+
     for (const auto& [category, joke, rating, row] : cases) {
-        const auto screen = openAddScreen();
-        screen->setCategoryTextField(category);
-        screen->setJokeTextView(joke);
-        screen->setRatingTextField(rating);
-        EXPECT_TRUE(screen->hasUnsavedChanges());
         const std::vector<std::string> before = liveRows(context());
-        navigator.unwound.clear();
-        screen->SaveButtonClicked();
+        navigator = {};
+        EXPECT_EQ(add(category, joke, rating)->hasUnsavedChanges(), row.empty());
         if (row.empty()) {
             EXPECT_EQ(liveRows(context()), before);
             EXPECT_TRUE(navigator.unwound.empty());
-            EXPECT_EQ(navigator.alerts.back().title, u"Movie Not Saved"_qs);
             EXPECT_EQ(
-                navigator.alerts.back().message,
+                navigator.alerts.at(0).message,
                 u"Required Fields Labeled in RED Not Entered or Date Released is not 4 numbers (yyyy)"_qs);
-            EXPECT_EQ(navigator.alerts.back().actions.at(0).title, u"OK"_qs);
         } else {
             EXPECT_EQ(stored().back(), std::to_string(before.size() + 1) + '|' + row);
             EXPECT_THAT(navigator.unwound, ElementsAre(UnwindRoute::ToList));
-            EXPECT_FALSE(screen->hasUnsavedChanges());
+            EXPECT_TRUE(navigator.alerts.empty());
         }
     }
-    EXPECT_EQ(navigator.alerts.size(), 2U);
 }
 
 TEST_F(JokeEditorTest, ARefusedSaveKeepsTheJokeForTheNextOne)
 {
     static_cast<void>(context().fetch(Jokes::fetchRequest())); // makes the collection
     RawDatabase other(folder.file());
-    other.execute("CREATE TRIGGER t BEFORE INSERT ON jokes BEGIN SELECT RAISE(ABORT, 'no room'); END");
+    other.execute("ALTER TABLE jokes RENAME TO away");
     testing::internal::CaptureStderr();
-    for (const char* text : {"first", "second"}) {
-        const auto screen = openAddScreen("MainMenu");
-        screen->setCategoryTextField(u"Puns"_qs);
-        screen->setJokeTextView(QString::fromLatin1(text));
-        screen->SaveButtonClicked();
-        EXPECT_EQ(screen->hasUnsavedChanges(), text == std::string_view("first"));
-        if (text == std::string_view("first"))
-            other.execute("DROP TRIGGER t");
-    }
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("no room"));
-    EXPECT_THAT(navigator.unwound, ElementsAre(UnwindRoute::ToMenu, UnwindRoute::ToMenu));
+    EXPECT_TRUE(add(u"Puns"_qs, u"first"_qs)->hasUnsavedChanges());
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("jokes"));
+    EXPECT_THAT(navigator.unwound, ElementsAre(UnwindRoute::ToList));
+    other.execute("ALTER TABLE away RENAME TO jokes");
+    EXPECT_FALSE(add(u"Puns"_qs, u"second"_qs)->hasUnsavedChanges());
     EXPECT_THAT(storedRows(other), ElementsAre("1|Puns|NULL|1|first|NULL", "2|Puns|NULL|2|second|NULL"));
 }
 
 TEST_F(JokeEditorTest, NoIdAboveTheHighestEndsTheProgramWithNothingHalf)
 {
     addJoke({.id = 32767, .joke = "last"});
-    const auto screen = openAddScreen();
-    screen->setCategoryTextField(u"Puns"_qs);
-    screen->setJokeTextView(u"one too many"_qs);
-    EXPECT_DEATH(screen->SaveButtonClicked(), "Fatal error: Arithmetic overflow");
+    EXPECT_DEATH(add(u"Puns"_qs, u"one too many"_qs), "Fatal error: Arithmetic overflow");
     EXPECT_THAT(stored(), ElementsAre("1|NULL|NULL|32767|last|NULL"));
 }
 
@@ -120,11 +109,11 @@ TEST_F(JokeEditorTest, PickersOfferTheNamesThatThereAre)
     insertCategory(context(), std::nullopt);
     for (const char* name : {"Mild", "Adult", "Mild"})
         insertRating(context(), name);
-    const auto add = openAddScreen();
+    const auto added = add({}, {});
     const auto edit = openEditor(addJoke({.joke = "x"}), "MainList");
-    EXPECT_EQ(add->listOfCatagories(), QStringList({u"B"_qs, u"a"_qs, u"b"_qs, u"b"_qs}));
+    EXPECT_EQ(added->listOfCatagories(), QStringList({u"B"_qs, u"a"_qs, u"b"_qs, u"b"_qs}));
     EXPECT_EQ(edit->listOfCatagories(), QStringList({u"B"_qs, u"a"_qs, u"b"_qs}));
-    for (JokeEditor* editor : std::initializer_list<JokeEditor*>{add.get(), edit.get()}) {
+    for (JokeEditor* editor : std::initializer_list<JokeEditor*>{added.get(), edit.get()}) {
         EXPECT_EQ(editor->listOfRatings(), QStringList({u"Adult"_qs, u"Mild"_qs}));
         editor->didSelectRow(2, JokeEditor::CategoryPicker);
         editor->didSelectRow(1, JokeEditor::RatingPicker);
@@ -133,38 +122,27 @@ TEST_F(JokeEditorTest, PickersOfferTheNamesThatThereAre)
         EXPECT_EQ(editor->ratingTextField(), u"Mild"_qs);
     }
     insertRating(context(), std::nullopt);
-    EXPECT_DEATH(openAddScreen(), "a rating without a name");
+    EXPECT_DEATH(add({}, {}), "a rating without a name");
 }
-
-struct Return {
-    const char* callingScreen;
-    std::vector<UnwindRoute> afterAdding;
-    std::vector<UnwindRoute> afterEditing;
-};
 
 TEST_F(JokeEditorTest, ASaveGoesBackToTheCallingScreen)
 {
-    const std::vector<Return> returns = {
+    using Routes = std::vector<UnwindRoute>;
+    const std::tuple<const char*, Routes, Routes> afterAddingAndEditing[] = {
         {"MainMenu", {UnwindRoute::ToMenu}, {}},
         {"MainList", {UnwindRoute::ToList}, {UnwindRoute::ToList}},
         {"CategoryBreakdown", {}, {UnwindRoute::ToCategoryBreakdown}},
         {"RatingBreakdown", {}, {UnwindRoute::ToRatingBreakdown}},
         {"CategoryGroup", {}, {}},
-        {"RatingGroup", {}, {}},
         {"", {}, {}},
     };
     const Jokes& joke = addJoke({.category = "Puns", .joke = "text"});
-    for (const auto& [callingScreen, afterAdding, afterEditing] : returns) {
+    for (const auto& [callingScreen, afterAdding, afterEditing] : afterAddingAndEditing) {
         SCOPED_TRACE(callingScreen);
-        navigator.unwound.clear();
-        const auto add = openAddScreen(callingScreen);
-        add->setCategoryTextField(u"Puns"_qs);
-        add->setJokeTextView(u"new"_qs);
-        add->SaveButtonClicked();
-        EXPECT_EQ(navigator.unwound, afterAdding);
-        navigator.unwound.clear();
+        add(u"Puns"_qs, u"new"_qs, {}, callingScreen);
+        EXPECT_EQ(std::exchange(navigator.unwound, {}), afterAdding);
         openEditor(joke, callingScreen)->SaveButtonClicked();
-        EXPECT_EQ(navigator.unwound, afterEditing);
+        EXPECT_EQ(std::exchange(navigator.unwound, {}), afterEditing);
     }
 }
 
@@ -201,15 +179,6 @@ TEST_F(JokeEditorTest, WhatIsTypedBehindTheDisplayedJokeFollowsItDirectly)
     }
 }
 
-TEST_F(JokeEditorTest, TheJokeChosenWhenTheScreenWasOpenedIsTheOneThatChanges)
-{
-    Jokes& joke = addJoke({.category = "Puns", .id = 1, .joke = "\xEF\xBB\xBFmarked"});
-    const auto editor = openEditor(joke, "MainList");
-    selection.SelectedJokeText = textOrEmpty(addJoke({.category = "Puns", .id = 2, .joke = "other"}).joke());
-    editor->SaveButtonClicked();
-    EXPECT_THAT(stored(), ElementsAre("1|Puns|0|1|marked|NULL", "2|Puns|NULL|2|other|NULL"));
-}
-
 TEST_F(JokeEditorTest, WhatIsPrintedStaysInTheTextViewAndIsSaved)
 {
     Jokes& joke = addJoke({.category = "Puns", .joke = "Don't"});
@@ -242,6 +211,7 @@ TEST_F(JokeEditorTest, EditChangesTheFirstJokeWithTheChosenText)
     editor->setCategoryTextField(u" Corny "_qs);
     editor->setRatingTextField({});
     editor->setJokeTextView(u"\u00E9\u00E9"_qs);
+    selection.SelectedJokeText = u"chosen later"_qs;
     editor->SaveButtonClicked();
     EXPECT_THAT(stored(), ElementsAre("1|Corny|1|1||Mild", "2|Dad|NULL|2|same|Adult"));
 }
@@ -262,17 +232,6 @@ TEST_F(JokeEditorTest, EditSaysWhatIsMissingAndIsSilentWhereTheJokeIsGone)
     EXPECT_EQ(navigator.alerts.size(), 1U);
     EXPECT_TRUE(navigator.unwound.empty());
     EXPECT_TRUE(editor->hasUnsavedChanges());
-}
-
-TEST_F(JokeEditorTest, TypingIsRefusedAsAWhole)
-{
-    const auto editor = openEditor(addJoke({.joke = "x"}), "MainList");
-    for (const QString& text : {u""_qs, u"Knock! ~`{}"_qs, QString(1'000'000, u'a')})
-        EXPECT_TRUE(editor->shouldChangeText(text));
-    for (const QString& text : {u"\n"_qs, u"don't"_qs, u"\t"_qs, u"caf\u00E9"_qs, QString(QChar(0)),
-                                QString(1'000'000, u'a') + u'^'})
-        EXPECT_FALSE(editor->shouldChangeText(text));
-    EXPECT_TRUE(openAddScreen()->shouldChangeText(u"\n\u00E9"_qs));
 }
 
 TEST_F(JokeEditorTest, TextSizeIsOfTheViewersOwnAndStoredAtOnce)

@@ -2,6 +2,7 @@
 #include "platform/linux/CupsPrinters.h"
 
 #include "tests/platform/SpinUntil.h"
+#include "tests/support/CollectionFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,14 +28,6 @@ using namespace Qt::StringLiterals;
 
 const QString Daemon = u"/usr/sbin/cupsd"_qs;
 
-void write(const QString& path, const QByteArray& text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(text);
-}
-
 /// What a printer's description says of one size.
 QByteArray sizeLines(const QByteArray& name, const QByteArray& size, const QByteArray& area)
 {
@@ -59,24 +52,24 @@ protected:
             GTEST_SKIP() << "there is no " << Daemon.toStdString();
         QFile::setPermissions(m_folder.path(),
                               QFile::Permissions(0x7755)); // the service has a user of its own
-        const QByteArray root = m_folder.path().toUtf8();
-        write(m_folder.filePath(u"cupsd.conf"_qs),
-              "Listen " + root +
-                  "/socket\nBrowsing Off\nDefaultAuthType None\nWebInterface No\nDirtyCleanInterval "
-                  "0\n<Location />\nAllow "
-                  "all\n</Location>\n<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
-        write(m_folder.filePath(u"cups-files.conf"_qs),
-              "FileDevice Yes\nServerRoot " + root + "\nRequestRoot " + root + "/spool\nTempDir " + root +
-                  "/spool/tmp\nCacheDir " + root + "/cache\nStateDir " + root + "/state\nServerKeychain " +
-                  root + "/ssl\nErrorLog " + root + "/log\nAccessLog " + root + "/log\nPageLog " + root +
-                  "/log\n");
-        write(m_folder.filePath(u"printers.conf"_qs),
-              "<DefaultPrinter cellar>\nInfo In the Cellar\nDeviceURI file:///dev/null\nState "
-              "Stopped\nAccepting "
-              "Yes\nShared No\n</DefaultPrinter>\n");
-        write(m_folder.filePath(u"ppd/cellar.ppd"_qs), Description);
-        for (const QString& name : {u"spool/tmp"_qs, u"cache"_qs, u"state"_qs, u"ssl"_qs})
+        for (const QString& name : {u"spool/tmp"_qs, u"cache"_qs, u"state"_qs, u"ssl"_qs, u"ppd"_qs})
             QDir(m_folder.path()).mkpath(name);
+        const QByteArray root = m_folder.path().toUtf8();
+        writeBytes(m_folder.filePath(u"cupsd.conf"_qs),
+                   "Listen " + root +
+                       "/socket\nBrowsing Off\nDefaultAuthType None\nDirtyCleanInterval 0\n"
+                       "<Location />\nAllow all\n</Location>\n"
+                       "<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
+        QByteArray files = "FileDevice Yes\nServerRoot " + root + '\n';
+        for (const char* place :
+             {"RequestRoot @/spool", "TempDir @/spool/tmp", "CacheDir @/cache", "StateDir @/state",
+              "ServerKeychain @/ssl", "ErrorLog @/log", "AccessLog @/log", "PageLog @/log"})
+            files += QByteArray(place).replace('@', root) + '\n';
+        writeBytes(m_folder.filePath(u"cups-files.conf"_qs), files);
+        writeBytes(m_folder.filePath(u"printers.conf"_qs),
+                   "<DefaultPrinter cellar>\nInfo In the Cellar\nDeviceURI file:///dev/null\n"
+                   "State Stopped\nAccepting Yes\nShared No\n</DefaultPrinter>\n");
+        writeBytes(m_folder.filePath(u"ppd/cellar.ppd"_qs), Description);
         m_service.start(Daemon, {u"-f"_qs, u"-c"_qs, m_folder.filePath(u"cupsd.conf"_qs), u"-s"_qs,
                                  m_folder.filePath(u"cups-files.conf"_qs)});
         const QString socket = m_folder.filePath(u"socket"_qs);
@@ -114,7 +107,7 @@ void inNewThread(const Work& work)
 TEST_F(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
 {
     const QString file = m_folder.filePath(u"a.pdf"_qs);
-    write(file, "%PDF-1.4\n%%EOF\n");
+    writeBytes(file, "%PDF-1.4\n%%EOF\n");
     inNewThread([&] {
         const std::vector<Printer> found = m_printers.available({});
         ASSERT_EQ(found.size(), 1U);

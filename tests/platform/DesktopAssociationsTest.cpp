@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/DesktopAssociations.h"
 
+#include "tests/support/CollectionFolder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -12,6 +14,8 @@
 namespace giggle {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 /// A home and a system with these files, below `h` and `s`, and one program named "mailer".
 struct Case {
@@ -37,75 +41,66 @@ const std::string Defaults = "Default Applications";
 const std::string Added = "Added Associations";
 const std::string Removed = "Removed Associations";
 
+const std::string A = "s/applications/a.desktop";
+const std::string B = "s/applications/b.desktop";
+const std::string SystemList = "s/applications/mimeapps.list";
+const std::string UserList = "h/config/mimeapps.list";
+
 const Case Cases[] = {
     {"nothing at all", {}, ""},
-    {"a desktop file lists the scheme", {{"s/applications/a.desktop", entry()}}, "a.desktop"},
-    {"one that menus do not show",
-     {{"s/applications/a.desktop", entry("NoDisplay=true\nExec=mailer\n")}},
-     "a.desktop"},
+    {"a desktop file lists the scheme", {{A, entry()}}, "a.desktop"},
+    {"one that menus do not show", {{A, entry("NoDisplay=true\nExec=mailer\n")}}, "a.desktop"},
     {"one in a folder, which is part of its id",
-     {{"s/applications/kde/sub/a.desktop", entry()}, {"h/config/mimeapps.list", list(Removed, "a.desktop")}},
-     "kde-sub-a.desktop"},
+     {{"s/applications/kde/a-b.desktop", entry()}, {UserList, list(Removed, "a-b.desktop")}},
+     "kde-a-b.desktop"},
     {"a folder's is found by its id",
-     {{"s/applications/x-y/a-b.desktop", entry()},
-      {"h/config/mimeapps.list", list(Defaults, "x-y-a-b.desktop")}},
+     {{"s/applications/x-y/a-b.desktop", entry()}, {UserList, list(Defaults, "x-y-a-b.desktop")}},
      "x-y-a-b.desktop"},
-    {"its program is missing", {{"s/applications/a.desktop", entry("Exec=gone %u\n")}}, ""},
-    {"what it tries is missing", {{"s/applications/a.desktop", entry("TryExec=gone\nExec=mailer\n")}}, ""},
-    {"its program cannot be executed", {{"s/applications/a.desktop", entry("Exec=data\n")}}, ""},
-    {"its program's name is quoted",
-     {{"s/applications/a.desktop", entry("Exec=\"two \\\\$words\" --to %u\n")}},
-     "a.desktop"},
-    {"no program is named", {{"s/applications/a.desktop", entry("")}}, ""},
+    {"its program is missing", {{A, entry("Exec=gone %u\n")}}, ""},
+    {"what it tries is missing", {{A, entry("TryExec=gone\nExec=mailer\n")}}, ""},
+    {"its program cannot be executed", {{A, entry("Exec=data\n")}}, ""},
+    {"its program's name is quoted", {{A, entry("Exec=\"two \\\\$words\" --to %u\n")}}, "a.desktop"},
+    {"no program is named", {{A, entry("")}}, ""},
     {"another scheme, longer or shorter",
-     {{"s/applications/a.desktop",
-       "[Desktop Entry]\nExec=mailer\nMimeType=x-scheme-handler/mailto2;x-scheme/mail\n"}},
+     {{A, "[Desktop Entry]\nExec=mailer\nMimeType=x-scheme-handler/mailto2;x-scheme/mail\n"}},
      ""},
     {"the cache is not trusted",
      {{"s/applications/mimeinfo.cache", "[MIME Cache]\nx-scheme-handler/mailto=a.desktop;\n"}},
      ""},
     {"the user's own file says that it is gone",
-     {{"s/applications/a.desktop", entry()},
-      {"h/data/applications/a.desktop", entry("Exec=mailer\nHidden=true\n")}},
+     {{A, entry()}, {"h/data/applications/a.desktop", entry("Exec=mailer\nHidden=true\n")}},
      ""},
-    {"the user has taken it away",
-     {{"s/applications/a.desktop", entry()}, {"h/config/mimeapps.list", list(Removed, "a.desktop;")}},
-     ""},
+    {"the user has taken it away", {{A, entry()}, {UserList, list(Removed, "a.desktop;")}}, ""},
     {"the system has taken it away, the user has added it",
-     {{"s/applications/a.desktop", entry()},
-      {"s/applications/mimeapps.list", list(Removed, "a.desktop;")},
-      {"h/config/mimeapps.list", list(Added, "a.desktop;")}},
+     {{A, entry()}, {SystemList, list(Removed, "a.desktop;")}, {UserList, list(Added, "a.desktop;")}},
      "a.desktop"},
     {"a desktop's list cannot take away",
-     {{"s/applications/a.desktop", entry()}, {"h/config/gnome-mimeapps.list", list(Removed, "a.desktop;")}},
+     {{A, entry()}, {"h/config/gnome-mimeapps.list", list(Removed, "a.desktop;")}},
      "a.desktop"},
     {"the user's default comes first, the system's next",
-     {{"s/applications/a.desktop", entry()},
-      {"s/applications/b.desktop", entry()},
+     {{A, entry()},
+      {B, entry()},
       {"s/applications/c.desktop", "[Desktop Entry]\nExec=mailer\n"},
-      {"s/applications/mimeapps.list", list(Defaults, "b.desktop;")},
-      {"h/config/mimeapps.list", list(Defaults, "gone.desktop;c.desktop;b.desktop")}},
+      {SystemList, list(Defaults, "b.desktop;")},
+      {UserList, list(Defaults, "gone.desktop;c.desktop;b.desktop")}},
      "c.desktop"},
     {"a desktop's own default comes before the common one",
-     {{"s/applications/a.desktop", entry()},
-      {"s/applications/b.desktop", entry()},
+     {{A, entry()},
+      {B, entry()},
       {"etc/mimeapps.list", list(Defaults, "a.desktop;")},
-      {"etc/gnome-mimeapps.list", list(Defaults, "b.desktop;")},
-      {"etc/kde-mimeapps.list", list(Defaults, "a.desktop;")}},
+      {"etc/gnome-mimeapps.list", list(Defaults, "b.desktop;")}},
      "b.desktop"},
     {"a default outside of the folders",
-     {{"a.desktop", entry()}, {"h/config/mimeapps.list", list(Defaults, "../../a.desktop")}},
+     {{"a.desktop", entry()}, {UserList, list(Defaults, "../../a.desktop")}},
      ""},
 };
 
 void write(const QString& path, const std::string& text, bool isProgram = false)
 {
     ASSERT_TRUE(QDir().mkpath(path.section(u'/', 0, -2)));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text.c_str());
+    writeBytes(path, QByteArray::fromStdString(text));
     if (isProgram)
-        file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
 }
 
 TEST(DesktopAssociationsTest, FindsTheProgramThatTheUserWouldGet)
@@ -113,24 +108,24 @@ TEST(DesktopAssociationsTest, FindsTheProgramThatTheUserWouldGet)
     for (const Case& test : Cases) {
         SCOPED_TRACE(test.name);
         const QTemporaryDir root;
-        write(root.filePath(QStringLiteral("bin/mailer")), "#!/bin/sh\n", true);
-        write(root.filePath(QStringLiteral("bin/two $words")), "#!/bin/sh\n", true);
-        write(root.filePath(QStringLiteral("bin/data")), "");
+        write(root.filePath(u"bin/mailer"_s), "#!/bin/sh\n", true);
+        write(root.filePath(u"bin/two $words"_s), "#!/bin/sh\n", true);
+        write(root.filePath(u"bin/data"_s), "");
         for (const auto& [path, text] : test.files)
             write(root.filePath(QString::fromStdString(path)), text);
         const std::map<std::string, QString> environment{
-            {"HOME", root.filePath(QStringLiteral("h"))},
-            {"PATH", QStringLiteral("relative:") + root.filePath(QStringLiteral("bin"))},
-            {"XDG_CONFIG_HOME", root.filePath(QStringLiteral("h/config"))},
-            {"XDG_CONFIG_DIRS", root.filePath(QStringLiteral("etc"))},
-            {"XDG_DATA_HOME", root.filePath(QStringLiteral("h/data"))},
-            {"XDG_DATA_DIRS", root.filePath(QStringLiteral("none:")) + root.filePath(QStringLiteral("s"))},
-            {"XDG_CURRENT_DESKTOP", QStringLiteral("Other:GNOME")}};
+            {"HOME", root.filePath(u"h"_s)},
+            {"PATH", u"relative:"_s + root.filePath(u"bin"_s)},
+            {"XDG_CONFIG_HOME", root.filePath(u"h/config"_s)},
+            {"XDG_CONFIG_DIRS", root.filePath(u"etc"_s)},
+            {"XDG_DATA_HOME", root.filePath(u"h/data"_s)},
+            {"XDG_DATA_DIRS", root.filePath(u"none:"_s) + root.filePath(u"s"_s)},
+            {"XDG_CURRENT_DESKTOP", u"Other:GNOME"_s}};
         const DesktopAssociations associations([&environment](const char* name) {
             const auto found = environment.find(name);
             return found == environment.end() ? QString() : found->second;
         });
-        EXPECT_EQ(associations.handlerOfScheme(QStringLiteral("mailto")).toStdString(), test.handler);
+        EXPECT_EQ(associations.handlerOfScheme(u"mailto"_s).toStdString(), test.handler);
     }
 }
 

@@ -19,48 +19,33 @@ StoragePlaces::Environment environment(const QHash<QByteArray, QString>& values)
     return [values](const char* name) { return values.value(name); };
 }
 
-struct PlacesCase {
-    QHash<QByteArray, QString> values;
-    QString accountHome;
-    QString lock;
-    QString preferences;
-    QString record;
-};
-
 TEST(StoragePlacesTest, FollowTheBaseFolders)
 {
-    const auto s = [](const char* text) { return QString::fromUtf8(text); };
-    const PlacesCase cases[] = {
-        {{{"HOME", s("/h")}},
-         s("/account"),
-         s("/h/.local/share/giggle-archives/giggle-archives.lock"),
-         s("/h/.config/giggle-archives/preferences.json"),
-         s("/h/.local/state/giggle-archives/fatal-error")},
-        {{{"HOME", s("/h")},
-          {"XDG_DATA_HOME", s("/d/")},
-          {"XDG_CONFIG_HOME", s("/c")},
-          {"XDG_STATE_HOME", s("/s")}},
-         s("/account"),
-         s("/d/giggle-archives/giggle-archives.lock"),
-         s("/c/giggle-archives/preferences.json"),
-         s("/s/giggle-archives/fatal-error")},
-        {{{"XDG_DATA_HOME", s("relative")}, {"XDG_CONFIG_HOME", s("./c")}, {"XDG_STATE_HOME", s("")}},
-         s("/account"),
-         s("/account/.local/share/giggle-archives/giggle-archives.lock"),
-         s("/account/.config/giggle-archives/preferences.json"),
-         s("/account/.local/state/giggle-archives/fatal-error")},
-        {{{"HOME", s("no/home")}, {"XDG_DATA_HOME", s("/d")}},
-         s(""),
-         s("/d/giggle-archives/giggle-archives.lock"),
-         s(""),
-         s("")},
+    const struct {
+        QHash<QByteArray, QString> values;
+        const char* accountHome;
+        QStringList folders; ///< of the lock, the preferences and the record; none where there is no place
+    } cases[] = {
+        {{{"HOME", "/h"}}, "/account", {"/h/.local/share", "/h/.config", "/h/.local/state"}},
+        {{{"HOME", "/h"}, {"XDG_DATA_HOME", "/d/"}, {"XDG_CONFIG_HOME", "/c"}, {"XDG_STATE_HOME", "/s"}},
+         "/account",
+         {"/d", "/c", "/s"}},
+        {{{"XDG_DATA_HOME", "relative"}, {"XDG_CONFIG_HOME", "./c"}, {"XDG_STATE_HOME", ""}},
+         "/account",
+         {"/account/.local/share", "/account/.config", "/account/.local/state"}},
+        {{{"HOME", "no/home"}, {"XDG_DATA_HOME", "/d"}}, "", {"/d", "", ""}},
     };
-    for (const PlacesCase& one : cases) {
-        const StoragePlaces places(environment(one.values), one.accountHome);
-        EXPECT_EQ(places.instanceLock(), one.lock);
-        EXPECT_EQ(places.preferenceFile(), one.preferences);
-        EXPECT_EQ(places.fatalErrorRecord(), one.record);
-        EXPECT_EQ(QFileInfo(places.windowMemory()).path(), QFileInfo(one.record).path());
+
+    const auto placeOf = [](const QString& folder, const char* file) {
+        return folder.isEmpty() ? QString()
+                                : folder + QStringLiteral("/giggle-archives/") + QLatin1StringView(file);
+    };
+    for (const auto& one : cases) {
+        const StoragePlaces places(environment(one.values), QString::fromLatin1(one.accountHome));
+        EXPECT_EQ(places.instanceLock(), placeOf(one.folders[0], "giggle-archives.lock"));
+        EXPECT_EQ(places.preferenceFile(), placeOf(one.folders[1], "preferences.json"));
+        EXPECT_EQ(places.fatalErrorRecord(), placeOf(one.folders[2], "fatal-error"));
+        EXPECT_EQ(places.windowMemory(), placeOf(one.folders[2], "window.json"));
     }
 }
 

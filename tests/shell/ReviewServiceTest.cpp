@@ -51,23 +51,21 @@ protected:
 
 TEST_F(ReviewServiceTest, AsksOnceInSevenDaysOfTheCalendar)
 {
-    struct Case {
+    const struct {
         const char* what;
         const char* last;
         const char* now;
         bool isDue;
-    };
+    } cases[] = {{"never asked", "", "2026-11-21T10:00:00Z", true},
+                 {"just less", "2026-11-14T10:00:01Z", "2026-11-21T10:00:00Z", false},
+                 {"exactly", "2026-11-14T10:00:00Z", "2026-11-21T10:00:00Z", false},
+                 {"just more", "2026-11-14T09:59:59Z", "2026-11-21T10:00:00Z", true},
+                 {"to come", "2027-01-01T00:00:00Z", "2026-11-21T10:00:00Z", false},
+                 {"167 hours, clocks put forward", "2026-03-25T10:30:00Z", "2026-04-01T10:00:00Z", true}};
 
-    for (const Case& c :
-         {Case{"never asked", nullptr, "2026-11-21T10:00:00Z", true},
-          Case{"a moment ago", "2026-11-21T10:00:00Z", "2026-11-21T10:00:01Z", false},
-          Case{"just less", "2026-11-14T10:00:01Z", "2026-11-21T10:00:00Z", false},
-          Case{"exactly", "2026-11-14T10:00:00Z", "2026-11-21T10:00:00Z", false},
-          Case{"just more", "2026-11-14T09:59:59Z", "2026-11-21T10:00:00Z", true},
-          Case{"to come", "2027-01-01T00:00:00Z", "2026-11-21T10:00:00Z", false},
-          Case{"167 hours, clocks put forward", "2026-03-25T10:30:00Z", "2026-04-01T10:00:00Z", true}}) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        const std::optional<QDateTime> last = c.last ? std::optional(utc(c.last)) : std::nullopt;
+        const std::optional<QDateTime> last = *c.last ? std::optional(utc(c.last)) : std::nullopt;
         service.setLastRequest(last);
         store.requests.clear();
         now = utc(c.now);
@@ -76,35 +74,27 @@ TEST_F(ReviewServiceTest, AsksOnceInSevenDaysOfTheCalendar)
         EXPECT_EQ(Preferences(preferenceFile()).date(PreferenceKeys::ReviewServiceLastRequest),
                   c.isDue ? now : last);
     }
-}
-
-TEST_F(ReviewServiceTest, AValueThatIsNoDateCountsAsNeverAsked)
-{
-    defaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("2026-11-21T09:00:00Z"));
-    service.requestReviewIfDue();
-    EXPECT_EQ(store.requests.size(), 1U);
-    EXPECT_EQ(service.lastRequest(), now);
+    defaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("no date"));
+    EXPECT_EQ(service.lastRequest(), std::nullopt);
 }
 
 TEST_F(ReviewServiceTest, TheRequestSuitsTheSystemAndTheMomentIsRememberedAnyway)
 {
     using enum StoreReview::ActivationState;
-    const std::vector<StoreReview::Scene> none;
-    const std::vector<StoreReview::Scene> behind{{1, ForegroundInactive}, {2, Background}};
-    const std::vector<StoreReview::Scene> inFront{
-        {1, Background}, {2, ForegroundActive}, {3, ForegroundActive}};
-    const std::vector<StoreReview::Scene> noWindow{{1, ForegroundActive, false}, {2, ForegroundActive}};
+    using Scenes = std::vector<StoreReview::Scene>;
+    const Scenes behind{{1, ForegroundInactive}, {2, Background}};
+    const Scenes inFront{{1, Background}, {2, ForegroundActive}, {3, ForegroundActive}};
+    const Scenes noWindow{{1, ForegroundActive, false}, {2, ForegroundActive}};
 
-    struct Case {
+    const struct {
         int version;
-        std::vector<StoreReview::Scene> scenes;
+        Scenes scenes;
         std::vector<std::optional<int>> requests; ///< The scene that each names.
-    };
+    } cases[] = {{12, {}, {WithoutScene}}, {13, behind, {}},   {13, inFront, {WithoutScene}},
+                 {13, noWindow, {}},       {14, {}, {}},       {14, behind, {}},
+                 {14, inFront, {2}},       {14, noWindow, {}}, {15, inFront, {2}}};
 
-    for (const Case& c :
-         {Case{12, none, {WithoutScene}}, Case{13, none, {}}, Case{13, behind, {}},
-          Case{13, inFront, {WithoutScene}}, Case{13, noWindow, {}}, Case{14, none, {}}, Case{14, behind, {}},
-          Case{14, inFront, {2}}, Case{14, noWindow, {}}, Case{15, inFront, {2}}}) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "version " << c.version << ", " << c.scenes.size() << " scenes");
         service.setLastRequest(std::nullopt);
         store.requests.clear();

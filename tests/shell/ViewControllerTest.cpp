@@ -12,102 +12,96 @@ namespace giggle {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class ViewControllerTest : public ScreenFixture {
 protected:
-    void setLaunchedBefore() { userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true); }
+    void provideStarter(const QByteArray& text)
+    {
+        const QString path = folder.filePath(u"starter"_s);
+        writeBytes(path, text);
+        system.resources.paths.insert(u"GiggleArchives.txt"_s, path);
+    }
 
+    [[nodiscard]] bool isFlagStored() const
+    {
+        return Preferences(preferenceFile).boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag);
+    }
+
+    QString preferenceFile = folder.filePath(u"preferences.json"_s);
     ViewController menu{environment};
 };
 
-} // namespace
-
 TEST_F(ViewControllerTest, TheFirstLaunchSeedsAndRecommends)
 {
-    system.resources.paths.insert(QStringLiteral("GiggleArchives.txt"),
-                                  QStringLiteral(GIGGLE_SOURCE_DIR "/resources/GiggleArchives.txt"));
+    provideStarter(
+        "[GIGGLEARCHIVES]\r\nPuns^Mild^1^T^It's\r\n[CATEGORY]\r\nPuns\r\n[RATING]\r\nOnly in the file\r\n");
     menu.viewDidLoad();
-    EXPECT_GE(context().fetch(Jokes::fetchRequest()).size(), 150U);
-    EXPECT_EQ(context().fetch(Category::fetchRequest()).size(), 36U);
-    EXPECT_EQ(context().fetch(Rating::fetchRequest()).size(), 8U);
-    EXPECT_FALSE(context().hasChanges());
-
+    std::vector<std::string> expected{"1|Puns|1|1|Its|Mild"};
+    for (int oid = 1; oid <= 18; ++oid)
+        expected.push_back(std::to_string(oid) + "|NULL"); // the default categories have no names
+    for (const char* row : {"19|Puns", "1|All Ages", "2|Children", "3|Teenagers", "4|Mild", "5|Mild+",
+                            "6|Moderate", "7|Adult", "8|Adult+"})
+        expected.push_back(row);
+    EXPECT_EQ(liveRows(context()), expected);
+    EXPECT_EQ(storedRows(folder.file()), expected);
     ASSERT_EQ(navigator.alerts.size(), 1U);
-    EXPECT_EQ(navigator.alerts[0].title, QStringLiteral("Initial Setup Recomendations?"));
     EXPECT_EQ(
         navigator.alerts[0].message,
         QStringLiteral("It's recommended that you go to the User Default Settings Menu and select a custom "
                        "font and font color to enhance your experience."));
-    ASSERT_EQ(navigator.alerts[0].actions.size(), 1U);
-    EXPECT_EQ(navigator.alerts[0].actions[0].title, QStringLiteral("Ok"));
+    EXPECT_TRUE(isFlagStored());
+}
 
-    const Preferences nextLaunch(folder.filePath(QStringLiteral("preferences.json")));
-    EXPECT_TRUE(nextLaunch.boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag));
+TEST_F(ViewControllerTest, AStarterFileThatCannotBeReadEndsTheProgramAfterTheFlagWasStored)
+{
+    EXPECT_DEATH(menu.viewDidLoad(), "GiggleArchives.txt is missing");
+    EXPECT_TRUE(isFlagStored());
+    system.resources.paths.insert(u"GiggleArchives.txt"_s, folder.filePath(u"gone"_s));
+    EXPECT_DEATH(menu.viewDidLoad(), "cannot be read");
+    provideStarter("[GIGGLEARCHIVES]\nPuns^Mild^1^T^\xFF\n");
+    EXPECT_DEATH(menu.viewDidLoad(), "UTF-8");
+    provideStarter("[GIGGLEARCHIVES]\nPuns^Mild^1^T^caf\xC3\xA9\n");
+    EXPECT_DEATH(menu.viewDidLoad(), "ASCII");
 }
 
 TEST_F(ViewControllerTest, NothingIsSeededOverACollectionWhenTheFlagCannotBeStored)
 {
-    Preferences withoutPlace(folder.filePath(QStringLiteral("no such folder/preferences.json")));
+    Preferences withoutPlace(folder.filePath(u"no such folder/preferences.json"_s));
     ScreenEnvironment withoutStorage{appDelegate, withoutPlace, selection,
                                      navigator,   mainQueue,    system.platform};
     addJoke({.id = 1, .joke = "mine"});
     ViewController(withoutStorage).viewDidLoad();
-    EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 1U);
-    EXPECT_TRUE(context().fetch(Rating::fetchRequest()).empty());
+    EXPECT_EQ(liveRows(context()).size(), 1U);
     EXPECT_TRUE(navigator.alerts.empty());
 }
 
-TEST_F(ViewControllerTest, AConcludedFlagIsStored)
+TEST_F(ViewControllerTest, AFlagThatDamagedPreferencesProveIsStored)
 {
-    const QString file = folder.filePath(QStringLiteral("preferences.json"));
-    writeBytes(file, "torn");
-    Preferences damaged(file);
+    writeBytes(preferenceFile, "torn");
+    Preferences damaged(preferenceFile);
     ScreenEnvironment afterDamage{appDelegate, damaged, selection, navigator, mainQueue, system.platform};
     ViewController(afterDamage).viewDidLoad();
-    QFile::remove(file + QStringLiteral(".damaged"));
-    EXPECT_TRUE(Preferences(file).boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag));
+    QFile::remove(preferenceFile + u".damaged"_s);
+    EXPECT_TRUE(isFlagStored());
 }
 
-TEST_F(ViewControllerTest, TheFlagIsStoredBeforeASeedingThatFails)
+TEST_F(ViewControllerTest, EveryLaterLaunchLeavesTheCollectionUnopenedAndEveryAppearanceStartsAnew)
 {
-    EXPECT_DEATH(menu.viewDidLoad(), "is missing");
-    const Preferences nextLaunch(folder.filePath(QStringLiteral("preferences.json")));
-    EXPECT_TRUE(nextLaunch.boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag));
-}
-
-TEST_F(ViewControllerTest, EveryLaterLaunchLeavesTheCollectionUnopened)
-{
-    setLaunchedBefore();
-    ::testing::internal::CaptureStdout();
+    userDefaults.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
     menu.viewDidLoad();
-    menu.viewWillAppear();
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "Not First Launch\n");
-    EXPECT_FALSE(QFile::exists(folder.file()));
-    EXPECT_TRUE(navigator.alerts.empty());
-}
-
-TEST_F(ViewControllerTest, EveryAppearanceStartsAnew)
-{
-    setLaunchedBefore();
-    menu.viewDidLoad();
-    EXPECT_EQ(selection.CallingScreen, QStringLiteral("MainMenu"));
+    EXPECT_EQ(selection.CallingScreen, u"MainMenu"_s);
     menu.HandleSelection();
-    menu.prepareForSegue(SegueId::JokeList);
-    EXPECT_EQ(navigator.navigationBarHidden, std::nullopt);
     menu.prepareForSegue(SegueId::TabBarController);
     EXPECT_EQ(navigator.navigationBarHidden, true);
-    selection.CallingScreen = QStringLiteral("MainList");
-
+    selection.CallingScreen = u"MainList"_s;
     menu.viewWillAppear();
     EXPECT_TRUE(menu.areaButtonsHidden());
-    EXPECT_EQ(selection.CallingScreen, QStringLiteral("MainMenu"));
+    EXPECT_EQ(selection.CallingScreen, u"MainMenu"_s);
     EXPECT_EQ(navigator.navigationBarHidden, false);
+    EXPECT_FALSE(QFile::exists(folder.file()));
 }
 
-TEST_F(ViewControllerTest, BothMenuRoutesEndHere)
-{
-    EXPECT_TRUE(menu.isTargetOf(UnwindRoute::ToMenu));
-    EXPECT_TRUE(menu.isTargetOf(UnwindRoute::ToMainMenu));
-    EXPECT_FALSE(menu.isTargetOf(UnwindRoute::ToList));
-}
+} // namespace
 
 } // namespace giggle

@@ -6,6 +6,9 @@
 
 #include <QDir>
 
+#include <chrono>
+#include <thread>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -62,8 +65,10 @@ TEST_F(DailyCopiesTest, ACopyHoldsAllThatIsSavedAndOpensAsACollection)
 
 TEST_F(DailyCopiesTest, TheOldestGoEvenWhenTheClockWasSetBack)
 {
-    for (const int number : {20, 21, 22, 23, 5})
+    for (const int number : {20, 21, 22, 23, 5}) {
         make(day(number));
+        std::this_thread::sleep_for(std::chrono::milliseconds(10)); // so that the files' times differ
+    }
     writeBytes(copyPath(u"Giggle_Archives my-own-one.sqlite"_s), "of the user");
     writeBytes(copyPath(u"Giggle_Archives 2026-11-20.sqlite.part"_s), "left by a killed program");
     make(day(6));

@@ -2,43 +2,31 @@
 #include "store/Preferences.h"
 
 #include "store/PreferenceKeys.h"
+#include "tests/support/CollectionFolder.h"
+#include "tests/support/FileSizeLimit.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
-#include <csignal>
 #include <limits>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 namespace giggle {
 
 namespace {
 
-QByteArray contentsOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<absent>");
-}
+using namespace Qt::StringLiterals;
 
 class PreferencesTest : public testing::Test {
 protected:
-    void writeFile(const QByteArray& json, const QString& suffix = {}) const
-    {
-        QFile file(m_path + suffix);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(json), json.size());
-    }
-
-    QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("preferences.json"));
+    CollectionFolder m_folder;
+    QString m_path = m_folder.filePath(u"preferences.json"_s);
 };
 
 TEST_F(PreferencesTest, ValuesAndTypesSurviveARestart)
 {
-    const QString text = QStringLiteral("a \"quoted\" \\ line\nüñ😀 ") + QChar(0) + u'\u2028';
+    const QString text = u"a \"quoted\" \\ line\nüñ😀 "_s + QChar(0) + u'\u2028';
     const QDateTime date(QDate(2026, 11, 21), QTime(11, 30, 15, 987), Qt::OffsetFromUTC, 3600);
     {
         Preferences preferences(m_path);
@@ -65,21 +53,21 @@ TEST_F(PreferencesTest, FileKeepsItsPinnedForm)
     preferences.setReal(PreferenceKeys::ListFontSize, 15.0);
     preferences.setDate(PreferenceKeys::ReviewServiceLastRequest,
                         QDateTime(QDate(2026, 11, 21), QTime(10, 0), Qt::UTC));
-    preferences.setText(PreferenceKeys::ListFontName, QStringLiteral("Arial"));
+    preferences.setText(PreferenceKeys::ListFontName, u"Arial"_s);
     preferences.setInteger(PreferenceKeys::BgColor, 3);
     ASSERT_TRUE(preferences.synchronize());
-    EXPECT_EQ(contentsOf(m_path), "{\n"
-                                  "\"ListFontName\": {\"text\": \"Arial\"},\n"
-                                  "\"ListFontSize\": {\"real\": 15.0},\n"
-                                  "\"ReviewService.lastRequest\": {\"date\": \"2026-11-21T10:00:00Z\"},\n"
-                                  "\"bgColor\": {\"integer\": 3},\n"
-                                  "\"hasBeenLaunchedBeforeFlag\": {\"boolean\": true}\n"
-                                  "}\n");
+    EXPECT_EQ(readBytes(m_path), "{\n"
+                                 "\"ListFontName\": {\"text\": \"Arial\"},\n"
+                                 "\"ListFontSize\": {\"real\": 15.0},\n"
+                                 "\"ReviewService.lastRequest\": {\"date\": \"2026-11-21T10:00:00Z\"},\n"
+                                 "\"bgColor\": {\"integer\": 3},\n"
+                                 "\"hasBeenLaunchedBeforeFlag\": {\"boolean\": true}\n"
+                                 "}\n");
 }
 
 TEST_F(PreferencesTest, WrongTypeStopsTheProgram)
 {
-    writeFile(R"({"ListFontSize":{"text":"big"}})");
+    writeBytes(m_path, R"({"ListFontSize":{"text":"big"}})");
     const Preferences preferences(m_path);
     EXPECT_DEATH(
         preferences.real(PreferenceKeys::ListFontSize),
@@ -93,13 +81,13 @@ TEST_F(PreferencesTest, DamagedFileIsSetAsideAndProvesAnEarlierLaunch)
          {"", "[]", R"({"ListFontName":{"text":"Ari)", R"({"ListFontName":"Arial"})", R"({"a":{"text":5}})",
           R"({"a":{"integer":18446744073709551616}})", "{\"a\":{\"text\":\"\xff\"}}"}) {
         SCOPED_TRACE(damaged.constData());
-        QFile::remove(m_path + QStringLiteral(".damaged.2"));
-        writeFile(damaged);
-        writeFile("older", QStringLiteral(".damaged"));
+        QFile::remove(m_path + u".damaged.2"_s);
+        writeBytes(m_path, damaged);
+        writeBytes(m_path + u".damaged"_s, "older");
         const Preferences preferences(m_path);
         EXPECT_FALSE(QFile::exists(m_path));
-        EXPECT_EQ(contentsOf(m_path + QStringLiteral(".damaged")), "older");
-        EXPECT_EQ(contentsOf(m_path + QStringLiteral(".damaged.2")), damaged);
+        EXPECT_EQ(readBytes(m_path + u".damaged"_s), "older");
+        EXPECT_EQ(readBytes(m_path + u".damaged.2"_s), damaged);
         EXPECT_FALSE(preferences.isPresent(PreferenceKeys::ListFontName));
         EXPECT_TRUE(preferences.boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag));
     }
@@ -110,21 +98,14 @@ TEST_F(PreferencesTest, FailedWriteLeavesTheFileAndCanBeRepeated)
     Preferences preferences(m_path);
     preferences.setReal(PreferenceKeys::ListFontSize, 20.0);
     ASSERT_TRUE(preferences.synchronize());
-    const QByteArray before = contentsOf(m_path);
+    const QByteArray before = readBytes(m_path);
     preferences.setReal(PreferenceKeys::ListFontSize, 21.0);
 
-    // A file size limit of nothing fails every write as a full disk does.
-    rlimit unlimited = {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &unlimited), 0);
-    const rlimit full = {0, unlimited.rlim_max};
-    const auto previous = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
-    const bool saved = preferences.synchronize();
-    setrlimit(RLIMIT_FSIZE, &unlimited);
-    std::signal(SIGXFSZ, previous);
-
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(contentsOf(m_path), before);
+    {
+        const FileSizeLimit full(0);
+        EXPECT_FALSE(preferences.synchronize());
+    }
+    EXPECT_EQ(readBytes(m_path), before);
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     EXPECT_EQ(preferences.real(PreferenceKeys::ListFontSize), 21.0);
     EXPECT_TRUE(preferences.synchronize());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/AppDelegate.h"
+#include "store/NextJokeId.h"
 #include "tests/support/CollectionFolder.h"
 
 #include <functional>
@@ -73,20 +73,15 @@ TEST_F(RecordsTest, DeletedRecordsStayReadableAndStill)
     EXPECT_EQ(context().fetch(Jokes::fetchRequest()).size(), 1000U);
 }
 
-TEST(AppDelegateTest, FailedSaveEndsTheProgram)
+TEST_F(RecordsTest, TheNextIdFollowsTheHighest)
 {
-    CollectionFolder folder;
-    EXPECT_DEATH(
-        {
-            AppDelegate appDelegate(folder.path());
-            ManagedObjectContext& context = appDelegate.persistentContainer().viewContext();
-            RawDatabase(folder.file())
-                .execute("CREATE TRIGGER t BEFORE INSERT ON jokes BEGIN "
-                         "SELECT RAISE(ABORT, 'no'); END");
-            insertJoke(context, {.id = 1});
-            appDelegate.saveContext();
-        },
-        "Fatal error: Unresolved error The collection could not be saved: no, .*file AppDelegate, line 62");
+    EXPECT_EQ(nextJokeID(context(), {}), 1);
+    const std::pair<std::optional<std::int16_t>, int> cases[] = {
+        {std::nullopt, 1}, {-32768, -32767}, {-5, -4}, {0, 1}, {7, 8}, {2, 8}, {32766, 32767}};
+    for (const auto& [id, next] : cases) {
+        insertJoke(context(), {.id = id});
+        EXPECT_EQ(nextJokeID(context(), {}), next);
+    }
 }
 
 } // namespace

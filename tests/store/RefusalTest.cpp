@@ -7,13 +7,11 @@
 
 #include <functional>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace giggle {
 
 namespace {
-
-using testing::ContainsRegex;
 
 void makeCollection(const CollectionFolder& folder)
 {
@@ -23,17 +21,6 @@ void makeCollection(const CollectionFolder& folder)
                    {.category = "Puns", .id = std::int16_t(i), .joke = std::string(150, char('a' + i % 26))});
     insertCategory(container.viewContext(), "Puns");
     container.viewContext().save();
-}
-
-/// Opens the collection; what is wrong with it when that fails.
-QString refusalOf(const CollectionFolder& folder)
-{
-    try {
-        static_cast<void>(folder.open());
-    } catch (const StoreError& error) {
-        return error.localizedDescription();
-    }
-    return {};
 }
 
 struct RefusedFile {
@@ -48,15 +35,6 @@ std::function<void(const CollectionFolder&)> changedBy(const char* sql)
     return [=](const CollectionFolder& folder) {
         makeCollection(folder);
         RawDatabase(folder.file()).execute(sql);
-    };
-}
-
-std::function<void(const CollectionFolder&)> truncatedTo(qsizetype size)
-{
-    return [=](const CollectionFolder& folder) {
-        makeCollection(folder);
-        const QByteArray bytes = readBytes(folder.file());
-        writeBytes(folder.file(), bytes.left(size > 0 ? size : bytes.size() + size));
     };
 }
 
@@ -85,9 +63,6 @@ const std::vector<RefusedFile> refusedFiles = {
     {"table gone", "its table rating has no column oid", changedBy("DROP TABLE rating")},
     {"other type", "its table rating has no column rating",
      changedBy("DROP TABLE rating; CREATE TABLE rating(oid INTEGER PRIMARY KEY, rating INTEGER) STRICT")},
-    {"cut behind header", "damaged", truncatedTo(100)},
-    {"cut by a page", "damaged", truncatedTo(-4096)},
-    {"cut by a byte", "damaged", truncatedTo(-1)},
     {"log of a file that is gone", "its log .* holds saved jokes",
      [](const auto& folder) {
          changeOnlyInTheLog(folder, "DELETE FROM jokes WHERE id = 3");
@@ -109,15 +84,15 @@ TEST(RefusalTest, EndsTheProgramInWordsAndTouchesNothing)
         CollectionFolder folder;
         file.make(folder);
         const auto before = folder.contents();
-        EXPECT_THAT(refusalOf(folder).toStdString(), ContainsRegex(file.reason));
-        EXPECT_TRUE(folder.contents() == before);
         EXPECT_DEATH(static_cast<void>(AppDelegate(folder.path()).persistentContainer()),
                      std::string("Fatal error: Unresolved error .*Giggle_Archives\\.sqlite.*") + file.reason +
                          ".*, \\{.*path = .*\\}: file AppDelegate, line 45");
-        EXPECT_DEATH(AppDelegate(folder.path()).loadSecondContainer("shell/SomeScreen", 7),
-                     "Fatal error: Unresolved error .*: file shell/SomeScreen, line 7");
         EXPECT_TRUE(folder.contents() == before);
     }
+    CollectionFolder folder;
+    refusedFiles.front().make(folder);
+    EXPECT_DEATH(AppDelegate(folder.path()).loadSecondContainer("shell/SomeScreen", 7),
+                 "Fatal error: Unresolved error .*: file shell/SomeScreen, line 7");
 }
 
 } // namespace

@@ -6,7 +6,8 @@ namespace giggle {
 /// Whether the long form of the tests was asked for.
 [[nodiscard]] bool isLongRun();
 
-/// Says how many faults of a kind were tried and survived, on the console and in the test's record.
-void reportCount(const char* what, int tried, int survived);
+/// Says how many faults of a kind were tried, and whether all were survived, on the console and in the test's
+/// record.
+void reportCount(const char* what, int tried);
 
 } // namespace giggle

@@ -22,16 +22,12 @@ struct Write {
 
     void applyTo(QByteArray& content) const
     {
-        if (isTruncation) {
-            const qsizetype before = content.size();
-            content.resize(offset);
-            if (offset > before)
-                content.replace(before, offset - before, QByteArray(offset - before, '\0'));
-            return;
-        }
         if (content.size() < offset)
             content.append(QByteArray(offset - content.size(), '\0'));
-        content.replace(offset, bytes.size(), bytes);
+        if (isTruncation)
+            content.truncate(offset);
+        else
+            content.replace(offset, bytes.size(), bytes);
     }
 };
 
@@ -46,12 +42,6 @@ struct SimulatedDisk::File {
     {
         write.applyTo(live);
         unsynced.push_back(std::move(write));
-    }
-
-    void sync()
-    {
-        durable = live;
-        unsynced.clear();
     }
 
     [[nodiscard]] QByteArray withSomeOfItsWrites(std::mt19937& random) const
@@ -102,13 +92,12 @@ SimulatedDisk::~SimulatedDisk()
 
 void SimulatedDisk::failAt(int call, Fault fault, Lasting lasting, bool withReads)
 {
-    m_calls = 0;
     m_failAt = call;
     m_fault = fault;
     m_lasting = lasting;
     m_countsReads = withReads;
-    m_hasFailed = false;
-    m_nextWriteFails = false;
+    m_calls = 0;
+    m_hasFailed = m_nextWriteFails = false;
 }
 
 SimulatedDisk::Image SimulatedDisk::afterPowerCut(Unsynced unsynced, std::mt19937& random) const
@@ -181,12 +170,8 @@ void SimulatedDisk::change(EntryChange change)
 
 void SimulatedDisk::opened(int descriptor, const QString& name, bool isTruncated)
 {
-    if (name.isEmpty()) {
-        m_files[descriptor] = nullptr;
-        return;
-    }
-    if (!isModelled(name)) {
-        m_files[descriptor] = std::make_shared<File>();
+    if (name.isEmpty() || !isModelled(name)) {
+        m_files[descriptor] = name.isEmpty() ? nullptr : std::make_shared<File>();
         return;
     }
     if (!m_live.contains(name))
@@ -220,11 +205,12 @@ void SimulatedDisk::synced(int descriptor)
     if (file == m_files.end())
         return;
     if (file->second) {
-        file->second->sync();
-        return;
+        file->second->durable = file->second->live;
+        file->second->unsynced.clear();
+    } else {
+        m_durable = m_live;
+        m_unsyncedChanges.clear();
     }
-    m_durable = m_live;
-    m_unsyncedChanges.clear();
 }
 
 } // namespace giggle

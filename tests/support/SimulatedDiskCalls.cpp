@@ -29,15 +29,13 @@ struct SimulatedDisk::Calls {
     {
         using Result = decltype(call());
         const int error = s_current->m_error;
-        if (outcome == Outcome::Fails) {
-            errno = error;
-            return Result(-1);
+        if (outcome != Outcome::Fails) {
+            const Result result = call();
+            if (result >= 0)
+                note(result);
+            if (outcome != Outcome::FailsAfterwards)
+                return result;
         }
-        const Result result = call();
-        if (result >= 0)
-            note(result);
-        if (outcome != Outcome::FailsAfterwards)
-            return result;
         errno = error;
         return Result(-1);
     }
@@ -50,11 +48,7 @@ struct SimulatedDisk::Calls {
             s_current->m_files.erase(descriptor);
     }
 
-    static bool exists(const char* path)
-    {
-        struct stat status = {};
-        return ::lstat(path, &status) == 0;
-    }
+    static bool exists(const char* path) { return QFileInfo::exists(QFile::decodeName(path)); }
 
     static off_t sizeOf(int descriptor)
     {
@@ -167,34 +161,18 @@ struct SimulatedDisk::Calls {
 // In place of the system's, for everything in this process.
 using Calls = giggle::SimulatedDisk::Calls;
 
-namespace {
-
-mode_t modeArgument(int flags, va_list arguments)
-{
-    return flags & O_CREAT ? va_arg(arguments, mode_t) : mode_t(0);
-}
-
-} // namespace
-
 extern "C" {
 
 int open64(const char* path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeArgument(flags, arguments);
+    const mode_t mode = flags & O_CREAT ? va_arg(arguments, mode_t) : mode_t(0);
     va_end(arguments);
     return Calls::open(path, flags, mode);
 }
 
-int open(const char* path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeArgument(flags, arguments);
-    va_end(arguments);
-    return Calls::open(path, flags, mode);
-}
+int open(const char* path, int flags, ...) __attribute__((alias("open64")));
 
 int close(int descriptor)
 {

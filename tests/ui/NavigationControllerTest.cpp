@@ -14,6 +14,8 @@ namespace giggle {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Journal = std::vector<std::string>;
@@ -90,10 +92,8 @@ protected:
     {
         QObject::connect(&navigation, &NavigationController::pushed, &navigation,
                          [this](Screen* screen) { pages.push_back(screen); });
-        QObject::connect(&navigation, &NavigationController::popped, &navigation, [this](int count) {
-            popCounts.push_back(count);
-            pages.resize(pages.size() - static_cast<std::size_t>(count));
-        });
+        QObject::connect(&navigation, &NavigationController::popped, &navigation,
+                         [this](int count) { pages.resize(pages.size() - static_cast<std::size_t>(count)); });
     }
 
     /// The pages' transition has ended.
@@ -115,89 +115,36 @@ protected:
         journal.clear();
     }
 
-    static Alert alertNamed(const QString& title, std::function<void()> handler = {})
-    {
-        return {title, {}, {{QStringLiteral("OK"), std::move(handler)}}};
-    }
+    /// What has happened since the last time.
+    Journal news() { return std::exchange(journal, {}); }
 
     Journal journal;
     RecordingScenes scenes{environment, journal};
     NavigationController navigation{scenes};
     std::vector<Screen*> pages;
-    std::vector<int> popCounts;
 };
 
-} // namespace
-
-TEST_F(NavigationControllerTest, RunsTheLifeCycleOfAPush)
+TEST_F(NavigationControllerTest, RunsTheLifeCycleOfPushesAndWaysBack)
 {
     navigation.start();
-    EXPECT_THAT(journal, ElementsAre("menu load", "menu will appear"));
+    EXPECT_THAT(news(), ElementsAre("menu load", "menu will appear"));
     settle();
-    journal.clear();
-
+    EXPECT_THAT(news(), ElementsAre("menu did appear"));
     navigation.performSegue(SegueId::JokeList);
-    EXPECT_THAT(journal, ElementsAre("menu prepare", "list load", "list will appear"));
-    journal.clear();
+    navigation.performSegue(SegueId::JokeList); // the second of two quick presses
+    EXPECT_THAT(news(), ElementsAre("menu prepare", "list load", "list will appear"));
     settle();
     settle();
-    EXPECT_THAT(journal, ElementsAre("menu did disappear", "list did appear"));
-    EXPECT_EQ(navigation.depth(), 2);
-}
-
-TEST_F(NavigationControllerTest, RunsTheLifeCycleOfAWayBack)
-{
-    openAll();
-    Screen* editor = pages.back();
+    EXPECT_THAT(news(), ElementsAre("menu did disappear", "list did appear"));
+    Screen* list = pages.back();
     navigation.back();
-    EXPECT_THAT(journal, ElementsAre("list will appear"));
+    EXPECT_THAT(news(), ElementsAre("menu will appear"));
     settle();
-    EXPECT_THAT(journal, ElementsAre("list will appear", "editor did disappear", "list did appear"));
-    journal.clear();
-
-    navigation.pageRemoved(editor);
-    EXPECT_THAT(journal, IsEmpty()) << "deleted while the page may still look at it";
+    EXPECT_THAT(news(), ElementsAre("list did disappear", "menu did appear"));
+    navigation.pageRemoved(list);
+    EXPECT_THAT(news(), IsEmpty()) << "deleted while the page may still look at it";
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_THAT(journal, ElementsAre("editor deleted"));
-}
-
-TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTarget)
-{
-    openAll();
-    navigation.unwind(UnwindRoute::ToMenu);
-    settle();
-    EXPECT_THAT(journal,
-                ElementsAre("menu unwound", "menu will appear", "editor did disappear", "menu did appear"))
-        << "the list was covered all the time";
-    EXPECT_THAT(popCounts, ElementsAre(2));
-}
-
-TEST_F(NavigationControllerTest, LeavesEverythingAsItIsWithoutATarget)
-{
-    openAll();
-    navigation.unwind(UnwindRoute::ToRatingList);
-    EXPECT_THAT(journal, IsEmpty());
-    EXPECT_EQ(navigation.depth(), 3);
-
-    // The screen on top is no way back to itself.
-    navigation.back();
-    settle();
-    journal.clear();
-    navigation.unwind(UnwindRoute::ToList);
-    EXPECT_THAT(journal, IsEmpty());
-}
-
-TEST_F(NavigationControllerTest, DropsTheSecondOfTwoQuickPresses)
-{
-    navigation.start();
-    settle();
-    navigation.performSegue(SegueId::JokeList);
-    navigation.performSegue(SegueId::JokeList);
-    EXPECT_EQ(navigation.depth(), 2);
-
-    settle();
-    navigation.performSegue(SegueId::JokeList);
-    EXPECT_EQ(navigation.depth(), 3) << "once the page is there, a press is meant";
+    EXPECT_THAT(news(), ElementsAre("list deleted"));
 }
 
 TEST_F(NavigationControllerTest, GoesBackBeforeThePageHasComeToRest)
@@ -208,28 +155,42 @@ TEST_F(NavigationControllerTest, GoesBackBeforeThePageHasComeToRest)
     journal.clear();
     navigation.back();
     settle();
-    EXPECT_THAT(journal, ElementsAre("menu will appear", "list did disappear", "menu did appear"));
+    EXPECT_THAT(news(), ElementsAre("menu will appear", "list did disappear", "menu did appear"));
+}
+
+TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTargetIfThereIsOne)
+{
+    openAll();
+    navigation.unwind(UnwindRoute::ToRatingList);
+    EXPECT_THAT(news(), IsEmpty());
+    navigation.unwind(UnwindRoute::ToMenu);
+    settle();
+    EXPECT_THAT(news(),
+                ElementsAre("menu unwound", "menu will appear", "editor did disappear", "menu did appear"))
+        << "the list was covered all the time";
+    EXPECT_EQ(pages.size(), 1U);
+    navigation.unwind(UnwindRoute::ToMenu); // the screen on top is no way back to itself
+    EXPECT_THAT(news(), IsEmpty());
 }
 
 TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
 {
-    EXPECT_FALSE(navigation.alert().shown);
+    const auto present = [this](const QString& title, std::function<void()> handler) {
+        navigation.present({title, {}, {{u"OK"_s, std::move(handler)}}});
+    };
     bool wasAlertAway = false;
-    navigation.present(alertNamed(QStringLiteral("first"), [&] {
+    present(u"first"_s, [&] {
         wasAlertAway = !navigation.alert().shown;
-        navigation.present(alertNamed(QStringLiteral("third")));
-    }));
-    navigation.present(alertNamed(QStringLiteral("second")));
-
-    EXPECT_EQ(navigation.alert().title, QStringLiteral("first"));
-    EXPECT_EQ(navigation.alert().actions, QStringList({"OK"}));
+        present(u"third"_s, {});
+    });
+    present(u"second"_s, {});
     navigation.alertAnswered(1);
-    EXPECT_EQ(navigation.alert().title, QStringLiteral("first")) << "there is no second button";
-    navigation.alertAnswered(0);
+    EXPECT_EQ(navigation.alert().title, u"first"_s) << "there is no second button";
+    for (const char* next : {"second", "third"}) {
+        navigation.alertAnswered(0);
+        EXPECT_EQ(navigation.alert().title, QString::fromLatin1(next));
+    }
     EXPECT_TRUE(wasAlertAway);
-    EXPECT_EQ(navigation.alert().title, QStringLiteral("second"));
-    navigation.alertAnswered(0);
-    EXPECT_EQ(navigation.alert().title, QStringLiteral("third"));
     navigation.alertAnswered(0);
     EXPECT_FALSE(navigation.alert().shown);
     navigation.alertAnswered(0);
@@ -264,9 +225,10 @@ TEST_F(NavigationControllerTest, AnOfferToUndoEndsWithTheNextOneAndWithItsScreen
 
 TEST_F(NavigationControllerTest, APageThatCannotBeLoadedEndsTheProgram)
 {
-    EXPECT_DEATH(
-        navigation.pageFailed(QUrl(QStringLiteral("qrc:/a/Page.qml")), QStringLiteral("no such type")),
-        "Page.qml cannot be shown: no such type");
+    EXPECT_DEATH(navigation.pageFailed(QUrl(u"qrc:/a/Page.qml"_s), u"no such type"_s),
+                 "Page.qml cannot be shown: no such type");
 }
+
+} // namespace
 
 } // namespace giggle

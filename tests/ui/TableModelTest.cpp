@@ -35,38 +35,12 @@ protected:
         return cells;
     }
 
-    void remove(int row)
-    {
-        table.removeRow(row, [this, row] { source.words.removeAt(row); });
-    }
-
     Words source;
     TableModel table{source};
-    // Reads the neighbours of what is removed before and after, among much else; a fault aborts the test.
     QAbstractItemModelTester tester{&table, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
 } // namespace
-
-TEST_F(TableModelTest, RemovesOneRowWithoutAReset)
-{
-    QSignalSpy removals(&table, &TableModel::rowsRemoved);
-    QSignalSpy resets(&table, &TableModel::modelReset);
-    QSignalSpy counts(&table, &TableModel::countChanged);
-    QSignalSpy headers(&table, &TableModel::headerTextChanged);
-    remove(1);
-    EXPECT_EQ(shown(), QStringList({"a", "c", "d"}));
-    remove(2);
-    EXPECT_EQ(shown(), QStringList({"a", "c"}));
-    remove(0);
-    remove(0);
-    EXPECT_EQ(shown(), QStringList());
-    EXPECT_EQ(removals.count(), 4);
-    EXPECT_EQ(resets.count(), 0);
-    EXPECT_EQ(counts.count(), 4);
-    EXPECT_EQ(headers.count(), 4);
-    EXPECT_EQ(table.headerText(), QStringLiteral("0"));
-}
 
 TEST_F(TableModelTest, PutsOneRowInWithoutAReset)
 {
@@ -77,22 +51,6 @@ TEST_F(TableModelTest, PutsOneRowInWithoutAReset)
     EXPECT_EQ(shown(), QStringList({"new", "a", "new", "b", "c", "d", "new"}));
     EXPECT_EQ(resets.count(), 0);
     EXPECT_EQ(headers.count(), 3);
-}
-
-TEST_F(TableModelTest, RedrawingKeepsThePlaceAsLongAsTheRowsAreTheSame)
-{
-    QSignalSpy resets(&table, &TableModel::modelReset);
-    QSignalSpy changes(&table, &TableModel::dataChanged);
-    table.redraw();
-    EXPECT_EQ(resets.count(), 0);
-    ASSERT_EQ(changes.count(), 1);
-    EXPECT_EQ(changes.at(0).at(0).toModelIndex().row(), 0);
-    EXPECT_EQ(changes.at(0).at(1).toModelIndex().row(), 3);
-
-    source.words.append(QStringLiteral("e"));
-    table.redraw();
-    EXPECT_EQ(resets.count(), 1);
-    EXPECT_EQ(table.count(), 5);
 }
 
 TEST_F(TableModelTest, TheFirstRowInSightIsFoundAgainByWhatItShowsElseByItsNumber)
