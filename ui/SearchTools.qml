@@ -19,8 +19,8 @@ GridLayout {
     property alias searchText: searchBar.text
     property alias searchBorderColor: searchBar.borderColor
     default property alias tools: toolBox.data
-    /// What a screen reader hears of a search that has found nothing, one row, and more.
-    property list<string> resultTexts: [qsTr("No jokes found"), qsTr("1 joke"), qsTr("%1 jokes")]
+    /// What a screen reader hears of a search that has found nothing, one row, and more: texts.
+    property var resultTexts: [qsTr("No jokes found"), qsTr("1 joke"), qsTr("%1 jokes")]
     readonly property TableList table: searched as TableList
 
     anchors.horizontalCenter: parent ? parent.horizontalCenter : undefined

@@ -28,7 +28,7 @@ QtObject {
     readonly property color requiredText: choose(headerText, "#ff8a80", "#8b0000", "#ffb4ab")
     /// Names that are chosen.
     readonly property color accentText: dark ? focus : tint
-    readonly property color focus: choose("#0a52c4", "#9cc2ff", "#003a9e", "#ffe94a")
+    readonly property color focus: choose("#0a52c4", "#9cc2ff", "#003a9e", "#8ce0ff")
 
     // The same in both styles; rows and headers also where the contrast is to be high.
     readonly property color buttonBorder: "#000000"

@@ -57,6 +57,7 @@ class Application:
         postman = home / "data/applications/postman.desktop"
         postman.parent.mkdir(parents=True, exist_ok=True)
         postman.write_text(POSTMAN)
+        self.root = None
         # So that the accessibility bus is there before the program looks for it.
         Atspi.get_desktop(0).get_child_count()
         self.process = subprocess.Popen(
@@ -72,7 +73,11 @@ class Application:
             ),
             stdout=subprocess.DEVNULL,
         )
-        self.root = self._await(self._find_root, "the application is not on the accessibility bus")
+        try:
+            self.root = self._await(self._find_root, "the application is not on the accessibility bus")
+        except BaseException:
+            self.end()
+            raise
 
     def end(self):
         """Closes it as a session does, and tells its exit status."""
@@ -125,9 +130,10 @@ class Application:
         if self.process.poll() is not None:
             raise AssertionError(f"it has ended with {self.process.returncode}")
         desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()  # of applications that have ended
         for i in range(desktop.get_child_count()):
-            application = desktop.get_child_at_index(i)
             with contextlib.suppress(GLib.GError):
+                application = desktop.get_child_at_index(i)
                 if application is not None and application.get_process_id() == self.process.pid:
                     return application if application.get_child_count() > 0 else None
         return None
@@ -139,7 +145,8 @@ class Application:
                 if result := condition():
                     return result
             wait(0.03)
-        raise Missing(failure)
+        there = [describe(item) for item in self.showing()[:60]] if self.root else "nothing"
+        raise Missing(f"{failure}; there is {there}")
 
 
 class Hearing:
