@@ -215,7 +215,11 @@ void BulkSaving::finish()
     if (m_isFinished)
         return;
     m_isFinished = true;
-    // Durability first: whatever a last save comes to, it must not stay relaxed.
+    try {
+        m_context.save();
+    } catch (const StoreError&) {
+        // It is tried again below.
+    }
     m_context.store().restoreDurability();
     m_context.save();
 }

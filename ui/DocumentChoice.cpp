@@ -37,7 +37,7 @@ QString pathOf(const QString& text, const QString& folder)
         return here.filePath(text);
     const QString trimmed = text.trimmed();
     if (trimmed.startsWith(QLatin1StringView("file:"), Qt::CaseInsensitive))
-        return QUrl(trimmed).toLocalFile();
+        return here.filePath(QUrl(trimmed).toLocalFile());
     if (trimmed == u'~' || trimmed.startsWith(QLatin1StringView("~/")))
         return QDir::homePath() + trimmed.mid(1);
     return here.filePath(trimmed);

@@ -42,10 +42,10 @@ Rectangle {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: fileName
-    Accessible.description: fileIsDir ? qsTr("Folder") : sizeText
+    Accessible.description: fileIsDir ? qsTr("Folder") : isMarked ? qsTr("%1, chosen").arg(sizeText) : sizeText
     Accessible.focusable: true
     Accessible.selectable: true
-    Accessible.selected: isMarked
+    Accessible.selected: ListView.isCurrentItem
     Accessible.onPressAction: if (enabled) pressed()
 
     Image {

@@ -210,7 +210,7 @@ ApplicationWindow {
     Shortcut {
         sequence: "Ctrl+Z"
         enabled: undoOffer.visible && !window.isCovered
-        onActivated: window.passing.undo()
+        onActivated: undoOffer.acted()
     }
 
     AlertDialog {
@@ -289,13 +289,15 @@ ApplicationWindow {
                 picker: window.documentPicker
             })
         onClosed: window.focusPage()
-        onStatusChanged: if (status === Loader.Error)
-            window.documentPicker.cancel()
+        onStatusChanged: if (status === Loader.Error) {
+            source = ""; // else the next request would load nothing
+            window.documentPicker.cancel();
+        }
     }
     Binding {
         target: printSheet.item as PrintPanelDialog
         property: "isCovered"
-        value: window.documentPicker.isShown
+        value: window.documentPicker.isOpen
         when: printSheet.item !== null
     }
 

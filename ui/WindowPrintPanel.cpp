@@ -82,8 +82,11 @@ void WindowPrintPanel::makePdf(AttributedText text, const QString& jobName,
 bool WindowPrintPanel::takeText(AttributedText text, const QString& jobName,
                                 std::function<void(const PrintOutcome&)> finished)
 {
-    if (m_text)
-        return false;
+    if (m_text) {
+        if (m_isShown || isWorking())
+            return false;
+        close(false); // it waits for a file dialog of the desktop that nobody may find any more
+    }
     m_text = std::make_shared<const AttributedText>(std::move(text));
     m_jobName = jobName;
     m_finished = std::move(finished);
@@ -115,8 +118,9 @@ void WindowPrintPanel::close(bool isCompleted)
     const auto finished = std::exchange(m_finished, {});
     const PrintOutcome outcome{.isCompleted = isCompleted, .failure = isCompleted ? QString() : m_failure};
     // A caller may present the panel anew.
-    QMetaObject::invokeMethod(
-        this, [finished, outcome] { finished(outcome); }, Qt::QueuedConnection);
+    if (finished)
+        QMetaObject::invokeMethod(
+            this, [finished, outcome] { finished(outcome); }, Qt::QueuedConnection);
 }
 
 QString WindowPrintPanel::title() const
@@ -296,8 +300,9 @@ void WindowPrintPanel::saveAsPdf()
     if (!m_text || isWorking())
         return;
     const QString name = QString(m_jobName).replace(u'/', u'-') + QStringLiteral(".pdf");
-    m_platform.documentPicker->pickPlace(name, [self = QPointer(this)](const QUrl& place) {
-        if (!self || !self->m_text)
+    m_platform.documentPicker->pickPlace(name, [self = QPointer(this), text = m_text](const QUrl& place) {
+        // The desktop's dialog leaves the panel usable: it may have another text by now, or be at work.
+        if (!self || self->m_text != text || self->isWorking())
             return;
         if (place.isLocalFile())
             self->beginWork(Work::Saving, place.toLocalFile());

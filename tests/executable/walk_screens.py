@@ -159,6 +159,8 @@ class WalkScreens(unittest.TestCase):
         self.go("OK", "Export Jokes")
         self.back("Import / Export")
         self.go("Import Jokes", "Import Jokes", buttons="Load File, Import, Copy", **texts)
+        self.go("Load File", "Load File", buttons="Parent Folder, Home, Open, Cancel", texts="File Name", lists="Files")
+        self.go("Cancel", "Import Jokes")
 
     def test_remaining_areas(self):
         for area, title, controls in [

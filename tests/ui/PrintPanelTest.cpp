@@ -86,6 +86,23 @@ TEST_F(PrintPanelTest, WhatIsChosenReachesThePrinter)
     EXPECT_TRUE(QDir(system.temporaryFolder.path()).isEmpty()) << "a file was left";
 }
 
+TEST_F(PrintPanelTest, APlaceThatIsNamedTooLateIsForNoOtherText)
+{
+    // In a dialog of the desktop, which leaves the window usable and may be lost.
+    panel.makePdf(manyJokes(1), u"First"_qs, [this](const PrintOutcome& left) { outcomes.push_back(left); });
+    const DocumentPicker::Answer late = system.documentPicker.answer;
+    present(2);
+    EXPECT_EQ(outcomes.size(), 1U) << "who waits for the first text is not told";
+    late(QUrl::fromLocalFile(folder.filePath(u"first.pdf"_qs)));
+    EXPECT_FALSE(panel.isWorking());
+    panel.saveAsPdf();
+    panel.print();
+    system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"second.pdf"_qs)));
+    ASSERT_TRUE(until([&] { return outcomes.size() == 2; }));
+    EXPECT_EQ(printers.printed().size(), 1U);
+    EXPECT_TRUE(QDir(folder.path()).entryList({u"*.pdf"_qs}).isEmpty());
+}
+
 TEST_F(PrintPanelTest, AFailureIsSaidAndAnotherWayCanBeChosen)
 {
     present(5);
