@@ -61,32 +61,14 @@ AppPage {
                 onClicked: page.screen.WriteTextFile()
             }
         }
-        ProgressBar {
-            id: progress
-
+        WorkProgress {
             Layout.fillWidth: true
             objectName: "ProgressView"
-            implicitHeight: Theme.unit
             value: page.screen.ProgressView
-            Accessible.name: qsTr("Progress")
 
             Behavior on value {
                 NumberAnimation {
                     duration: Theme.animationTime
-                }
-            }
-            background: Rectangle {
-                radius: height / 2
-                color: Theme.surface
-                border.width: 1
-                border.color: Theme.mutedText
-            }
-            contentItem: Item {
-                Rectangle {
-                    width: progress.visualPosition * parent.width
-                    height: parent.height
-                    radius: height / 2
-                    color: Theme.focus
                 }
             }
         }

@@ -147,12 +147,14 @@ Dialog {
 
                     AppButton {
                         Layout.fillWidth: true
+                        Layout.preferredWidth: dialog.isLow ? -1 : 1
                         alwaysShowsFocus: true
                         text: qsTr("Cancel")
                         onClicked: dialog.picker.cancel()
                     }
                     AppButton {
                         Layout.fillWidth: true
+                        Layout.preferredWidth: dialog.isLow ? -1 : 1
                         alwaysShowsFocus: true
                         text: dialog.picker.isForSaving ? qsTr("Save") : qsTr("Open")
                         isProminent: true

@@ -174,28 +174,9 @@ Dialog {
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
             }
-            ProgressBar {
-                id: bar
-
+            WorkProgress {
                 Layout.fillWidth: true
-                implicitHeight: Theme.unit
                 value: dialog.panel.progress
-                Accessible.name: qsTr("Progress")
-
-                background: Rectangle {
-                    radius: height / 2
-                    color: Theme.surface
-                    border.width: 1
-                    border.color: Theme.mutedText
-                }
-                contentItem: Item {
-                    Rectangle {
-                        width: bar.visualPosition * parent.width
-                        height: parent.height
-                        radius: height / 2
-                        color: Theme.focus
-                    }
-                }
             }
         }
         Item {

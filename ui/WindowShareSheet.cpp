@@ -55,13 +55,10 @@ const QString TextTitle = QStringLiteral("Giggle Archives");
 
 const QString MailTitle = QStringLiteral("Sending Email");
 
-// A program is handed the message as one argument, and the system takes none of 128 KiB.
-constexpr qsizetype LongestMessageAddress = 100'000;
-
 bool canBeMessage(const QString& text)
 {
-    return text.size() <= LongestMessageAddress &&
-           messageAddress(text).toEncoded().size() <= LongestMessageAddress;
+    return text.size() <= AddressOpener::LongestAddress &&
+           messageAddress(text).toEncoded().size() <= AddressOpener::LongestAddress;
 }
 
 SharedThings sorted(std::vector<SharedItem> items)

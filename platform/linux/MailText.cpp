@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/MailText.h"
 
+#include "platform/AddressOpener.h"
+
 #include <QTextDocumentFragment>
 
 namespace giggle::MailText {
 
 namespace {
-
-// The system takes 128 KiB for one argument; the rest is for recipients, subject and names of files.
-constexpr qsizetype LongestBody = 100'000;
 
 QByteArray encoded(QString text)
 {
@@ -55,7 +54,7 @@ QUrl address(const QStringList& recipients, const QString& subject, const QStrin
 
 bool fitsIntoAddress(const QString& body)
 {
-    return encoded(body).size() <= LongestBody;
+    return encoded(body).size() <= AddressOpener::LongestAddress;
 }
 
 } // namespace giggle::MailText

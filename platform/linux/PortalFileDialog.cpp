@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PortalFileDialog.h"
 
+#include "platform/linux/DesktopPortal.h"
 #include "platform/linux/PortalRequest.h"
 
 #include <QDBusMessage>
@@ -15,8 +16,6 @@ namespace giggle {
 
 namespace {
 
-const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString FileChooser = QStringLiteral("FileChooser");
 
 // A portal that is only being started announces itself when it is there.
@@ -48,8 +47,8 @@ PortalFileDialog::PortalFileDialog(QDBusConnection bus) : m_bus(std::move(bus))
 {
     if (!m_bus.isConnected())
         return;
-    auto* const presence =
-        new QDBusServiceWatcher(Service, m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    auto* const presence = new QDBusServiceWatcher(DesktopPortal::Service, m_bus,
+                                                   QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(presence, &QDBusServiceWatcher::serviceRegistered, this, &PortalFileDialog::askForVersion);
     connect(presence, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_isOffered = false; });
     askForVersion();
@@ -57,10 +56,10 @@ PortalFileDialog::PortalFileDialog(QDBusConnection bus) : m_bus(std::move(bus))
 
 void PortalFileDialog::askForVersion()
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        Service, Path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    message.setArguments(
-        {QStringLiteral("org.freedesktop.portal.") + FileChooser, QStringLiteral("version")});
+    QDBusMessage message = QDBusMessage::createMethodCall(DesktopPortal::Service, DesktopPortal::Path,
+                                                          QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                          QStringLiteral("Get"));
+    message.setArguments({DesktopPortal::interfaceName(FileChooser), QStringLiteral("version")});
     auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, PatienceMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusVariant> version = *watcher;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PortalInterfaceStyle.h"
 
+#include "platform/linux/DesktopPortal.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -12,9 +14,7 @@ namespace giggle {
 
 namespace {
 
-const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString Interface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString Interface = DesktopPortal::interfaceName(QStringLiteral("Settings"));
 const QString Appearance = QStringLiteral("org.freedesktop.appearance");
 const QString Desktop = QStringLiteral("org.gnome.desktop.interface");
 const QString Accessibility = QStringLiteral("org.gnome.desktop.a11y.interface");
@@ -51,8 +51,8 @@ PortalInterfaceStyle::PortalInterfaceStyle(QDBusConnection bus, QObject* parent)
     qGuiApp->installEventFilter(this);
     if (bus.isConnected()) {
         // Listening comes first, so that no change between the answer and the connection is lost.
-        bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,
-                    SLOT(settingChanged(QString, QString, QDBusVariant)));
+        bus.connect(DesktopPortal::Service, DesktopPortal::Path, Interface, QStringLiteral("SettingChanged"),
+                    this, SLOT(settingChanged(QString, QString, QDBusVariant)));
         for (const Setting& setting : Settings)
             read(bus, setting.group, setting.key);
     }
@@ -60,7 +60,8 @@ PortalInterfaceStyle::PortalInterfaceStyle(QDBusConnection bus, QObject* parent)
 
 void PortalInterfaceStyle::read(QDBusConnection& bus, const QString& group, const QString& key)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("Read"));
+    QDBusMessage message = QDBusMessage::createMethodCall(DesktopPortal::Service, DesktopPortal::Path,
+                                                          Interface, QStringLiteral("Read"));
     message.setArguments({group, key});
     auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, group, key] {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PortalRequest.h"
 
+#include "platform/linux/DesktopPortal.h"
+
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -15,9 +17,6 @@
 namespace giggle {
 
 namespace {
-
-const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString Path = QStringLiteral("/org/freedesktop/portal/desktop");
 
 /// Names the window that a dialog of the portal belongs to, where its name can be had.
 QString parentWindow()
@@ -57,16 +56,17 @@ void PortalRequest::start(const Call& call)
     // The portal makes the name of the answering object from the two, so that listening can come first.
     const QString token = QStringLiteral("giggle_") + QUuid::createUuid().toString(QUuid::Id128);
     const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-    listen(Path + QStringLiteral("/request/%1/%2").arg(sender, token));
+    listen(DesktopPortal::Path + QStringLiteral("/request/%1/%2").arg(sender, token));
 
-    auto* const presence =
-        new QDBusServiceWatcher(Service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    auto* const presence = new QDBusServiceWatcher(DesktopPortal::Service, m_bus,
+                                                   QDBusServiceWatcher::WatchForUnregistration, this);
     connect(presence, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(Outcome::Failed); });
 
     QVariantMap options = call.options;
     options.insert(QStringLiteral("handle_token"), token);
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        Service, Path, QStringLiteral("org.freedesktop.portal.") + call.interface, call.method);
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(DesktopPortal::Service, DesktopPortal::Path,
+                                       DesktopPortal::interfaceName(call.interface), call.method);
     message.setArguments(QVariantList{parentWindow()} + call.arguments + QVariantList{options});
     auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, &PortalRequest::called);
@@ -85,7 +85,7 @@ void PortalRequest::listen(const QString& handle)
 {
     m_handle = handle;
     // The path is the portal's and nobody else knows it: the sender need not be looked up, which would wait.
-    m_bus.connect(QString(), handle, QStringLiteral("org.freedesktop.portal.Request"),
+    m_bus.connect(QString(), handle, DesktopPortal::interfaceName(QStringLiteral("Request")),
                   QStringLiteral("Response"), this, SLOT(responded(uint, QVariantMap)));
 }
 
@@ -93,8 +93,9 @@ void PortalRequest::close()
 {
     if (!std::exchange(m_answer, {}))
         return;
-    m_bus.send(QDBusMessage::createMethodCall(
-        Service, m_handle, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close")));
+    m_bus.send(QDBusMessage::createMethodCall(DesktopPortal::Service, m_handle,
+                                              DesktopPortal::interfaceName(QStringLiteral("Request")),
+                                              QStringLiteral("Close")));
     deleteLater();
 }
 
