@@ -5,7 +5,7 @@
 #include <QUrl>
 
 /// Where the application is found on the net. The names are reserved ones that lead nowhere: whoever
-/// publishes the application puts its own here.
+/// publishes the application puts its own here, and in `packaging/` and `.reuse/dep5`.
 namespace giggle::DeploymentAddresses {
 
 /// The page in the store, where the application can be had and rated.
