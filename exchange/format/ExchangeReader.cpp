@@ -3,6 +3,7 @@
 
 #include "exchange/format/ExchangeFormat.h"
 #include "exchange/format/PreparedText.h"
+#include "store/BulkSaving.h"
 #include "store/Console.h"
 #include "store/FatalError.h"
 

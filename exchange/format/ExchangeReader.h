@@ -11,6 +11,7 @@
 
 namespace giggle {
 
+class BulkSaving;
 struct PreparedLine;
 
 /// Reads the text of an exchange file into the collection, in three steps that may each be run alone. Every
