@@ -5,9 +5,7 @@
 
 #include <QString>
 
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace giggle {
 
