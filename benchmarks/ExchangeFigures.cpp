@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/BaselineDatabase.h"
 #include "benchmarks/Collections.h"
 #include "benchmarks/Figure.h"
-#include "benchmarks/RawDatabase.h"
 #include "exchange/format/ExchangeReader.h"
 #include "exchange/format/ExchangeWriter.h"
 #include "jokes/JokeComposition.h"
@@ -38,7 +38,7 @@ std::string_view takeUntil(char end, std::string_view& text)
 }
 
 /// Takes the joke lines apart and writes each as a row of its own, without looking whether it is there.
-void readPlainly(std::string_view text, RawDatabase& database)
+void readPlainly(std::string_view text, BaselineDatabase& database)
 {
     RawJoke row{};
     takeUntil('\n', text); // the marker
@@ -72,7 +72,7 @@ Sides readerSides(Collections& collections, std::size_t size)
     const auto baseline = [&collections, text] {
         const QString folder = collections.emptyFolder();
         (void)Collections::open(folder); // makes the tables
-        RawDatabase database(Collections::fileIn(folder), RawDatabase::Sync::Normal);
+        BaselineDatabase database(Collections::fileIn(folder), BaselineDatabase::Sync::Normal);
         return secondsFor([&] {
             readPlainly(text, database);
             return 0;
@@ -87,7 +87,7 @@ Sides exportSides(Collections& collections, std::size_t size)
     return {[folder] { return measuredElsewhere(ScreenMeasurement::Export, folder); },
             [folder] {
                 return secondsFor([&] {
-                    return RawDatabase(Collections::fileIn(folder), RawDatabase::Sync::Full)
+                    return BaselineDatabase(Collections::fileIn(folder), BaselineDatabase::Sync::Full)
                         .jokes("ORDER BY category, joke");
                 });
             }};

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/Storyboard.h"
+#include "benchmarks/BaselineDatabase.h"
 #include "benchmarks/Collections.h"
 #include "benchmarks/Figure.h"
-#include "benchmarks/RawDatabase.h"
 #include "lists/CategoryBreakdownTableViewController.h"
 #include "lists/CategoryGroupTableViewController.h"
 #include "lists/RatingGroupTableViewController.h"
@@ -38,7 +38,7 @@ constexpr std::string_view LargeCategory = "A large category";
 /// What screens need that are measured without their pages, beside a raw connection to the same file.
 struct Desk {
     explicit Desk(const QString& folder)
-        : appDelegate(folder), raw(Collections::fileIn(folder), RawDatabase::Sync::Full)
+        : appDelegate(folder), raw(Collections::fileIn(folder), BaselineDatabase::Sync::Full)
     {
     }
 
@@ -63,7 +63,7 @@ struct Desk {
     Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
                       addressOpener,  mailComposer, messageCapability, fileOpener};
     ScreenEnvironment environment{appDelegate, userDefaults, selection, navigator, mainQueue, platform};
-    RawDatabase raw;
+    BaselineDatabase raw;
 };
 
 std::size_t appearWithAllRows(GroupTableViewController& groups)
@@ -112,7 +112,7 @@ std::shared_ptr<Desk> deskWithLargeCategory(Collections& collections, std::size_
     return desk;
 }
 
-std::vector<RawJoke> jokesOfLargeCategory(RawDatabase& raw)
+std::vector<RawJoke> jokesOfLargeCategory(BaselineDatabase& raw)
 {
     return raw.jokes("WHERE category = '" + std::string(LargeCategory) + "' ORDER BY joke");
 }
@@ -150,7 +150,7 @@ Sides firstFrameSides(Collections& collections, std::size_t size)
 {
     const QString folder = folderWithLargeCategory(collections, size);
     const auto baseline = [folder] {
-        RawDatabase raw(Collections::fileIn(folder), RawDatabase::Sync::Full);
+        BaselineDatabase raw(Collections::fileIn(folder), BaselineDatabase::Sync::Full);
         return jokesOfLargeCategory(raw);
     };
     return {[folder] { return measuredElsewhere(ScreenMeasurement::BreakdownFrame, folder); },
@@ -162,8 +162,8 @@ Sides tickSides(Collections& collections, std::size_t size)
     const auto desk = deskWithLargeCategory(collections, size);
     const auto breakdown = std::make_shared<CategoryBreakdownTableViewController>(desk->environment);
     breakdown->viewDidLoad();
-    const auto raw =
-        std::make_shared<RawDatabase>(Collections::fileIn(collections.copy(size)), RawDatabase::Sync::Full);
+    const auto raw = std::make_shared<BaselineDatabase>(Collections::fileIn(collections.copy(size)),
+                                                        BaselineDatabase::Sync::Full);
     const auto ours = [desk, breakdown, tick = 0]() mutable {
         const int row = ++tick * 7919 % breakdown->numberOfRows();
         const bool isTicked = breakdown->cellForRow(row).value<CategoryBreakdownTableViewCell>().favorite;

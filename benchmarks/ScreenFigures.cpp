@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/BaselineDatabase.h"
 #include "benchmarks/Collections.h"
 #include "benchmarks/Figure.h"
-#include "benchmarks/RawDatabase.h"
 #include "benchmarks/ScreenSession.h"
 
 #include <QCoreApplication>
@@ -67,7 +67,7 @@ Sides firstFrameSides(Collections& collections, std::size_t size)
     return {[folder] { return measuredElsewhere(ScreenMeasurement::JokeListFrame, folder); },
             [folder] {
                 return secondsFor([&] {
-                    return RawDatabase(Collections::fileIn(folder), RawDatabase::Sync::Full)
+                    return BaselineDatabase(Collections::fileIn(folder), BaselineDatabase::Sync::Full)
                         .jokes("ORDER BY category, joke");
                 });
             }};
@@ -87,7 +87,7 @@ Sides editorSaveSides(Collections& collections, std::size_t size)
     const QString folder = collections.folder(size);
     return {[folder] { return measuredElsewhere(ScreenMeasurement::EditorSave, folder); },
             [folder, size] {
-                RawDatabase database(Collections::fileIn(folder), RawDatabase::Sync::Full);
+                BaselineDatabase database(Collections::fileIn(folder), BaselineDatabase::Sync::Full);
                 RawJoke row = database.jokes("ORDER BY category, joke")[size / 2];
                 row.favorite = 1 - row.favorite;
                 return secondsFor([&] {

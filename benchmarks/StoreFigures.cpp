@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/BaselineDatabase.h"
 #include "benchmarks/Collections.h"
 #include "benchmarks/Figure.h"
-#include "benchmarks/RawDatabase.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -16,7 +16,7 @@ namespace {
 /// A context that is open as long as the sides of a figure live, beside a raw connection to the same file.
 struct OpenCollection {
     explicit OpenCollection(const QString& folder)
-        : container(Collections::open(folder)), raw(Collections::fileIn(folder), RawDatabase::Sync::Full)
+        : container(Collections::open(folder)), raw(Collections::fileIn(folder), BaselineDatabase::Sync::Full)
     {
         Collections::materialise(container);
     }
@@ -24,7 +24,7 @@ struct OpenCollection {
     ManagedObjectContext& context() const { return container.viewContext(); }
 
     PersistentContainer container;
-    RawDatabase raw;
+    BaselineDatabase raw;
 };
 
 Sides openSides(Collections& collections, std::size_t size)
@@ -36,7 +36,8 @@ Sides openSides(Collections& collections, std::size_t size)
         return container;
     };
     const auto baseline = [folder] {
-        auto raw = std::make_unique<RawDatabase>(Collections::fileIn(folder), RawDatabase::Sync::Full);
+        auto raw =
+            std::make_unique<BaselineDatabase>(Collections::fileIn(folder), BaselineDatabase::Sync::Full);
         benchmark::DoNotOptimize(raw->scan());
         return raw;
     };
@@ -121,8 +122,8 @@ Sides lookupSides(Collections& collections, std::size_t size)
 Sides saveSides(Collections& collections, std::size_t size)
 {
     const auto open = std::make_shared<OpenCollection>(collections.copy(size));
-    const auto raw =
-        std::make_shared<RawDatabase>(Collections::fileIn(collections.copy(size)), RawDatabase::Sync::Full);
+    const auto raw = std::make_shared<BaselineDatabase>(Collections::fileIn(collections.copy(size)),
+                                                        BaselineDatabase::Sync::Full);
     const std::vector<Jokes*> jokes = open->context().fetch(Jokes::fetchRequest());
     const auto ours = [open, jokes, change = std::size_t(0)]() mutable {
         Jokes& joke = *jokes[++change * 7919 % jokes.size()];
@@ -159,7 +160,7 @@ Sides memorySides(Collections& collections, std::size_t size)
     };
     return {ours, [folder] {
                 return static_cast<double>(
-                    RawDatabase(Collections::fileIn(folder), RawDatabase::Sync::Full).scan());
+                    BaselineDatabase(Collections::fileIn(folder), BaselineDatabase::Sync::Full).scan());
             }};
 }
 

@@ -20,10 +20,10 @@ public:
     /// The font of family @p name, or nothing when the system has no such family. One point is one logical
     /// pixel: the pixel size is @p pointSize rounded, where anything that is not at least 1 counts as 1.
     /// Cheap enough to be asked for every row.
-    virtual std::optional<QFont> font(const QString& name, double pointSize) = 0;
+    [[nodiscard]] virtual std::optional<QFont> font(const QString& name, double pointSize) = 0;
 
     /// The names of all families, each once, in no particular order. Each of them has a font.
-    virtual QStringList families() = 0;
+    [[nodiscard]] virtual QStringList families() = 0;
 };
 
 } // namespace giggle

@@ -15,13 +15,13 @@ public:
     Q_ENUM(Style)
 
     /// The style of this moment, at once and without asking anybody.
-    virtual Style current() const = 0;
+    [[nodiscard]] virtual Style current() const = 0;
 
     /// Whether texts and outlines are to stand out as much as they can. At once, as `current()`.
-    virtual bool hasHighContrast() const = 0;
+    [[nodiscard]] virtual bool hasHighContrast() const = 0;
 
     /// Whether nothing is to slide or fade. At once, as `current()`.
-    virtual bool reducesMotion() const = 0;
+    [[nodiscard]] virtual bool reducesMotion() const = 0;
 
 signals:
     /// One of these is another one than before. It may come shortly after the start, when the system answers.

@@ -17,7 +17,8 @@ public:
 
     /// Where the resource "<name>.<type>" can be read with QFile: a file, or, with a leading colon, data
     /// compiled into the program. Nothing when there is no such resource.
-    virtual std::optional<QString> pathForResource(const QString& name, const QString& type) const = 0;
+    [[nodiscard]] virtual std::optional<QString> pathForResource(const QString& name,
+                                                                 const QString& type) const = 0;
 };
 
 } // namespace giggle

@@ -12,7 +12,7 @@ class Category;
 class Jokes;
 class Rating;
 
-/// Every attribute that a record of some entity has.
+/// Every attribute that a record of some entity has. A joke has them all.
 enum class Attribute { category, favorite, id, joke, rating };
 
 inline constexpr std::size_t AttributeCount = 5;
@@ -42,6 +42,7 @@ struct Entity<Jokes> {
         AttributeDescription{"joke", Attribute::joke, AttributeType::Text},
         AttributeDescription{"rating", Attribute::rating, AttributeType::Text},
     };
+    static_assert(attributes.size() == AttributeCount);
 };
 
 template <>

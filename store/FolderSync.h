@@ -1,27 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFile>
 #include <QString>
 
-#include <cerrno>
-
-#include <fcntl.h>
-#include <unistd.h>
+#include <optional>
 
 namespace giggle {
 
+/// Makes @p folder and what is missing above it, each for the user alone. An absolute path. A folder that is
+/// there already stays as it is. Each new one is on the disk under its name when this returns, where the file
+/// system can tell: a power failure could else take what was first saved in it along. Returns the reason when
+/// it fails, with the folder that could not be made.
+[[nodiscard]] std::optional<QString> makeFolder(const QString& folder);
+
 /// Waits until the entries of @p folder (files made, renamed or removed in it) are on the disk. File systems
 /// that cannot sync a folder count as done. False, with the reason in `errno`, when it fails.
-inline bool synchronizeFolder(const QString& folder)
-{
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return false;
-    const int error = ::fsync(descriptor) == 0 ? 0 : errno;
-    ::close(descriptor);
-    errno = error;
-    return error == 0 || error == EINVAL;
-}
+bool synchronizeFolder(const QString& folder);
 
 } // namespace giggle

@@ -65,16 +65,26 @@ OptionalText Jokes::text(Attribute attribute) const
         return joke();
     case Attribute::rating:
         return rating();
-    default:
-        return std::nullopt;
+    case Attribute::favorite:
+    case Attribute::id:
+        break;
     }
+    return std::nullopt;
 }
 
 std::optional<std::int64_t> Jokes::number(Attribute attribute) const
 {
-    if (attribute == Attribute::favorite)
+    switch (attribute) {
+    case Attribute::favorite:
         return m_values.favorite.value_or(false);
-    return m_values.id;
+    case Attribute::id:
+        return m_values.id;
+    case Attribute::category:
+    case Attribute::joke:
+    case Attribute::rating:
+        break;
+    }
+    return std::nullopt;
 }
 
 } // namespace giggle

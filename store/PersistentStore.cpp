@@ -5,11 +5,9 @@
 #include "store/FolderSync.h"
 #include "store/StoreSchema.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <array>
 #include <cerrno>
 #include <utility>
 
@@ -28,19 +26,6 @@ constexpr const char* Durable = "PRAGMA synchronous = EXTRA";
 QString writeAheadLogOf(const QString& path)
 {
     return path + QLatin1StringView("-wal");
-}
-
-/// Makes a folder with those above it. Each that is new is on the disk under its name when this returns,
-/// where the file system can tell.
-bool makeFolder(const QString& path)
-{
-    if (QFileInfo::exists(path))
-        return QFileInfo(path).isDir();
-    const QString parent = QFileInfo(path).path();
-    if (!makeFolder(parent) || !(QDir().mkdir(path) || QFileInfo(path).isDir()))
-        return false;
-    synchronizeFolder(parent);
-    return true;
 }
 
 /// Removes the companion files that only looking at a refused store has made.
@@ -98,10 +83,11 @@ PersistentStore::~PersistentStore() = default;
 void PersistentStore::create()
 {
     const QString folder = QFileInfo(m_path).absolutePath();
-    if (!makeFolder(folder))
-        throw StoreError(SQLITE_CANTOPEN,
-                         QStringLiteral("The folder \"%1\" for the collection cannot be made").arg(folder),
-                         {{QStringLiteral("path"), m_path}});
+    if (const auto reason = makeFolder(folder))
+        throw StoreError(
+            SQLITE_CANTOPEN,
+            QStringLiteral("The folder \"%1\" for the collection cannot be made. %2").arg(folder, *reason),
+            {{QStringLiteral("path"), m_path}});
     m_database = std::make_unique<Database>(m_path, Database::Mode::Shared);
     makeTables();
 }

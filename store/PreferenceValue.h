@@ -25,7 +25,7 @@ using PreferenceValue = std::variant<QString, double, qint64, bool, PreferenceDa
 using PreferenceValues = std::map<QString, PreferenceValue, std::less<>>;
 
 /// "text", "real", "integer", "boolean" or "date": the member that names the type in the file.
-QString typeName(const PreferenceValue& value);
+[[nodiscard]] QString typeName(const PreferenceValue& value);
 
 /// The contents of a preference file, or why they are damaged.
 struct ParsedPreferences {
@@ -35,10 +35,10 @@ struct ParsedPreferences {
 
 /// Reads a whole preference file. It is damaged when it is no JSON object, or when any value of it is not an
 /// object whose one member names a type and holds a JSON value of that type.
-ParsedPreferences parsePreferences(const QByteArray& json);
+[[nodiscard]] ParsedPreferences parsePreferences(const QByteArray& json);
 
 /// The file's contents for @p values: the same values give the same bytes, and parsing them gives the values
 /// back with their types, reals to the last bit. Reals must be finite.
-QByteArray serializePreferences(const PreferenceValues& values);
+[[nodiscard]] QByteArray serializePreferences(const PreferenceValues& values);
 
 } // namespace giggle

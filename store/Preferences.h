@@ -29,25 +29,25 @@ public:
     Preferences& operator=(const Preferences&) = delete;
 
     /// True when a value of any type is stored under @p key.
-    bool isPresent(QStringView key) const;
+    [[nodiscard]] bool isPresent(QStringView key) const;
 
     /// The value under @p key whatever its type, null when absent. Valid until the next change.
-    const PreferenceValue* value(QStringView key) const;
+    [[nodiscard]] const PreferenceValue* value(QStringView key) const;
 
     /// The text under @p key. An absent value or one of another type is a fatal stop.
-    QString text(QStringView key) const;
+    [[nodiscard]] QString text(QStringView key) const;
 
     /// The number under @p key, stored as a real or as an integer. Anything else is a fatal stop.
-    double real(QStringView key) const;
+    [[nodiscard]] double real(QStringView key) const;
 
     /// The same number, a real cut towards zero and brought into range.
-    qint64 integer(QStringView key) const;
+    [[nodiscard]] qint64 integer(QStringView key) const;
 
     /// The boolean under @p key; false when there is none.
-    bool boolean(QStringView key) const;
+    [[nodiscard]] bool boolean(QStringView key) const;
 
     /// The date under @p key, in UTC. Absent when there is none or what is stored is no date.
-    std::optional<QDateTime> date(QStringView key) const;
+    [[nodiscard]] std::optional<QDateTime> date(QStringView key) const;
 
     void setText(QStringView key, const QString& value);
 
@@ -71,8 +71,8 @@ public:
 private:
     [[noreturn]] void stopForWrongType(QStringView key, const QString& expected) const;
     void load();
-    bool setAside(const QString& damage);
-    bool write(const QByteArray& json);
+    [[nodiscard]] bool setAside(const QString& damage);
+    [[nodiscard]] bool write(const QByteArray& json);
 
     QString m_path;
     PreferenceValues m_values;

@@ -13,7 +13,6 @@
 #include "ui/Navigator.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>

@@ -3,13 +3,13 @@
 
 #include "exchange/format/ExchangeFormat.h"
 #include "exchange/format/PreparedText.h"
+#include "store/BulkSaving.h"
 #include "store/Console.h"
 #include "store/FatalError.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <span>
 
 namespace giggle {
 

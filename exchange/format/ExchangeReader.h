@@ -5,12 +5,11 @@
 
 #include <QString>
 
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace giggle {
 
+class BulkSaving;
 struct PreparedLine;
 
 /// Reads the text of an exchange file into the collection, in three steps that may each be run alone. Every

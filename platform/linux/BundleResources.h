@@ -18,7 +18,8 @@ public:
     /// Looks through @p folders in their order. Folders that do not exist are fine.
     explicit BundleResources(QStringList folders = standardFolders());
 
-    std::optional<QString> pathForResource(const QString& name, const QString& type) const override;
+    [[nodiscard]] std::optional<QString> pathForResource(const QString& name,
+                                                         const QString& type) const override;
 
 private:
     QStringList m_folders;

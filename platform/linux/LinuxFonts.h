@@ -17,10 +17,10 @@ class LinuxFonts : public Fonts {
 public:
     LinuxFonts();
 
-    std::optional<QFont> font(const QString& name, double pointSize) override;
+    [[nodiscard]] std::optional<QFont> font(const QString& name, double pointSize) override;
 
     /// Also the names that stand for another family which is installed.
-    QStringList families() override;
+    [[nodiscard]] QStringList families() override;
 
 private:
     void ensureFamilies();

@@ -18,11 +18,11 @@ public:
     explicit PortalInterfaceStyle(QDBusConnection bus = QDBusConnection::sessionBus(),
                                   QObject* parent = nullptr);
 
-    Style current() const override { return m_current; }
+    [[nodiscard]] Style current() const override { return m_current; }
 
-    bool hasHighContrast() const override { return m_wantsContrast || m_hasContrastTheme; }
+    [[nodiscard]] bool hasHighContrast() const override { return m_wantsContrast || m_hasContrastTheme; }
 
-    bool reducesMotion() const override { return m_wantsStillness || m_hasNoAnimations; }
+    [[nodiscard]] bool reducesMotion() const override { return m_wantsStillness || m_hasNoAnimations; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -6,12 +6,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-
-#include <cerrno>
 
 #include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace giggle {
@@ -30,27 +26,6 @@ QString homeOfAccount()
 {
     const passwd* account = ::getpwuid(::getuid());
     return account && account->pw_dir ? QFile::decodeName(account->pw_dir) : QString();
-}
-
-// Makes `folder` and what is missing above it; returns the reason when that fails. A new folder is made
-// durable with its parent, or a power failure could take the first saved collection away with it.
-std::optional<QString> makeFolder(const QString& folder)
-{
-    const QFileInfo info(folder);
-    if (info.isDir())
-        return std::nullopt;
-    const QString parent = info.path();
-    if (parent != folder) {
-        if (auto reason = makeFolder(parent))
-            return reason;
-    }
-    if (::mkdir(QFile::encodeName(folder).constData(), 0700) != 0) {
-        const int error = errno;
-        if (error != EEXIST || !QFileInfo(folder).isDir())
-            return QStringLiteral("%1: %2").arg(folder, qt_error_string(error));
-    }
-    synchronizeFolder(parent);
-    return std::nullopt;
 }
 
 QString fileIn(const QString& folder, const QString& name)

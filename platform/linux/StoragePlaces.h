@@ -24,24 +24,24 @@ public:
     /// Makes the folders that are missing, readable by the user alone. Returns a message for the user when
     /// the collection's folder cannot be had. The other two are logged: without them the settings and the
     /// record of a fatal error are lost, not the collection.
-    std::optional<QString> prepare() const;
+    [[nodiscard]] std::optional<QString> prepare() const;
 
     /// The paths below are absolute; all are empty when there is no home folder (`prepare` says so).
-    QString collectionFolder() const { return m_dataFolder; }
+    [[nodiscard]] QString collectionFolder() const { return m_dataFolder; }
 
-    QString preferenceFile() const;
+    [[nodiscard]] QString preferenceFile() const;
 
     /// For documents that the application writes; not made by `prepare`.
-    QString documentsFolder() const;
+    [[nodiscard]] QString documentsFolder() const;
 
     /// Locked by the one instance that works with the collection beside it.
-    QString instanceLock() const;
+    [[nodiscard]] QString instanceLock() const;
 
     /// Holds the message of a fatal error until the next start.
-    QString fatalErrorRecord() const;
+    [[nodiscard]] QString fatalErrorRecord() const;
 
     /// Holds what the window looked like when it was last closed.
-    QString windowMemory() const;
+    [[nodiscard]] QString windowMemory() const;
 
 private:
     QString m_dataFolder;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "store/BulkSaving.h"
 #include "tests/endurance/Session.h"
 
 #include <QHash>

@@ -12,8 +12,6 @@
 #include "ui/ScreenEnvironment.h"
 #include "ui/SharedSelection.h"
 
-#include <cstdio>
-
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 

@@ -5,7 +5,6 @@
 #include "tests/support/ScreenFixture.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <gmock/gmock.h>
 

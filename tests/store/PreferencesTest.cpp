@@ -70,9 +70,10 @@ TEST_F(PreferencesTest, WrongTypeStopsTheProgram)
     writeBytes(m_path, R"({"ListFontSize":{"text":"big"}})");
     const Preferences preferences(m_path);
     EXPECT_DEATH(
-        preferences.real(PreferenceKeys::ListFontSize),
+        static_cast<void>(preferences.real(PreferenceKeys::ListFontSize)),
         "Fatal error: The preference \"ListFontSize\" in .* must be of type real, but is of type text");
-    EXPECT_DEATH(preferences.text(PreferenceKeys::ListFontColor), "must be of type text, but is absent");
+    EXPECT_DEATH(static_cast<void>(preferences.text(PreferenceKeys::ListFontColor)),
+                 "must be of type text, but is absent");
 }
 
 TEST_F(PreferencesTest, DamagedFileIsSetAsideAndProvesAnEarlierLaunch)

@@ -28,11 +28,11 @@ class FakeInterfaceStyle : public InterfaceStyle {
 public:
     FakeInterfaceStyle() = default;
 
-    Style current() const override { return m_style; }
+    [[nodiscard]] Style current() const override { return m_style; }
 
-    bool hasHighContrast() const override { return m_hasHighContrast; }
+    [[nodiscard]] bool hasHighContrast() const override { return m_hasHighContrast; }
 
-    bool reducesMotion() const override { return m_reducesMotion; }
+    [[nodiscard]] bool reducesMotion() const override { return m_reducesMotion; }
 
     void change(Style style)
     {
@@ -56,7 +56,7 @@ private:
 /// Knows the fonts of `installed` and no others.
 class FakeFonts : public Fonts {
 public:
-    std::optional<QFont> font(const QString& name, double pointSize) override
+    [[nodiscard]] std::optional<QFont> font(const QString& name, double pointSize) override
     {
         if (!installed.contains(name))
             return std::nullopt;
@@ -65,7 +65,7 @@ public:
         return font;
     }
 
-    QStringList families() override { return installed; }
+    [[nodiscard]] QStringList families() override { return installed; }
 
     QStringList installed{QStringLiteral("Arial"), QStringLiteral("Courier New")};
 };
@@ -73,7 +73,8 @@ public:
 /// Has the resources of `paths`, by "<name>.<type>".
 class FakeResources : public Resources {
 public:
-    std::optional<QString> pathForResource(const QString& name, const QString& type) const override
+    [[nodiscard]] std::optional<QString> pathForResource(const QString& name,
+                                                         const QString& type) const override
     {
         const auto found = paths.constFind(name + u'.' + type);
         return found == paths.constEnd() ? std::nullopt : std::optional(*found);

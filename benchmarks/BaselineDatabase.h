@@ -26,12 +26,12 @@ struct RawJoke {
 
 /// The baseline: SQLite's own interface with as little around it as possible. Failures are thrown as
 /// std::runtime_error.
-class RawDatabase {
+class BaselineDatabase {
 public:
     enum class Sync { Normal, Full };
 
     /// Opens a file in write-ahead mode; it is made when there is none.
-    RawDatabase(const QString& file, Sync sync);
+    BaselineDatabase(const QString& file, Sync sync);
 
     void execute(const char* sql);
 

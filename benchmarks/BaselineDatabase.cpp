@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "benchmarks/RawDatabase.h"
+#include "benchmarks/BaselineDatabase.h"
 
 #include <stdexcept>
 
@@ -23,17 +23,17 @@ void bindText(sqlite3_stmt* statement, int parameter, const std::string& text)
 
 } // namespace
 
-void RawDatabase::Closer::operator()(sqlite3* handle) const
+void BaselineDatabase::Closer::operator()(sqlite3* handle) const
 {
     sqlite3_close_v2(handle);
 }
 
-void RawDatabase::Closer::operator()(sqlite3_stmt* statement) const
+void BaselineDatabase::Closer::operator()(sqlite3_stmt* statement) const
 {
     sqlite3_finalize(statement);
 }
 
-RawDatabase::RawDatabase(const QString& file, Sync sync)
+BaselineDatabase::BaselineDatabase(const QString& file, Sync sync)
 {
     sqlite3* handle = nullptr;
     const int result =
@@ -45,25 +45,25 @@ RawDatabase::RawDatabase(const QString& file, Sync sync)
     execute(sync == Sync::Full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
 }
 
-void RawDatabase::check(bool isWell) const
+void BaselineDatabase::check(bool isWell) const
 {
     if (!isWell)
         throw std::runtime_error(sqlite3_errmsg(m_handle.get()));
 }
 
-void RawDatabase::execute(const char* sql)
+void BaselineDatabase::execute(const char* sql)
 {
     check(sqlite3_exec(m_handle.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK);
 }
 
-RawDatabase::Statement RawDatabase::prepare(const std::string& sql)
+BaselineDatabase::Statement BaselineDatabase::prepare(const std::string& sql)
 {
     sqlite3_stmt* statement = nullptr;
     check(sqlite3_prepare_v2(m_handle.get(), sql.c_str(), -1, &statement, nullptr) == SQLITE_OK);
     return Statement(statement);
 }
 
-std::size_t RawDatabase::scan()
+std::size_t BaselineDatabase::scan()
 {
     std::size_t bytes = 0;
     for (const char* table : {"jokes", "category", "rating"}) {
@@ -81,7 +81,7 @@ std::size_t RawDatabase::scan()
     return bytes;
 }
 
-std::vector<RawJoke> RawDatabase::jokes(const std::string& clauses)
+std::vector<RawJoke> BaselineDatabase::jokes(const std::string& clauses)
 {
     std::vector<RawJoke> jokes;
     const Statement rows = prepare("SELECT oid, category, favorite, id, joke, rating FROM jokes " + clauses);
@@ -92,7 +92,7 @@ std::vector<RawJoke> RawDatabase::jokes(const std::string& clauses)
     return jokes;
 }
 
-std::vector<std::pair<std::string, std::int64_t>> RawDatabase::counts(const std::string& column)
+std::vector<std::pair<std::string, std::int64_t>> BaselineDatabase::counts(const std::string& column)
 {
     std::vector<std::pair<std::string, std::int64_t>> counts;
     const Statement rows = prepare("SELECT " + column + ", COUNT(*) FROM jokes GROUP BY 1 ORDER BY 1");
@@ -101,7 +101,7 @@ std::vector<std::pair<std::string, std::int64_t>> RawDatabase::counts(const std:
     return counts;
 }
 
-void RawDatabase::upsert(const RawJoke& joke)
+void BaselineDatabase::upsert(const RawJoke& joke)
 {
     if (!m_upsert) {
         m_begin = prepare("BEGIN IMMEDIATE");
@@ -121,13 +121,13 @@ void RawDatabase::upsert(const RawJoke& joke)
     run(m_commit);
 }
 
-void RawDatabase::run(const Statement& statement)
+void BaselineDatabase::run(const Statement& statement)
 {
     check(sqlite3_step(statement.get()) == SQLITE_DONE);
     check(sqlite3_reset(statement.get()) == SQLITE_OK);
 }
 
-void RawDatabase::sync()
+void BaselineDatabase::sync()
 {
     sqlite3_file* log = nullptr;
     sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
