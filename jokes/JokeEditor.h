@@ -73,7 +73,7 @@ protected:
 
     /// Where an editor goes after a save, by the screen that opened it.
     struct WayBack {
-        QLatin1StringView callingScreen;
+        QStringView callingScreen; ///< one of CallingScreens
         UnwindRoute route;
     };
 
