@@ -162,9 +162,8 @@ void ExportViewController::presentCompletion()
     environment().mainQueue.asyncAfter(1s, [self = QPointer(this)] {
         if (self)
             self->environment().navigator.present(
-                {QStringLiteral("Data Export"),
-                 QStringLiteral("Process Complete - File Ready to Save to Files or Email"),
-                 {{QStringLiteral("OK"), {}}}});
+                information(QStringLiteral("Data Export"),
+                            QStringLiteral("Process Complete - File Ready to Save to Files or Email")));
     });
 }
 

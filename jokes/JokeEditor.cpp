@@ -113,7 +113,7 @@ bool JokeEditor::validate(const QString& joke, const QString& title, const QStri
 {
     if (!m_categoryTextField.isEmpty() && !joke.isEmpty())
         return true;
-    environment().navigator.present({title, message, {{QStringLiteral("OK"), {}}}});
+    environment().navigator.present(information(title, message));
     return false;
 }
 
