@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "jokes/JokeEditor.h"
 
-#include "store/AppDelegate.h"
 #include "store/FatalError.h"
 #include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
@@ -39,11 +38,6 @@ QStringList withoutDuplicates(QStringList sortedNames)
 }
 
 } // namespace
-
-ManagedObjectContext& JokeEditor::viewContext() const
-{
-    return environment().appDelegate.persistentContainer().viewContext();
-}
 
 void JokeEditor::loadLists(Duplicates categoryDuplicates)
 {

@@ -95,8 +95,6 @@ protected:
     /// changes wait for the next save.
     void saveAndGoBack(std::span<const WayBack> waysBack);
 
-    [[nodiscard]] ManagedObjectContext& viewContext() const;
-
 private:
     QString m_categoryTextField;
     QString m_jokeTextView;
