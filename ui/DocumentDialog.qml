@@ -14,7 +14,7 @@ Dialog {
     required property WindowDocumentPicker picker
     readonly property bool isWanted: picker.isShown
     /// Title, ways and path then share a line, and so do field and buttons.
-    readonly property bool isLow: parent !== null && parent.width > 576 && parent.height < 436 * Math.min(Theme.textScale, 1.5)
+    readonly property bool isLow: parent !== null && parent.width - 2 * Theme.unit >= Theme.wideFrom && parent.height < 436 * Math.min(Theme.textScale, 1.5)
 
     onIsWantedChanged: isWanted ? open() : close()
     onOpened: picker.isForSaving ? focusName() : list.focusRows()

@@ -17,7 +17,7 @@ Dialog {
     /// Another dialog of the same size lies over this one, whose controls then must not be found.
     property bool isCovered: false
     /// The pages then stand beside the fields.
-    readonly property bool isWide: width > 560
+    readonly property bool isWide: width >= Theme.wideFrom
     readonly property bool canPrint: panel.canPrint && !panel.isForPdfOnly
     readonly property bool hasChoices: !panel.isForPdfOnly && !isWorking
 
