@@ -11,7 +11,7 @@ AppPage {
     id: page
 
     required property ExportViewController screen
-    readonly property bool isWide: width >= 560
+    readonly property bool isWide: width >= Theme.wideFrom
 
     title: screen.title
 

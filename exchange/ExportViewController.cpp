@@ -5,9 +5,9 @@
 #include "exchange/format/ExchangeWriter.h"
 #include "platform/Platform.h"
 #include "platform/ShareSheet.h"
-#include "store/AppDelegate.h"
 #include "store/Console.h"
 #include "store/FatalError.h"
+#include "store/ManagedObjectContext.h"
 #include "store/StoreError.h"
 #include "ui/AtomicFile.h"
 #include "ui/MainQueue.h"
@@ -58,11 +58,6 @@ QString ExportViewController::helpTextView()
                           "             Option 2: Click the Email File button to email the file to yourself "
                           "and then from your email save the file to your iCloud Drive. There are size "
                           "limits to email attachments for most carriers.");
-}
-
-ManagedObjectContext& ExportViewController::viewContext() const
-{
-    return environment().appDelegate.persistentContainer().viewContext();
 }
 
 void ExportViewController::viewDidAppear()
@@ -162,9 +157,8 @@ void ExportViewController::presentCompletion()
     environment().mainQueue.asyncAfter(1s, [self = QPointer(this)] {
         if (self)
             self->environment().navigator.present(
-                {QStringLiteral("Data Export"),
-                 QStringLiteral("Process Complete - File Ready to Save to Files or Email"),
-                 {{QStringLiteral("OK"), {}}}});
+                information(QStringLiteral("Data Export"),
+                            QStringLiteral("Process Complete - File Ready to Save to Files or Email")));
     });
 }
 

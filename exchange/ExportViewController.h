@@ -12,7 +12,6 @@ namespace giggle {
 class Category;
 class ExchangeWriter;
 class Jokes;
-class ManagedObjectContext;
 class Rating;
 
 /// Writes the whole collection into one exchange file, shows its text, and hands the file on: to the share
@@ -87,7 +86,6 @@ private:
     void setActivityIndicatorAnimating(bool animating);
     [[nodiscard]] QString filePath() const;
     void showWritten(const QString& path);
-    [[nodiscard]] ManagedObjectContext& viewContext() const;
 
     std::vector<Jokes*> m_theEntryList;
     std::vector<Category*> m_theCategoryList;

@@ -9,7 +9,7 @@ AppPage {
     id: page
 
     required property ImportViewController screen
-    readonly property bool isWide: width >= 560
+    readonly property bool isWide: width >= Theme.wideFrom
 
     title: screen.title
 

@@ -74,7 +74,7 @@ void ImportViewController::didPickDocument(const QUrl& url)
     m_isFileLoaded = true;
     emit buttonsChanged();
     environment().navigator.present(
-        {AlertTitle, QStringLiteral("File Loaded and Ready to Import"), {{QStringLiteral("OK"), {}}}});
+        information(AlertTitle, QStringLiteral("File Loaded and Ready to Import")));
 }
 
 void ImportViewController::loadDocument(const QUrl& url)
@@ -113,7 +113,7 @@ void ImportViewController::presentOutcome(bool isWrongFile)
         if (self)
             self->environment().navigator.unwind(UnwindRoute::ToMenu);
     };
-    environment().navigator.present({AlertTitle, message, {{QStringLiteral("OK"), goToMenu}}});
+    environment().navigator.present(information(AlertTitle, message, goToMenu));
 }
 
 } // namespace giggle

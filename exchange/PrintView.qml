@@ -10,7 +10,7 @@ AppPage {
     id: page
 
     required property PrintViewController screen
-    readonly property bool isWide: width >= 560
+    readonly property bool isWide: width >= Theme.wideFrom
     /// What an empty list says: title and hint.
     readonly property list<string> emptyTexts: {
         if (screen.selectedSegment === PrintViewController.FavoritesMode) // a search leaves them all

@@ -55,9 +55,8 @@ void PrintViewController::jokesFetched()
 {
     if (jokeList().empty())
         presentLater(*this, environment(),
-                     {QStringLiteral("Print Jokes"),
-                      QStringLiteral("There are no Jokes entered to print."),
-                      {{QStringLiteral("OK"), {}}}});
+                     information(QStringLiteral("Print Jokes"),
+                                 QStringLiteral("There are no Jokes entered to print.")));
 }
 
 void PrintViewController::listOnShowChanged()

@@ -2,6 +2,7 @@
 #include "jokes/AddJokeViewController.h"
 
 #include "store/NextJokeId.h"
+#include "ui/SharedSelection.h"
 
 #include <array>
 #include <cstdint>
@@ -15,8 +16,8 @@ void AddJokeViewController::viewDidLoad()
 
 void AddJokeViewController::SaveButtonClicked()
 {
-    static constexpr std::array WaysBack{WayBack{QLatin1StringView("MainList"), UnwindRoute::ToList},
-                                         WayBack{QLatin1StringView("MainMenu"), UnwindRoute::ToMenu}};
+    static constexpr std::array WaysBack{WayBack{CallingScreens::MainList, UnwindRoute::ToList},
+                                         WayBack{CallingScreens::MainMenu, UnwindRoute::ToMenu}};
     // These are the words that users know, and not to be corrected.
     if (!validate(
             jokeTextView(), QStringLiteral("Movie Not Saved"),

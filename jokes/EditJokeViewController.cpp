@@ -56,8 +56,7 @@ void EditJokeViewController::showSelection()
     setCategoryTextField(selection.SelectedCategory);
     setRatingTextField(selection.SelectedRating);
     if (!selection.SelectedFavorite.isEmpty())
-        CheckBoxChecked(selection.SelectedFavorite == QLatin1StringView("T") ? checkedName()
-                                                                             : uncheckedName());
+        CheckBoxChecked(selection.isFavorite() ? checkedName() : uncheckedName());
     m_displaySettings = ListDisplaySettings::readForViewer(environment().userDefaults);
     m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
     m_selectedJoke = selection.SelectedJokeText;
@@ -170,9 +169,9 @@ void EditJokeViewController::followDisplayLineFeed()
 void EditJokeViewController::SaveButtonClicked()
 {
     static constexpr std::array WaysBack{
-        WayBack{QLatin1StringView("MainList"), UnwindRoute::ToList},
-        WayBack{QLatin1StringView("CategoryBreakdown"), UnwindRoute::ToCategoryBreakdown},
-        WayBack{QLatin1StringView("RatingBreakdown"), UnwindRoute::ToRatingBreakdown}};
+        WayBack{CallingScreens::MainList, UnwindRoute::ToList},
+        WayBack{CallingScreens::CategoryBreakdown, UnwindRoute::ToCategoryBreakdown},
+        WayBack{CallingScreens::RatingBreakdown, UnwindRoute::ToRatingBreakdown}};
     if (!validate(enteredJoke(), QStringLiteral("Joke Not Saved"),
                   QStringLiteral("Required Fields Labeled in RED Not Entered")))
         return;

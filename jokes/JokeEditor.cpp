@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "jokes/JokeEditor.h"
 
-#include "store/AppDelegate.h"
 #include "store/FatalError.h"
 #include "ui/DisplayText.h"
 #include "ui/SharedSelection.h"
@@ -39,11 +38,6 @@ QStringList withoutDuplicates(QStringList sortedNames)
 }
 
 } // namespace
-
-ManagedObjectContext& JokeEditor::viewContext() const
-{
-    return environment().appDelegate.persistentContainer().viewContext();
-}
 
 void JokeEditor::loadLists(Duplicates categoryDuplicates)
 {
@@ -113,7 +107,7 @@ bool JokeEditor::validate(const QString& joke, const QString& title, const QStri
 {
     if (!m_categoryTextField.isEmpty() && !joke.isEmpty())
         return true;
-    environment().navigator.present({title, message, {{QStringLiteral("OK"), {}}}});
+    environment().navigator.present(information(title, message));
     return false;
 }
 

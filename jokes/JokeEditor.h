@@ -73,7 +73,7 @@ protected:
 
     /// Where an editor goes after a save, by the screen that opened it.
     struct WayBack {
-        QLatin1StringView callingScreen;
+        QStringView callingScreen; ///< one of CallingScreens
         UnwindRoute route;
     };
 
@@ -94,8 +94,6 @@ protected:
     /// Saves the context, and goes back if there is a way for the calling screen. A failure is logged; the
     /// changes wait for the next save.
     void saveAndGoBack(std::span<const WayBack> waysBack);
-
-    [[nodiscard]] ManagedObjectContext& viewContext() const;
 
 private:
     QString m_categoryTextField;

@@ -34,7 +34,7 @@ QString NewMainListTableViewCell::accessibleName() const
 
 void NewMainListTableViewCell::CheckBoxClicked(bool isChecked, SharedSelection& selection) const
 {
-    selection.SelectedFavorite = isChecked ? QStringLiteral("T") : QStringLiteral("F");
+    selection.setFavorite(isChecked);
     if (checkBoxDelegate)
         checkBoxDelegate->checkBoxSelectionChanged(isChecked, cellIndexPath);
 }

@@ -19,7 +19,7 @@ NewMainListTableViewController::NewMainListTableViewController(ScreenEnvironment
 
 void NewMainListTableViewController::viewDidLoad()
 {
-    environment().selection.CallingScreen = QStringLiteral("MainList");
+    environment().selection.CallingScreen = CallingScreens::MainList.toString();
     SegmentedJokeListController::viewDidLoad();
 }
 
@@ -104,7 +104,7 @@ void NewMainListTableViewController::selectRow(int row)
     SharedSelection& selection = environment().selection;
     selection.SelectedCategory = textOrEmpty(joke.category());
     selection.SelectedJokeText = textOrEmpty(joke.joke());
-    selection.SelectedFavorite = joke.favorite().value_or(false) ? QStringLiteral("T") : QStringLiteral("F");
+    selection.setFavorite(joke.favorite().value_or(false));
     selection.SelectedRating = textOrEmpty(joke.rating());
     environment().navigator.performSegue(SegueId::EditJoke);
 }

@@ -29,8 +29,7 @@ void AddNameViewController::SaveGenre()
 
 void AddNameViewController::refuse(const QString& message)
 {
-    environment().navigator.present(
-        {QStringLiteral("Record not Saved!"), message, {{QStringLiteral("OK"), {}}}});
+    environment().navigator.present(information(QStringLiteral("Record not Saved!"), message));
 }
 
 } // namespace giggle

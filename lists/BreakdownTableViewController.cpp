@@ -28,7 +28,7 @@ void BreakdownTableViewController::viewDidLoad()
     SharedSelection& selection = environment().selection;
     m_title = u'(' + selection.*side().selectedName + u')';
     // Not the breakdown's own: that comes when a joke is opened for editing.
-    selection.CallingScreen = QStringLiteral("MainList");
+    selection.CallingScreen = CallingScreens::MainList.toString();
     m_darkMode = environment().platform.interfaceStyle.current() == InterfaceStyle::Style::Dark;
     m_displaySettings = ListDisplaySettings::read(environment().userDefaults);
     m_font = m_displaySettings.fontOrDefault(environment().platform.fonts);
@@ -162,7 +162,7 @@ void BreakdownTableViewController::checkBoxSelectionChanged(bool, int indexPath)
 {
     if (!hasRow(indexPath))
         return;
-    jokeAt(indexPath).setFavorite(environment().selection.SelectedFavorite == QLatin1StringView("T"));
+    jokeAt(indexPath).setFavorite(environment().selection.isFavorite());
     loggingFailure([this] { context().save(); });
 }
 

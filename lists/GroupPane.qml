@@ -26,7 +26,7 @@ FocusScope {
 
         anchors.top: bar.bottom
         anchors.topMargin: Theme.unit / 2
-        isWide: Theme.textScale <= 1.5 || pane.width >= 560
+        isWide: Theme.textScale <= 1.5 || pane.width >= Theme.wideFrom
         searched: table
         isActive: pane.isActive
         placeholderText: pane.screen.searchPlaceholder

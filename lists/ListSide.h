@@ -63,10 +63,10 @@ struct ListSide {
 
     QStringView groupTabTitle;
     QStringView groupSearchPlaceholder;
-    QStringView groupHeader;      ///< in front of the number of names
-    QStringView groupHeaderTitle; ///< behind the number of names on show
-    QStringView groupCallingScreen;
-    QStringView groupListPlace; ///< the list's name in SharedSelection::listPlaces
+    QStringView groupHeader;        ///< in front of the number of names
+    QStringView groupHeaderTitle;   ///< behind the number of names on show
+    QStringView groupCallingScreen; ///< one of CallingScreens
+    QStringView groupListPlace;     ///< the list's name in SharedSelection::listPlaces
     std::vector<std::string_view> (ManagedObjectContext::*namesInJokes)();
     Predicate<Jokes> (*jokesNamed)(std::string_view name);
     QString SharedSelection::*selectedName; ///< hands the chosen name on to the breakdown

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lists/NameEditor.h"
 
-#include "store/AppDelegate.h"
+#include "store/ManagedObjectContext.h"
 #include "ui/DisplayText.h"
 
 namespace giggle {
@@ -12,11 +12,6 @@ void NameEditor::setName(const QString& name)
         return;
     m_name = name;
     emit nameChanged();
-}
-
-ManagedObjectContext& NameEditor::viewContext() const
-{
-    return environment().appDelegate.persistentContainer().viewContext();
 }
 
 void NameEditor::store(NamedRecord& record)

@@ -6,8 +6,6 @@
 
 namespace giggle {
 
-class ManagedObjectContext;
-
 /// What the screens that add and rename a name share: the field, the way back to the list, and the question
 /// whether a typed change may be lost. The field takes every text.
 class NameEditor : public giggle::Screen {
@@ -39,8 +37,6 @@ signals:
 
 protected:
     [[nodiscard]] const ListSide& side() const { return m_side; }
-
-    [[nodiscard]] ManagedObjectContext& viewContext() const;
 
     /// Gives @p record the name that a save stores, and saves. Throws StoreError.
     void store(NamedRecord& record);

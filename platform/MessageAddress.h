@@ -7,7 +7,7 @@
 namespace giggle {
 
 /// The address of a text message to nobody yet that says @p text, to be opened with AddressOpener. Opening it
-/// can fail for texts beyond some ten thousand characters: an address is one argument of a program.
+/// fails for a text that makes it longer than AddressOpener::LongestAddress.
 [[nodiscard]] inline QUrl messageAddress(const QString& text)
 {
     return QUrl::fromEncoded("sms:?body=" + QUrl::toPercentEncoding(text), QUrl::StrictMode);

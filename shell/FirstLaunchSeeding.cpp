@@ -4,9 +4,9 @@
 #include "exchange/format/ExchangeFile.h"
 #include "exchange/format/ExchangeReader.h"
 #include "platform/Resources.h"
+#include "shell/DefaultNames.h"
 #include "store/AppDelegate.h"
 #include "store/FatalError.h"
-#include "ui/DefaultNames.h"
 #include "ui/StoreCalls.h"
 
 namespace giggle {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/JokeOfDayViewController.h"
 
-#include "store/AppDelegate.h"
 #include "store/FatalError.h"
+#include "store/ManagedObjectContext.h"
 #include "store/StoreError.h"
 #include "ui/DisplayText.h"
 
@@ -24,7 +24,7 @@ void JokeOfDayViewController::loadList()
     FetchRequest<Jokes> request = Jokes::fetchRequest();
     request.sortDescriptors = {{"joke"}, {"category"}};
     try {
-        m_jokeList = environment().appDelegate.persistentContainer().viewContext().fetch(request);
+        m_jokeList = viewContext().fetch(request);
     } catch (const StoreError&) {
         // Nothing is said here: the choice from an empty list will.
     }

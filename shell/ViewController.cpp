@@ -10,12 +10,6 @@
 
 namespace giggle {
 
-namespace {
-
-const QString MainMenu = QStringLiteral("MainMenu");
-
-} // namespace
-
 bool ViewController::isTargetOf(UnwindRoute route) const
 {
     return route == UnwindRoute::ToMenu || route == UnwindRoute::ToMainMenu;
@@ -23,7 +17,7 @@ bool ViewController::isTargetOf(UnwindRoute route) const
 
 void ViewController::viewDidLoad()
 {
-    environment().selection.CallingScreen = MainMenu;
+    environment().selection.CallingScreen = CallingScreens::MainMenu.toString();
     checkLaunch();
 }
 
@@ -62,7 +56,7 @@ void ViewController::checkLaunch()
 void ViewController::viewWillAppear()
 {
     setAreaButtonsHidden(true);
-    environment().selection.CallingScreen = MainMenu;
+    environment().selection.CallingScreen = CallingScreens::MainMenu.toString();
     environment().navigator.setNavigationBarHidden(false);
 }
 

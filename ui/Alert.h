@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace giggle {
@@ -21,5 +22,12 @@ struct Alert {
     QString message;
     std::vector<AlertAction> actions;
 };
+
+/// An alert that only says something: its one button is "OK", which runs @p handler.
+[[nodiscard]] inline Alert information(const QString& title, const QString& message,
+                                       std::function<void()> handler = {})
+{
+    return {title, message, {{QStringLiteral("OK"), std::move(handler)}}};
+}
 
 } // namespace giggle

@@ -8,7 +8,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
 
-Dialog {
+AppDialog {
     id: dialog
 
     required property alertContent alert
@@ -23,34 +23,14 @@ Dialog {
     anchors.centerIn: parent
     width: parent ? Math.min(parent.width - 2 * Theme.unit, 400 * Theme.textScale) : 0
     height: parent ? Math.min(implicitHeight, parent.height - 2 * Theme.unit) : 0
-    modal: true
-    focus: true
-    closePolicy: Popup.NoAutoClose
+    contentHeight: texts.implicitHeight + buttons.height + 2 * Theme.unit
     padding: (Theme.textScale > 1.5 ? 1 : 2) * Theme.unit // long words need the room
 
     Component.onCompleted: {
-        // Both are read when the keyboard comes into the dialog.
-        contentItem.parent.Accessible.name = Qt.binding(() => title);
+        // Read with the title.
         contentItem.parent.Accessible.description = Qt.binding(() => message);
         follow();
     }
-
-    enter: Fade {
-        to: 1
-    }
-    exit: Fade {
-        from: 1
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.surface
-        border.width: Theme.borderWidth
-        border.color: Theme.line
-    }
-    // Title and buttons lie in the content: a header and a footer of their own would take part in the dialog's
-    // height while they are still being laid out.
-    header: null
-    contentHeight: texts.implicitHeight + buttons.height + 2 * Theme.unit
 
     Flickable {
         width: dialog.availableWidth
@@ -68,17 +48,10 @@ Dialog {
             width: dialog.availableWidth
             spacing: Theme.unit
 
-            Text {
+            DialogTitle {
                 width: texts.width
                 text: dialog.title
-                textFormat: Text.PlainText
-                color: Theme.text
-                font.pixelSize: Theme.titleSize
-                font.bold: true
-                horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
             Label {
                 width: texts.width

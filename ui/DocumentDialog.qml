@@ -4,17 +4,16 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import GiggleArchives
 
-Dialog {
+AppDialog {
     id: dialog
 
     required property WindowDocumentPicker picker
     readonly property bool isWanted: picker.isShown
     /// Title, ways and path then share a line, and so do field and buttons.
-    readonly property bool isLow: parent !== null && parent.width > 576 && parent.height < 436 * Math.min(Theme.textScale, 1.5)
+    readonly property bool isLow: parent !== null && parent.width - 2 * Theme.unit >= Theme.wideFrom && parent.height < 436 * Math.min(Theme.textScale, 1.5)
 
     onIsWantedChanged: isWanted ? open() : close()
     onOpened: picker.isForSaving ? focusName() : list.focusRows()
@@ -23,26 +22,7 @@ Dialog {
     anchors.centerIn: parent
     width: parent ? Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth * Math.min(Theme.textScale, 1.5)) : 0
     height: parent ? Math.min(parent.height - 2 * Theme.unit, 760) : 0
-    modal: true
-    focus: true
-    closePolicy: Popup.NoAutoClose
-    padding: 2 * Theme.unit
-    header: null
-
-    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
-
-    enter: Fade {
-        to: 1
-    }
-    exit: Fade {
-        from: 1
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.background
-        border.width: Theme.borderWidth
-        border.color: Theme.line
-    }
+    fillColor: Theme.background
 
     FocusScope {
         width: dialog.availableWidth
@@ -61,16 +41,9 @@ Dialog {
                 columnSpacing: 2 * Theme.unit
                 rowSpacing: Theme.unit
 
-                Text {
+                DialogTitle {
                     Layout.fillWidth: !dialog.isLow
                     text: dialog.title
-                    textFormat: Text.PlainText
-                    color: Theme.text
-                    font.pixelSize: Theme.titleSize
-                    font.bold: true
-                    horizontalAlignment: Text.AlignHCenter
-                    Accessible.role: Accessible.Heading
-                    Accessible.name: text
                 }
                 RowLayout {
                     spacing: Theme.unit

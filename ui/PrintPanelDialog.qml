@@ -8,7 +8,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import GiggleArchives
 
-Dialog {
+AppDialog {
     id: dialog
 
     required property WindowPrintPanel panel
@@ -17,7 +17,7 @@ Dialog {
     /// Another dialog of the same size lies over this one, whose controls then must not be found.
     property bool isCovered: false
     /// The pages then stand beside the fields.
-    readonly property bool isWide: width > 560
+    readonly property bool isWide: width >= Theme.wideFrom
     readonly property bool canPrint: panel.canPrint && !panel.isForPdfOnly
     readonly property bool hasChoices: !panel.isForPdfOnly && !isWorking
 
@@ -31,29 +31,9 @@ Dialog {
     anchors.centerIn: parent
     width: parent ? Math.min(parent.width - 2 * Theme.unit, Theme.readableWidth * Math.min(Theme.textScale, 1.5)) : 0
     height: parent ? Math.min(parent.height - 2 * Theme.unit, panel.isForPdfOnly ? implicitHeight : 760) : 0
-    modal: true
-    focus: true
-    closePolicy: Popup.NoAutoClose
-    padding: 0
-    topPadding: 2 * Theme.unit
-    bottomPadding: 2 * Theme.unit
-    header: null
+    fillColor: Theme.background
+    horizontalPadding: 0
     contentHeight: heading.height + work.implicitHeight + failure.height + buttons.height + 4 * Theme.unit
-
-    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
-
-    enter: Fade {
-        to: 1
-    }
-    exit: Fade {
-        from: 1
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.background
-        border.width: Theme.borderWidth
-        border.color: Theme.line
-    }
 
     FocusScope {
         width: dialog.availableWidth
@@ -63,19 +43,12 @@ Dialog {
         Keys.onEscapePressed: dialog.panel.cancel()
         Keys.onBackPressed: dialog.panel.cancel()
 
-        Text {
+        DialogTitle {
             id: heading
 
             width: parent.width
             bottomPadding: Theme.unit
             text: dialog.title
-            textFormat: Text.PlainText
-            color: Theme.text
-            font.pixelSize: Theme.titleSize
-            font.bold: true
-            horizontalAlignment: Text.AlignHCenter
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
         FormScroller {
             anchors.top: heading.bottom

@@ -9,6 +9,8 @@
 
 namespace giggle {
 
+class ManagedObjectContext;
+
 /// What every screen is to the navigation stack: a title and the life-cycle callbacks. A screen owns what it
 /// fetches, shows, validates and saves, and never touches an item of its page.
 ///
@@ -54,6 +56,9 @@ public:
 
 protected:
     [[nodiscard]] ScreenEnvironment& environment() const { return m_environment; }
+
+    /// The collection's one context.
+    [[nodiscard]] ManagedObjectContext& viewContext() const;
 
 private:
     ScreenEnvironment& m_environment;

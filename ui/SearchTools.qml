@@ -14,7 +14,7 @@ GridLayout {
     /// Whether Ctrl+F is meant for this search.
     required property bool isActive
     property bool hasSearch: true
-    property bool isWide: parent !== null && parent.width >= 560
+    property bool isWide: parent !== null && parent.width >= Theme.wideFrom
     property alias placeholderText: searchBar.placeholderText
     property alias searchText: searchBar.text
     property alias searchBorderColor: searchBar.borderColor

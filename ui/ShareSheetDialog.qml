@@ -7,7 +7,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
 
-Dialog {
+AppDialog {
     id: dialog
 
     required property WindowShareSheet sheet
@@ -22,27 +22,8 @@ Dialog {
     y: parent ? parent.height - height - Theme.unit : 0
     width: parent ? Math.min(parent.width - 2 * Theme.unit, 400 * Theme.textScale) : 0
     height: parent ? Math.min(implicitHeight, parent.height - 2 * Theme.unit) : 0
-    modal: true
-    focus: true
     closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
-    padding: 2 * Theme.unit
-    header: null
     contentHeight: list.implicitHeight + cancelButton.height + Theme.unit
-
-    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
-
-    enter: Fade {
-        to: 1
-    }
-    exit: Fade {
-        from: 1
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.surface
-        border.width: Theme.borderWidth
-        border.color: Theme.line
-    }
 
     Flickable {
         id: scroller
@@ -65,17 +46,10 @@ Dialog {
             width: dialog.availableWidth
             spacing: Theme.unit
 
-            Text {
+            DialogTitle {
                 width: list.width
                 bottomPadding: Theme.unit
                 text: dialog.title
-                textFormat: Text.PlainText
-                color: Theme.text
-                font.pixelSize: Theme.titleSize
-                font.bold: true
-                horizontalAlignment: Text.AlignHCenter
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
             Repeater {
                 id: rows

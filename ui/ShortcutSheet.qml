@@ -8,7 +8,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
 
-Dialog {
+AppDialog {
     id: dialog
 
     readonly property bool isWide: availableWidth >= 280 * Theme.textScale
@@ -21,44 +21,19 @@ Dialog {
     y: parent ? parent.height - height - Theme.unit : 0
     width: parent ? Math.min(parent.width - 2 * Theme.unit, 520 * Theme.textScale) : 0
     height: parent ? Math.min(implicitHeight, parent.height - 2 * Theme.unit) : 0
-    modal: true
-    focus: true
     closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
-    padding: 2 * Theme.unit
-    header: null
     contentHeight: heading.height + list.height + closeButton.height + 2 * Theme.unit
-
-    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => title)
-
-    enter: Fade {
-        to: 1
-    }
-    exit: Fade {
-        from: 1
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.surface
-        border.width: Theme.borderWidth
-        border.color: Theme.line
-    }
 
     Shortcuts {
         id: shortcuts
     }
-    Label {
+    DialogTitle {
         id: heading
 
         width: dialog.availableWidth
         bottomPadding: Theme.unit
         text: dialog.title
-        textFormat: Text.PlainText
-        color: Theme.text
-        font.pixelSize: Theme.titleSize
-        font.bold: true
-        horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.Heading
     }
     Flickable {
         id: scroller

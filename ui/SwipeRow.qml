@@ -19,7 +19,7 @@ Item {
     /// Without a text there is nothing to uncover.
     property string actionText
     property color cardColor: Theme.teal
-    /// Whether the last two signals are sent at all.
+    /// Whether menuRequested and copyPressed are sent at all.
     property bool hasMenu: false
     default property alias content: card.data
 

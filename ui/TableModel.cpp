@@ -43,6 +43,16 @@ void TableModel::redraw()
     emit headerTextChanged();
 }
 
+void TableModel::insertRow(int row, const std::function<void()>& insertIntoSource)
+{
+    beginInsertRows({}, row, row);
+    insertIntoSource();
+    ++m_count;
+    endInsertRows();
+    emit countChanged();
+    emit headerTextChanged();
+}
+
 void TableModel::removeRow(int row, const std::function<void()>& removeFromSource)
 {
     beginRemoveRows({}, row, row);
@@ -78,16 +88,6 @@ int TableModel::rowOf(const RowAnchor& anchor) const
         if (m_source.identityOfRow(row) == anchor.identity)
             return row;
     return sameNumber;
-}
-
-void TableModel::insertRow(int row, const std::function<void()>& insertIntoSource)
-{
-    beginInsertRows({}, row, row);
-    insertIntoSource();
-    ++m_count;
-    endInsertRows();
-    emit countChanged();
-    emit headerTextChanged();
 }
 
 } // namespace giggle

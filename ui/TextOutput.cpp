@@ -32,9 +32,8 @@ void shareText(Screen& screen, ScreenEnvironment& environment, const std::functi
         environment.platform.shareSheet->present({SharedText{compose()}}, {});
     else
         presentLater(screen, environment,
-                     {QStringLiteral("Can't Send Text Message"),
-                      QStringLiteral("Your device is not able to send text messages."),
-                      {{QStringLiteral("OK"), {}}}});
+                     information(QStringLiteral("Can't Send Text Message"),
+                                 QStringLiteral("Your device is not able to send text messages.")));
 }
 
 void copyText(ScreenEnvironment& environment, const QString& text)
@@ -62,16 +61,15 @@ void sendMail(ScreenEnvironment& environment, const std::function<Mail()>& compo
 {
     MailComposer& mailComposer = environment.platform.mailComposer;
     if (!mailComposer.canSendMail()) {
-        environment.navigator.present({QStringLiteral("Sending Email"),
-                                       QStringLiteral("Email not Setup or Unavailable"),
-                                       {{QStringLiteral("OK"), {}}}});
+        environment.navigator.present(
+            information(QStringLiteral("Sending Email"), QStringLiteral("Email not Setup or Unavailable")));
         return;
     }
     mailComposer.present(compose(), [&navigator = environment.navigator](const QString& failure) {
         if (failure.isEmpty())
             return;
         printFailure(failure);
-        navigator.present({QStringLiteral("Sending Email"), failure, {{QStringLiteral("OK"), {}}}});
+        navigator.present(information(QStringLiteral("Sending Email"), failure));
     });
 }
 

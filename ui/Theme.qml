@@ -50,6 +50,8 @@ QtObject {
     readonly property int borderWidth: 2
     readonly property int touchTarget: 44
     readonly property int readableWidth: 720
+    /// From this width on there is room for two things side by side.
+    readonly property int wideFrom: 560
     readonly property int focusWidth: highContrast ? 5 : 3
     readonly property int animationTime: reducesMotion ? 0 : 200
 

@@ -297,7 +297,7 @@ std::function<void(const QString&)> WindowShareSheet::reporter(const QString& ti
 void WindowShareSheet::report(const QString& title, const QString& failure)
 {
     if (!failure.isEmpty())
-        m_navigator.present({title, failure, {{QStringLiteral("OK"), {}}}});
+        m_navigator.present(information(title, failure));
 }
 
 } // namespace giggle

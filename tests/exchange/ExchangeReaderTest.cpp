@@ -2,8 +2,8 @@
 #include "exchange/format/ExchangeReader.h"
 
 #include "exchange/format/ExchangeFile.h"
+#include "shell/DefaultNames.h"
 #include "tests/support/CollectionFolder.h"
-#include "ui/DefaultNames.h"
 
 #include <algorithm>
 #include <set>

@@ -2,6 +2,8 @@
 #include "jokes/JokeComposition.h"
 #include "tests/jokes/JokeListFixture.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
@@ -218,6 +220,21 @@ TEST_F(JokeListTest, TheCompositionIsLaidOutInTheMiddleWithJokesInLargeBoldType)
     EXPECT_EQ(joke.font->pixelSize(), 18);
     EXPECT_EQ(joke.foregroundColor, QColor(Qt::black));
     EXPECT_EQ(joke.alignment, Qt::AlignHCenter);
+}
+
+TEST_F(JokeListTest, CopiesTheTextAsItIsStored)
+{
+    const std::string text = "It's\n\u2028^\"\u00a0 \\";
+    addJoke({.category = "Puns", .joke = text});
+    addJoke({.category = "Quips"});
+    list.viewDidLoad();
+    list.copyRow(0);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
+    EXPECT_EQ(navigator.confirmed, QStringLiteral("Copied."));
+    list.copyRow(1);
+    list.copyRow(2);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
+    EXPECT_EQ(navigator.confirmed, QStringLiteral("There is no text to copy."));
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/jokes/JokeListFixture.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QSignalSpy>
 
 #include <functional>
@@ -99,21 +97,6 @@ TEST_F(JokeListUndoTest, AFailedSaveIsLoggedAndTheJokeWaitsForTheNextOne)
     RawDatabase(folder.file()).execute("DROP TRIGGER refuse");
     addJoke({});
     EXPECT_EQ(stored().size(), 6u);
-}
-
-TEST_F(JokeListUndoTest, CopiesTheTextAsItIsStored)
-{
-    const std::string text = "It's\n\u2028^\"\u00a0 \\";
-    addJoke({.category = "Puns", .joke = text});
-    addJoke({.category = "Quips"});
-    list.viewDidLoad();
-    list.copyRow(0);
-    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
-    EXPECT_EQ(navigator.confirmed, QStringLiteral("Copied."));
-    list.copyRow(1);
-    list.copyRow(2);
-    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
-    EXPECT_NE(navigator.confirmed, QStringLiteral("Copied."));
 }
 
 } // namespace giggle
