@@ -12,6 +12,7 @@
 #include <QQuickWindow>
 #include <QScreen>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <string_view>
@@ -29,8 +30,12 @@ constexpr QLatin1StringView RowKey("row");
 constexpr QLatin1StringView IdentityKey("identity");
 constexpr QLatin1StringView OffsetKey("offset");
 
-constexpr qint64 MostBytes = 100'000;    // of a file that is ours
-constexpr int LeastSide = 320;           // the page's least size
+constexpr qint64 MostBytes = 100'000; // of a file that is ours
+constexpr int LeastSide = 320;        // the page's least size
+// Of a window that nobody has sized yet; a desktop's title bar has to have room above it.
+constexpr int FirstHeight = 800;
+constexpr int TitleBarHeight = 64;
+
 constexpr double MostOffset = 1'000'000; // no row is as high
 
 QByteArray readFile(const QString& path)
@@ -90,12 +95,15 @@ void WindowMemory::readLists(const QJsonObject& lists)
 QVariantMap WindowMemory::windowProperties() const
 {
     QVariantMap properties;
+    const QSize room = roomOn(QGuiApplication::primaryScreen());
     if (m_size.width() > 0 && m_size.height() > 0) {
         QSize size = m_size.expandedTo({LeastSide, LeastSide});
-        if (const QSize room = roomOn(QGuiApplication::primaryScreen()); !room.isEmpty())
+        if (!room.isEmpty())
             size = size.boundedTo(room);
         properties.insert(WidthKey, size.width());
         properties.insert(HeightKey, size.height());
+    } else if (!room.isEmpty() && room.height() < FirstHeight + TitleBarHeight) {
+        properties.insert(HeightKey, std::max(LeastSide, room.height() - TitleBarHeight));
     }
     if (m_isMaximized)
         properties.insert(QStringLiteral("visibility"), QWindow::Maximized);

@@ -19,6 +19,8 @@ Menu {
     margins: Theme.unit
     padding: Theme.borderWidth
 
+    onOpened: currentIndex = 0 // for a keyboard
+
     // The popup itself cannot have a name.
     Component.onCompleted: contentItem.parent.Accessible.name = qsTr("Joke")
 
@@ -42,6 +44,12 @@ Menu {
         background: Rectangle {
             radius: Theme.fieldRadius
             color: copy.down || copy.highlighted ? Theme.background : "transparent"
+
+            FocusRing {
+                anchors.margins: 0
+                radius: parent.radius
+                visible: copy.highlighted && Theme.isWithKeys
+            }
         }
     }
 
@@ -64,6 +72,5 @@ Menu {
     function openFor(item: SwipeRow, x: real, y: real) {
         row = item.index;
         popup(item, x, y);
-        currentIndex = 0; // for a keyboard
     }
 }

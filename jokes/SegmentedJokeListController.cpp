@@ -37,11 +37,16 @@ constexpr std::array SearchedAttributes{Attribute::category, Attribute::rating, 
 } // namespace
 
 SegmentedJokeListController::SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder,
-                                                         const QString& placeName)
+                                                         QString placeName)
     : Screen(environment), m_context(environment.appDelegate.persistentContainer().viewContext()),
-      m_searchPlaceholder(std::move(placeholder)), m_table(*this)
+      m_searchPlaceholder(std::move(placeholder)), m_placeName(std::move(placeName)), m_table(*this)
 {
-    m_table.keepPlaceIn(environment.selection.listPlaces[placeName]);
+    keepPlace();
+}
+
+void SegmentedJokeListController::keepPlace()
+{
+    m_table.keepPlaceIn(environment().selection.listPlaces[m_placeName + QString::number(m_selectedSegment)]);
 }
 
 void SegmentedJokeListController::viewDidLoad()
@@ -106,6 +111,7 @@ void SegmentedJokeListController::segmentedControlAction()
 {
     const auto mode = static_cast<std::size_t>(m_selectedSegment);
     m_searchPlaceholder = mode < ModesTexts.size() ? ModesTexts[mode].placeholder.toString() : QString();
+    keepPlace();
     emit selectedSegmentChanged();
     fetch();
 }

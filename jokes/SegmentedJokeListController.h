@@ -77,10 +77,9 @@ protected:
     using JokeArray = std::vector<Jokes*>;
     using SortDescriptors = std::vector<SortDescriptor<Jokes>>;
 
-    /// @p placeholder stands in the search field until the mode is changed. @p placeName is the list's in
-    /// SharedSelection::listPlaces.
-    SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder,
-                                const QString& placeName);
+    /// @p placeholder stands in the search field until the mode is changed. With the number of the mode
+    /// behind it @p placeName is the list's in SharedSelection::listPlaces.
+    SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder, QString placeName);
 
     void fetch();
 
@@ -123,6 +122,7 @@ protected:
 private:
     [[nodiscard]] FetchRequest<Jokes> fetchRequest() const;
     void segmentedControlAction();
+    void keepPlace();
     void updateSearchResults();
     /// The jokes of @p source that the search text finds, where it narrows the list at all.
     [[nodiscard]] JokeArray found(const JokeArray& source) const;
@@ -136,6 +136,7 @@ private:
     ListDisplaySettings m_displaySettings;
     int m_selectedSegment = CategoryMode;
     QString m_searchPlaceholder;
+    QString m_placeName;
     QString m_searchText;
     bool m_isSearchPrepared = false;
     TableModel m_table;

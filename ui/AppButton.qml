@@ -48,7 +48,7 @@ Button {
             border.color: Theme.outline
         }
         FocusRing {
-            visible: control.visualFocus || control.alwaysShowsFocus && control.activeFocus
+            visible: control.visualFocus || control.activeFocus && (control.alwaysShowsFocus || Theme.isWithKeys)
         }
     }
 

@@ -9,6 +9,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 namespace giggle {
 
@@ -60,9 +61,28 @@ bool Appearance::reducesMotion() const
 
 bool Appearance::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::ApplicationFontChange && watched == qGuiApp)
-        updateTextScale();
+    switch (event->type()) {
+    case QEvent::ApplicationFontChange:
+        if (watched == qGuiApp)
+            updateTextScale();
+        break;
+    case QEvent::KeyPress:
+        setWithKeys(true);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+        setWithKeys(false);
+        break;
+    default:
+        break;
+    }
     return QObject::eventFilter(watched, event);
+}
+
+void Appearance::setWithKeys(bool isWithKeys)
+{
+    if (std::exchange(m_isWithKeys, isWithKeys) != isWithKeys)
+        emit isWithKeysChanged();
 }
 
 void Appearance::updateTextScale()

@@ -8,7 +8,7 @@ namespace giggle {
 
 class InterfaceStyle;
 
-/// What the pages follow of the system's settings, live.
+/// What the pages follow of the system's settings, and of what the user works with; live.
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -16,6 +16,7 @@ class Appearance : public QObject {
     Q_PROPERTY(bool dark READ dark NOTIFY styleChanged)
     Q_PROPERTY(bool highContrast READ highContrast NOTIFY styleChanged)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY styleChanged)
+    Q_PROPERTY(bool isWithKeys READ isWithKeys NOTIFY isWithKeysChanged)
     Q_PROPERTY(double textScale READ textScale NOTIFY textScaleChanged)
 
 public:
@@ -26,6 +27,10 @@ public:
     [[nodiscard]] bool highContrast() const;
     [[nodiscard]] bool reducesMotion() const;
 
+    /// Whether the user works with keys rather than with a pointer or a finger, and has to see where they
+    /// act.
+    [[nodiscard]] bool isWithKeys() const { return m_isWithKeys; }
+
     /// How large texts are drawn: 1 at the usual size of the system's font, at most 3. Smaller fonts do not
     /// shrink the texts.
     [[nodiscard]] double textScale() const { return m_textScale; }
@@ -34,13 +39,16 @@ public:
 
 signals:
     void styleChanged();
+    void isWithKeysChanged();
     void textScaleChanged();
 
 private:
     void updateTextScale();
+    void setWithKeys(bool isWithKeys);
 
     InterfaceStyle& m_interfaceStyle;
     double m_textScale = 1;
+    bool m_isWithKeys = false;
 };
 
 } // namespace giggle

@@ -49,4 +49,10 @@ Column {
             onClicked: control.actionTriggered()
         }
     }
+
+    /// Gives the button the keyboard, if there is one.
+    function focusAction() {
+        if (action.text.length > 0)
+            action.forceActiveFocus(Qt.OtherFocusReason);
+    }
 }

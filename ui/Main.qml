@@ -71,6 +71,11 @@ ApplicationWindow {
     }
     Binding {
         target: Theme
+        property: "isWithKeys"
+        value: window.appearance.isWithKeys
+    }
+    Binding {
+        target: Theme
         property: "textScale"
         value: window.appearance.textScale
     }
@@ -90,10 +95,13 @@ ApplicationWindow {
         }
     }
 
-    // A notice that comes or goes moves what lies above it, away from under a finger on its way there.
+    // A notice that comes or goes moves what lies just above it, away from under a finger on its way there.
     MouseArea {
         z: 1
-        anchors.fill: stack
+        anchors.left: stack.left
+        anchors.right: stack.right
+        anchors.bottom: stack.bottom
+        height: Math.min(stack.height, 4 * Theme.touchTarget)
         visible: settling.running
     }
     Timer {

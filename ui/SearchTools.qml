@@ -48,7 +48,8 @@ GridLayout {
 
         Layout.fillWidth: true
         visible: bar.hasSearch
-        Keys.onDownPressed: bar.searched.forceActiveFocus(Qt.TabFocusReason)
+        Keys.onDownPressed: if (bar.table?.count !== 0)
+            bar.searched.forceActiveFocus(Qt.TabFocusReason)
         onTextChanged: bar.announceSoon()
 
         Announcement {

@@ -49,7 +49,7 @@ FocusScope {
 
                 width: control.widthOf(index)
                 height: control.segmentHeight
-                z: visualFocus ? 1 : 0
+                z: activeFocus ? 1 : 0
                 padding: 0
                 leftPadding: 4
                 rightPadding: 4
@@ -86,7 +86,7 @@ FocusScope {
 
                     FocusRing {
                         radius: 3
-                        visible: segment.visualFocus
+                        visible: segment.visualFocus || segment.activeFocus && Theme.isWithKeys
                     }
                 }
             }

@@ -66,7 +66,7 @@ AppDialog {
                     alwaysShowsFocus: true
                     onClicked: dialog.sheet.choose(index)
                     onActiveFocusChanged: if (activeFocus)
-                        scroller.contentY = Math.max(0, Math.min(y, Math.max(scroller.contentY, y + height + Theme.unit - scroller.height)))
+                        scroller.contentY = Math.max(0, Math.min(y, Math.max(scroller.contentY, Math.min(y + height + Theme.unit, scroller.contentHeight) - scroller.height)))
                     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
                     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 }

@@ -89,7 +89,7 @@ FocusScope {
                     FocusRing {
                         anchors.margins: 3
                         radius: 3
-                        visible: tab.visualFocus
+                        visible: tab.visualFocus || tab.activeFocus && Theme.isWithKeys
                     }
                 }
             }

@@ -69,15 +69,17 @@ ListView {
     }
 
     // The row that keys act on must not lie behind a bar at the bottom of the window.
-    onHeightChanged: if (showsFocus && currentIndex >= 0)
-        positionViewAtIndex(currentIndex, ListView.Contain)
+    onHeightChanged: resized.restart()
     onMovementStarted: if (currentRow)
         currentRow.close()
-    onActiveFocusChanged: if (!activeFocus)
-        showsFocus = false
+    onActiveFocusChanged: showsFocus = activeFocus && Theme.isWithKeys
     // After a reset of an empty table the rows come later.
-    onCountChanged: if (count > 0 && currentIndex < 0)
-        currentIndex = 0
+    onCountChanged: {
+        if (count > 0 && currentIndex < 0)
+            currentIndex = 0;
+        else if (count === 0 && activeFocus)
+            empty.focusAction();
+    }
 
     Keys.onReleased: showsFocus = true // of the Tab that led here, too
     Keys.onPressed: event => {
@@ -128,6 +130,13 @@ ListView {
             list.show(row);
         }
     }
+    Timer {
+        id: resized
+
+        interval: 0
+        onTriggered: if (list.showsFocus && list.currentIndex >= 0)
+            list.positionViewAtIndex(list.currentIndex, ListView.Contain)
+    }
     // The second press of a double one would hit the row that has moved up.
     MouseArea {
         parent: list
@@ -159,6 +168,8 @@ ListView {
         }
     }
     EmptyState {
+        id: empty
+
         parent: list
         x: (parent.width - width) / 2
         y: Math.max(Theme.unit, (parent.height - height) / 2)

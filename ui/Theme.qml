@@ -13,6 +13,8 @@ QtObject {
     property bool highContrast: false
     /// Nothing slides, fades or springs back then.
     property bool reducesMotion: false
+    /// The user works with keys, and has to see where they act.
+    property bool isWithKeys: false
     /// The size of texts, 1 for the system's usual one.
     property real textScale: 1
 

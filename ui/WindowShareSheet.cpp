@@ -259,13 +259,17 @@ void WindowShareSheet::composeMessage()
 void WindowShareSheet::save()
 {
     const QString name = m_things.text ? TextFileName : fileName(m_things.files.first());
-    m_platform.documentPicker->pickPlace(
-        name, [done = reporter(QStringLiteral("File Not Saved")), things = m_things](const QUrl& place) {
-            if (place.isLocalFile())
-                done(writeTo(place.toLocalFile(), things));
-            else if (!place.isEmpty())
-                done(QStringLiteral("\"%1\" is no place on this device.").arg(place.toDisplayString()));
-        });
+    m_platform.documentPicker->pickPlace(name, [self = QPointer(this), things = m_things](const QUrl& place) {
+        if (!self || place.isEmpty())
+            return;
+        const QString failure =
+            place.isLocalFile()
+                ? writeTo(place.toLocalFile(), things)
+                : QStringLiteral("\"%1\" is no place on this device.").arg(place.toDisplayString());
+        self->report(QStringLiteral("File Not Saved"), failure);
+        if (failure.isEmpty())
+            self->m_navigator.confirm(QStringLiteral("Saved as \"%1\".").arg(place.fileName()));
+    });
 }
 
 QString WindowShareSheet::newTextFile() const
