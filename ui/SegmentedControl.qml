@@ -93,9 +93,13 @@ FocusScope {
         }
     }
 
-    /// In one line every title gets the same room around it.
+    /// In one line every title gets the same room around it. Whole pixels, or an edge is lost now and then.
     function widthOf(index: int): real {
-        return isOneLine ? textWidths[index] + (width - textsWidth) / titles.length : width / columns;
+        if (!isOneLine)
+            return Math.floor(width / columns);
+        const room = Math.floor((width - textsWidth) / titles.length);
+        const isLast = index === titles.length - 1;
+        return textWidths[index] + (isLast ? Math.floor(width - textsWidth) - index * room : room);
     }
 
     function choose(index: int) {
