@@ -56,6 +56,7 @@ Flickable {
         const item = Window.activeFocusItem;
         if (!item || !isWithin(item))
             return;
+        column.ensurePolished(); // or the item may not have its place yet
         const top = item.mapToItem(contentItem, 0, 0).y - Theme.unit;
         const bottom = top + Math.min(item.height, height - 2 * Theme.unit) + 2 * Theme.unit;
         contentY = Math.max(0, Math.min(top, Math.max(contentY, bottom - height), contentHeight - height));
