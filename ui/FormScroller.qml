@@ -31,7 +31,15 @@ Flickable {
 
         function onActiveFocusItemChanged() {
             scroller.showFocus();
+            laidOut.restart();
         }
+    }
+    // With the page still being laid out, the item may not have its place yet.
+    Timer {
+        id: laidOut
+
+        interval: 50
+        onTriggered: scroller.showFocus()
     }
     TapHandler {
         enabled: scroller.endsEditingOnTap
@@ -56,7 +64,6 @@ Flickable {
         const item = Window.activeFocusItem;
         if (!item || !isWithin(item))
             return;
-        column.ensurePolished(); // or the item may not have its place yet
         const top = item.mapToItem(contentItem, 0, 0).y - Theme.unit;
         const bottom = top + Math.min(item.height, height - 2 * Theme.unit) + 2 * Theme.unit;
         contentY = Math.max(0, Math.min(top, Math.max(contentY, bottom - height), contentHeight - height));
