@@ -36,8 +36,10 @@ QString pathOf(const QString& text, const QString& folder)
     if (!text.contains(u'/') && isTaken(QFileInfo(here.filePath(text))))
         return here.filePath(text);
     const QString trimmed = text.trimmed();
-    if (trimmed.startsWith(QLatin1StringView("file:"), Qt::CaseInsensitive))
-        return here.filePath(QUrl(trimmed).toLocalFile());
+    if (trimmed.startsWith(QLatin1StringView("file:"), Qt::CaseInsensitive)) {
+        const QString path = QUrl(trimmed).toLocalFile();
+        return here.filePath(path.isEmpty() ? trimmed : path);
+    }
     if (trimmed == u'~' || trimmed.startsWith(QLatin1StringView("~/")))
         return QDir::homePath() + trimmed.mid(1);
     return here.filePath(trimmed);

@@ -81,6 +81,7 @@ TEST_F(DocumentPickerTest, ATypedTextIsANameAPathOrAnAddress)
         {u"new/a.csv"_qs, Kind::Refused, Kind::Refused, {}},
         {u"a.csv/b.csv"_qs, Kind::Refused, Kind::Refused, {}},
         {u"pipe"_qs, Kind::Refused, Kind::Refused, {}},
+        {u"file:"_qs, Kind::Refused, Kind::File, u"file:"_qs},
         {u"file:new.csv"_qs, Kind::Refused, Kind::File, u"new.csv"_qs},
         {u"file://elsewhere/a.csv"_qs, Kind::Refused, Kind::Refused, {}},
         {QString(300, u'x'), Kind::Refused, Kind::Refused, {}},
