@@ -131,9 +131,10 @@ TEST(KilledUserTest, WhatTheScreensHaveAcknowledgedIsFoundByTheNextStart)
         for (const QList<SavedRows>& promise : promises.mid(1))
             acknowledged += promise.size() == 1;
         before = found;
-        // Without its flag the next launch fills the collection again.
-        if (!Preferences(folder->filePath(u"preferences.json"_qs))
-                 .boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag))
+        // Without the flag the next launch fills the collection again; without a font size the user sets one.
+        const Preferences preferences(folder->filePath(u"preferences.json"_qs));
+        if (!preferences.boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag) ||
+            !preferences.isPresent(PreferenceKeys::ListFontSize))
             before.reset();
     }
     reportCount("users killed", kills);
