@@ -18,17 +18,22 @@ FocusScope {
     /// Whether the user works with keys, and has to see what has the keyboard.
     property bool usesKeys: false
     /// Pixels for a point.
-    readonly property real scaleFactor: zoom * Math.min(scroller.width, 1.25 * Theme.readableWidth) / Math.max(1, document.widestPage)
+    readonly property real scaleFactor: zoom * Math.min(scroller.width, widestColumn) / Math.max(1, document.widestPage)
+    readonly property real widestColumn: 1.25 * Theme.readableWidth
+    /// The buttons stand on what is free beside the pages; otherwise at the side or, in a tall window, below.
+    readonly property bool hasMargin: width >= widestColumn + 2 * (zoomButtons.width + 2 * zoomButtons.anchors.margins)
+    readonly property bool isTall: height > width
 
     Flickable {
         id: scroller
 
-        anchors.fill: parent
+        width: parent.width - (view.hasMargin || view.isTall ? 0 : zoomButtons.width + 2 * Theme.unit)
+        height: parent.height - (view.hasMargin || !view.isTall ? 0 : zoomButtons.height + 2 * Theme.unit)
         focus: true
         activeFocusOnTab: true
         clip: true
         contentWidth: Math.max(width, column.width)
-        contentHeight: column.height + zoomButtons.height + 3 * Theme.unit // what lies below the buttons can be scrolled free
+        contentHeight: column.height
         boundsBehavior: Flickable.StopAtBounds
         Accessible.role: Accessible.Pane
         Accessible.name: view.name
@@ -134,12 +139,13 @@ FocusScope {
         fill: Theme.yellow
     }
 
-    Column {
+    Grid {
         id: zoomButtons
 
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.margins: 1.5 * Theme.unit
+        anchors.margins: Theme.unit
+        columns: view.isTall ? 2 : 1
         spacing: Theme.unit
         visible: pages.count > 0
 

@@ -6,6 +6,7 @@
 #include "platform/ShareSheet.h"
 #include "store/Console.h"
 #include "ui/MainQueue.h"
+#include "ui/Navigator.h"
 #include "ui/Screen.h"
 
 #include <QClipboard>
@@ -50,11 +51,21 @@ void logPrintFailure(const PrintOutcome& outcome)
         printFailure(outcome.failure);
 }
 
-void printText(ScreenEnvironment& environment, AttributedText text,
-               std::function<void(const PrintOutcome&)> finished)
+void confirmSaved(Navigator& navigator, const QString& fileName)
 {
-    environment.platform.printPanel->present(std::move(text), QStringLiteral("Giggle Archives"),
-                                             std::move(finished));
+    if (!fileName.isEmpty())
+        navigator.confirm(QStringLiteral("Saved as \"%1\".").arg(fileName));
+}
+
+void printText(ScreenEnvironment& environment, AttributedText text,
+               const std::function<void(const PrintOutcome&)>& finished)
+{
+    environment.platform.printPanel->present(
+        std::move(text), QStringLiteral("Giggle Archives"),
+        [&navigator = environment.navigator, finished](const PrintOutcome& outcome) {
+            confirmSaved(navigator, outcome.savedAs);
+            finished(outcome);
+        });
 }
 
 void sendMail(ScreenEnvironment& environment, const std::function<Mail()>& compose)

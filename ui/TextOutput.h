@@ -13,6 +13,7 @@
 
 namespace giggle {
 
+class Navigator;
 class Screen;
 struct ScreenEnvironment;
 
@@ -29,10 +30,13 @@ void copyText(ScreenEnvironment& environment, const QString& text);
 /// What is done after printing where nothing else is wanted: a failure is logged.
 void logPrintFailure(const PrintOutcome& outcome);
 
+/// Says in passing under which name a file was saved. With an empty name nothing happens.
+void confirmSaved(Navigator& navigator, const QString& fileName);
+
 /// Opens the print panel; what becomes of it goes to @p finished, which must refer to nothing that may be
-/// gone by then.
+/// gone by then. A PDF file is confirmed; the environment's navigator outlives the panel.
 void printText(ScreenEnvironment& environment, AttributedText text,
-               std::function<void(const PrintOutcome&)> finished = logPrintFailure);
+               const std::function<void(const PrintOutcome&)>& finished = logPrintFailure);
 
 /// Opens a mail with what @p compose returns. A failure is logged and said in an alert; the environment's
 /// navigator outlives the mail program's answer. Where there is no mail program an alert says so instead, and

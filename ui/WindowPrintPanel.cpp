@@ -6,31 +6,18 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QPointer>
 #include <QUrl>
 
 #include <algorithm>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 #include <utility>
 
 namespace giggle {
 
-/// What the panel shares with the threads that ask the printers. They may outlive it.
-struct WindowPrintPanel::Askers {
-    std::mutex mutex;
-    std::condition_variable ended;
-    WindowPrintPanel* panel = nullptr; ///< null once nobody takes answers
-    int count = 0;
-};
-
-WindowPrintPanel::WindowPrintPanel(const Platform& platform)
-    : m_platform(platform), m_askers(std::make_shared<Askers>())
+WindowPrintPanel::WindowPrintPanel(const Platform& platform) : m_platform(platform)
 {
-    m_askers->panel = this;
     m_worker.moveToThread(&m_thread);
     connect(&m_worker, &PrintWorker::counted, this, &WindowPrintPanel::countedPages);
     connect(&m_worker, &PrintWorker::drawn, this, [this](int number, int page, const QImage& image) {
@@ -53,11 +40,6 @@ WindowPrintPanel::~WindowPrintPanel()
     m_sending.request_stop();
     m_thread.quit();
     m_thread.wait();
-    // Nearly always they end in time, and none is left when the program comes to its end. One that does not
-    // is stuck in the system, and has everything that it uses to itself.
-    std::unique_lock lock(m_askers->mutex);
-    m_askers->panel = nullptr;
-    (void)m_askers->ended.wait_for(lock, std::chrono::seconds(1), [this] { return m_askers->count == 0; });
 }
 
 void WindowPrintPanel::present(AttributedText text, const QString& jobName,
@@ -109,14 +91,15 @@ void WindowPrintPanel::show()
     emit workChanged();
 }
 
-void WindowPrintPanel::close(bool isCompleted)
+void WindowPrintPanel::close(bool isCompleted, const QString& savedAs)
 {
     m_text.reset();
     reopenText();
     m_isShown = false;
     emit shownChanged();
     const auto finished = std::exchange(m_finished, {});
-    const PrintOutcome outcome{.isCompleted = isCompleted, .failure = isCompleted ? QString() : m_failure};
+    const PrintOutcome outcome{
+        .isCompleted = isCompleted, .failure = isCompleted ? QString() : m_failure, .savedAs = savedAs};
     // A caller may present the panel anew.
     if (finished)
         QMetaObject::invokeMethod(
@@ -134,35 +117,13 @@ void WindowPrintPanel::askWorker(Request request)
     QMetaObject::invokeMethod(&m_worker, std::move(request), Qt::QueuedConnection);
 }
 
-/// Asks the printers @p question in a thread of its own, and calls @p take with the answer in this one,
-/// unless the panel is gone by then.
-template <class Question, class Take>
-void WindowPrintPanel::askPrinters(Question question, Take take)
-{
-    {
-        const std::lock_guard lock(m_askers->mutex);
-        ++m_askers->count;
-    }
-    auto ask = [askers = m_askers, printers = m_platform.printers->share(), question, take]() mutable {
-        auto answer = question(*printers);
-        printers.reset();
-        const std::lock_guard lock(askers->mutex);
-        if (askers->panel)
-            QMetaObject::invokeMethod(
-                askers->panel, [take, answer = std::move(answer)] { take(answer); }, Qt::QueuedConnection);
-        --askers->count;
-        askers->ended.notify_all();
-    };
-    std::thread(std::move(ask)).detach();
-}
-
 void WindowPrintPanel::lookForPrinters()
 {
     if (!m_platform.printers || std::exchange(m_isLooking, true))
         return;
     emit choicesChanged();
     const auto look = [stop = m_looking.get_token()](Printers& printers) { return printers.available(stop); };
-    askPrinters(look, [this](const std::vector<Printer>& found) {
+    m_printerQuestions.ask(m_platform.printers->share(), look, [this](const std::vector<Printer>& found) {
         m_isLooking = false;
         m_choices.setPrinters(found);
         emit choicesChanged();
@@ -316,6 +277,7 @@ void WindowPrintPanel::saveAsPdf()
 void WindowPrintPanel::beginWork(Work work, const QString& path)
 {
     m_work = work;
+    m_workPath = path;
     m_progress = {};
     m_failure.clear();
     m_worker.goOn();
@@ -344,7 +306,7 @@ void WindowPrintPanel::workFinished(const PdfOutcome& outcome)
         send();
     } else {
         m_work = Work::None;
-        close(true);
+        close(true, QFileInfo(m_workPath).fileName());
     }
 }
 
@@ -359,10 +321,11 @@ void WindowPrintPanel::send()
         QFile::remove(job.file);
         return failure;
     };
-    askPrinters(hand, [this, number = m_jobNumber, description = printer()](const QString& failure) {
-        if (number == m_jobNumber)
-            sent(description, failure);
-    });
+    m_printerQuestions.ask(m_platform.printers->share(), hand,
+                           [this, number = m_jobNumber, description = printer()](const QString& failure) {
+                               if (number == m_jobNumber)
+                                   sent(description, failure);
+                           });
 }
 
 void WindowPrintPanel::sent(const QString& description, const QString& failure)

@@ -4,6 +4,7 @@
 #include "platform/PrintPanel.h"
 #include "ui/PrintChoices.h"
 #include "ui/PrintWorker.h"
+#include "ui/PrinterQuestions.h"
 
 #include <QImage>
 #include <QObject>
@@ -19,9 +20,9 @@ namespace giggle {
 struct Platform;
 
 /// The window's own print panel. The window shows it while `isShown`, and reports what is chosen. Pages are
-/// made in a second thread, and whatever is asked of the printers has a thread of its own: the window never
-/// waits for any of them. Printers that never answer keep neither the panel from being left nor, for longer
-/// than a second, the panel from being destroyed.
+/// made in a second thread, and the printers are asked in others: the window never waits for any of them.
+/// Printers that never answer keep neither the panel from being left nor, for longer than a second, the panel
+/// from being destroyed.
 class WindowPrintPanel : public QObject, public PrintPanel {
     Q_OBJECT
     QML_ELEMENT
@@ -136,22 +137,19 @@ signals:
 
 private:
     enum class Work { None, Saving, PreparingPrint, Sending };
-    struct Askers;
 
     static constexpr int MostCopies = 999;
 
     [[nodiscard]] bool takeText(AttributedText text, const QString& jobName,
                                 std::function<void(const PrintOutcome&)> finished);
     void show();
-    void close(bool isCompleted);
+    void close(bool isCompleted, const QString& savedAs = {});
     void lookForPrinters();
     void reopenText();
     void followPaper();
     void askForPicture();
     template <class Request>
     void askWorker(Request request);
-    template <class Question, class Take>
-    void askPrinters(Question question, Take take);
     void beginWork(Work work, const QString& path);
     void fail(const QString& failure);
     void send();
@@ -180,6 +178,7 @@ private:
     int m_pictureWidth = 0;
 
     Work m_work = Work::None;
+    QString m_workPath;
     PdfProgress m_progress;
     QString m_failure;
     int m_jobNumber = 0;
@@ -188,7 +187,7 @@ private:
     QThread m_thread;
     std::stop_source m_looking;
     std::stop_source m_sending;
-    std::shared_ptr<Askers> m_askers;
+    PrinterQuestions m_printerQuestions;
 };
 
 } // namespace giggle

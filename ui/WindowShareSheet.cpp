@@ -11,6 +11,7 @@
 #include "platform/PrintPanel.h"
 #include "ui/AtomicFile.h"
 #include "ui/Navigator.h"
+#include "ui/TextOutput.h"
 
 #include <QClipboard>
 #include <QFile>
@@ -73,9 +74,6 @@ SharedThings sorted(std::vector<SharedItem> items)
     }
     return things;
 }
-
-/// The print panel itself says what fails.
-void ignoreOutcome(const PrintOutcome&) {}
 
 QString fileName(const QString& path)
 {
@@ -203,10 +201,10 @@ void WindowShareSheet::perform(ShareActivity activity)
         openWith();
         break;
     case ShareActivity::Print:
-        m_platform.printPanel->present(textToPrint(), TextTitle, ignoreOutcome);
+        m_platform.printPanel->present(textToPrint(), TextTitle, pdfConfirmer());
         break;
     case ShareActivity::SaveAsPdf:
-        m_platform.printPanel->makePdf(textToPrint(), TextTitle, ignoreOutcome);
+        m_platform.printPanel->makePdf(textToPrint(), TextTitle, pdfConfirmer());
         break;
     }
 }
@@ -268,7 +266,7 @@ void WindowShareSheet::save()
                 : QStringLiteral("\"%1\" is no place on this device.").arg(place.toDisplayString());
         self->report(QStringLiteral("File Not Saved"), failure);
         if (failure.isEmpty())
-            self->m_navigator.confirm(QStringLiteral("Saved as \"%1\".").arg(place.fileName()));
+            confirmSaved(self->m_navigator, place.fileName());
     });
 }
 
@@ -288,6 +286,13 @@ void WindowShareSheet::openWith()
         done(failure);
     else
         m_platform.fileOpener.open(path, done);
+}
+
+/// The print panel itself says what fails.
+std::function<void(const PrintOutcome&)> WindowShareSheet::pdfConfirmer() const
+{
+    return
+        [&navigator = m_navigator](const PrintOutcome& outcome) { confirmSaved(navigator, outcome.savedAs); };
 }
 
 std::function<void(const QString&)> WindowShareSheet::reporter(const QString& title)

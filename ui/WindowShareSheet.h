@@ -16,6 +16,7 @@ namespace giggle {
 
 class Navigator;
 struct Platform;
+struct PrintOutcome;
 
 /// What a share sheet was opened for: its texts as one, each on lines of its own, and its files.
 struct SharedThings {
@@ -69,6 +70,7 @@ private:
     [[nodiscard]] QString newTextFile() const;
     void openWith();
     /// Says later what an activity could not do, if the sheet is still there and there is anything.
+    [[nodiscard]] std::function<void(const PrintOutcome&)> pdfConfirmer() const;
     [[nodiscard]] std::function<void(const QString& failure)> reporter(const QString& title);
     void report(const QString& title, const QString& failure);
 
