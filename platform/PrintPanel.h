@@ -13,7 +13,7 @@ namespace giggle {
 struct PrintOutcome {
     bool isCompleted = false; ///< false where the user has cancelled
     QString failure;          ///< in words; empty where there was none
-    QString savedAs;          ///< the name of the PDF file; empty where none was made
+    QString savedAs{};        ///< the name of the PDF file; empty where none was made
 };
 
 /// The panel in which the user chooses a printer, the number of copies and the paper, looks at the pages and
