@@ -101,6 +101,8 @@ void ImportViewController::ImportTextFile()
     ExchangeReader reader(environment().appDelegate, m_filename, SourceFile, __LINE__);
     reader.readJokes(*m_document);
     presentOutcome(reader.wrongFile());
+    // Names travel with their jokes. The sections are only looked for, which ends the program where the
+    // collection cannot be opened any more.
     reader.readCategories(*m_document, ExchangeReader::NamesFilter::KeepsNothing);
     reader.readRatings(*m_document, ExchangeReader::NamesFilter::KeepsNothing);
 }

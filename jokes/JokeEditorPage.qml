@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the pages that add and edit a joke share: the three fields, Save, and the picker of names. What stands
-// above and below the fields is the page's own.
+// What the pages that add and edit a joke share: the three fields, Save, and the picker of names. The tools above
+// the fields are the page's own.
 import QtQuick
 import QtQuick.Layouts
 import GiggleArchives

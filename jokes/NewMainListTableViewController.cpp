@@ -120,11 +120,11 @@ void NewMainListTableViewController::deleteRow(int row)
     if (!hasRow(row))
         return;
     Jokes& joke = jokeAt(row);
-    context().deleteObject(joke);
+    viewContext().deleteObject(joke);
     environment().appDelegate.saveContext();
     removeFromListOnShow(row);
     offerToTakeBackDeletion(
-        environment(), QStringLiteral("Joke deleted."), [this, &joke] { context().restore(joke); },
+        environment(), QStringLiteral("Joke deleted."), [this, &joke] { viewContext().restore(joke); },
         [this, &joke] { putBackOnLists(joke); });
 }
 

@@ -4,7 +4,7 @@
 #include "jokes/SearchPreparation.h"
 #include "platform/InterfaceStyle.h"
 #include "platform/Platform.h"
-#include "store/AppDelegate.h"
+#include "store/ManagedObjectContext.h"
 #include "store/RecordSorting.h"
 #include "store/TextSearch.h"
 #include "ui/DeletionUndo.h"
@@ -38,8 +38,8 @@ constexpr std::array SearchedAttributes{Attribute::category, Attribute::rating, 
 
 SegmentedJokeListController::SegmentedJokeListController(ScreenEnvironment& environment, QString placeholder,
                                                          QString placeName)
-    : Screen(environment), m_context(environment.appDelegate.persistentContainer().viewContext()),
-      m_searchPlaceholder(std::move(placeholder)), m_placeName(std::move(placeName)), m_table(*this)
+    : Screen(environment), m_searchPlaceholder(std::move(placeholder)), m_placeName(std::move(placeName)),
+      m_table(*this)
 {
     keepPlace();
 }
@@ -61,7 +61,7 @@ void SegmentedJokeListController::viewDidLoad()
 void SegmentedJokeListController::viewDidAppear()
 {
     if (!std::exchange(m_isSearchPrepared, true))
-        prepareSearchLater(*this, environment().mainQueue, m_context);
+        prepareSearchLater(*this, environment().mainQueue, viewContext());
 }
 
 void SegmentedJokeListController::viewDidDisappear()
@@ -72,7 +72,7 @@ void SegmentedJokeListController::viewDidDisappear()
 void SegmentedJokeListController::fetch()
 {
     m_jokeList.clear();
-    const bool isFetched = loggingFailure([this] { m_jokeList = m_context.fetch(fetchRequest()); });
+    const bool isFetched = loggingFailure([this] { m_jokeList = viewContext().fetch(fetchRequest()); });
     m_filteredJokeList = m_jokeList;
     m_isNarrowed = false;
     if (isFetched)

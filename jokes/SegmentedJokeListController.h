@@ -15,8 +15,6 @@
 
 namespace giggle {
 
-class ManagedObjectContext;
-
 /// What the joke list and the print screen share: all jokes or the favourites, in one of four modes that give
 /// the order and what a search looks at, in either direction.
 ///
@@ -113,8 +111,6 @@ protected:
 
     [[nodiscard]] Jokes& jokeAt(int row) const { return *listOnShow()[static_cast<std::size_t>(row)]; }
 
-    [[nodiscard]] ManagedObjectContext& context() const { return m_context; }
-
     [[nodiscard]] const ListDisplaySettings& displaySettings() const { return m_displaySettings; }
 
     [[nodiscard]] TableModel& table() { return m_table; }
@@ -127,7 +123,6 @@ private:
     /// The jokes of @p source that the search text finds, where it narrows the list at all.
     [[nodiscard]] JokeArray found(const JokeArray& source) const;
 
-    ManagedObjectContext& m_context;
     JokeArray m_jokeList;
     JokeArray m_filteredJokeList;
     bool m_isNarrowed = false; // to what the search text finds; not after a fetch

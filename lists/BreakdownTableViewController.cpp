@@ -45,7 +45,7 @@ void BreakdownTableViewController::viewWillAppear()
 void BreakdownTableViewController::viewDidAppear()
 {
     if (!std::exchange(m_isSearchPrepared, true))
-        prepareSearchLater(*this, environment().mainQueue, context());
+        prepareSearchLater(*this, environment().mainQueue, viewContext());
 }
 
 void BreakdownTableViewController::unwound(UnwindRoute)
@@ -60,7 +60,7 @@ void BreakdownTableViewController::loadJokes()
     request.predicate = side().jokesNamed((environment().selection.*side().selectedName).toStdString());
     request.sortDescriptors = {{"joke", sortAsc() ? SortOrder::Ascending : SortOrder::Descending}};
     m_jokeList.clear();
-    loggingFailure([&] { m_jokeList = context().fetch(request); });
+    loggingFailure([&] { m_jokeList = viewContext().fetch(request); });
 }
 
 void BreakdownTableViewController::sortDirectionChanged()
@@ -163,7 +163,7 @@ void BreakdownTableViewController::checkBoxSelectionChanged(bool, int indexPath)
     if (!hasRow(indexPath))
         return;
     jokeAt(indexPath).setFavorite(environment().selection.isFavorite());
-    loggingFailure([this] { context().save(); });
+    loggingFailure([this] { viewContext().save(); });
 }
 
 } // namespace giggle

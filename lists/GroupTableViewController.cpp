@@ -38,7 +38,7 @@ void GroupTableViewController::viewWillAppear()
 void GroupTableViewController::loadGroups()
 {
     loggingFailure([this] {
-        for (const std::string_view name : (context().*side().namesInJokes)())
+        for (const std::string_view name : (viewContext().*side().namesInJokes)())
             m_list.emplace_back(name);
     });
     sort(m_list);
@@ -99,7 +99,7 @@ std::size_t GroupTableViewController::numberOfJokes(const std::string& name) con
     FetchRequest<Jokes> request = Jokes::fetchRequest();
     request.predicate = side().jokesNamed(name);
     std::size_t count = 0;
-    loggingFailure([&] { count = context().count(request); });
+    loggingFailure([&] { count = viewContext().count(request); });
     return count;
 }
 

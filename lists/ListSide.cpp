@@ -84,8 +84,7 @@ constinit const ListSide RatingSide{
 
 OptionalText ListSide::nameOf(const NamedRecord& record) const
 {
-    // A named record has one attribute only: which one is asked for makes no difference.
-    const OptionalText name = record.text(Attribute::category);
+    const OptionalText name = record.name();
     if (!name && !missingName.isEmpty())
         fatalError(missingName.toString(), __FILE__, __LINE__);
     return name;

@@ -36,7 +36,7 @@ void NameListViewController::unwound(UnwindRoute)
 void NameListViewController::load()
 {
     m_list.clear();
-    loggingFailure([this] { m_list = side().records.sorted(context(), order()); });
+    loggingFailure([this] { m_list = side().records.sorted(viewContext(), order()); });
     for (const NamedRecord* record : m_list)
         static_cast<void>(side().nameOf(*record)); // ends the program where it must have one
 }
@@ -97,14 +97,15 @@ void NameListViewController::deleteRow(int row)
     if (!hasRow(row))
         return;
     NamedRecord& record = recordInRow(row);
-    side().records.remove(context(), record);
+    side().records.remove(viewContext(), record);
     environment().appDelegate.saveContext();
     tableView()->removeRow(row, [this, row] {
         NameRecords::List& list = isSearching() ? m_filteredList : m_list;
         list.erase(list.begin() + row);
     });
     offerToTakeBackDeletion(
-        environment(), deletedText(record), [this, &record] { side().records.restore(context(), record); },
+        environment(), deletedText(record),
+        [this, &record] { side().records.restore(viewContext(), record); },
         [this, &record] { putBackOnLists(record); });
 }
 

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "lists/SearchableTableViewController.h"
 
-#include "store/AppDelegate.h"
 #include "store/FatalError.h"
 
 namespace giggle {
 
 SearchableTableViewController::SearchableTableViewController(ScreenEnvironment& environment,
                                                              const ListSide& side)
-    : Screen(environment), m_side(side),
-      m_context(environment.appDelegate.persistentContainer().viewContext()), m_tableView(*this)
+    : Screen(environment), m_side(side), m_tableView(*this)
 {
 }
 

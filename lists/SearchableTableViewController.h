@@ -59,8 +59,6 @@ protected:
 
     [[nodiscard]] const ListSide& side() const { return m_side; }
 
-    [[nodiscard]] ManagedObjectContext& context() const { return m_context; }
-
     /// Puts what the search text leaves on show; the table is reloaded afterwards.
     virtual void updateSearchResults() = 0;
 
@@ -76,7 +74,6 @@ protected:
 
 private:
     const ListSide& m_side;
-    ManagedObjectContext& m_context;
     std::optional<bool> m_sortAsc;
     QString m_searchText;
     TableModel m_tableView;

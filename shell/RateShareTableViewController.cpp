@@ -17,15 +17,6 @@
 
 namespace giggle {
 
-namespace {
-
-Alert capabilityAlert(const QString& title, const QString& message)
-{
-    return {title, message, {{QStringLiteral("OK"), {}, true}}};
-}
-
-} // namespace
-
 RateShareTableViewController::RateShareTableViewController(ScreenEnvironment& environment)
     : RateShareTableViewController(environment, DeploymentAddresses::storePage(),
                                    DeploymentAddresses::website().toString())
@@ -96,7 +87,7 @@ void RateShareTableViewController::sendFeedback()
 {
     MailComposer& composer = environment().platform.mailComposer;
     if (!composer.canSendMail()) {
-        environment().navigator.present(capabilityAlert(
+        environment().navigator.present(information(
             QStringLiteral("Can't Send Email"), QStringLiteral("Your Device is not able to send Email.")));
         return;
     }
@@ -115,8 +106,8 @@ bool RateShareTableViewController::canSendText()
     if (environment().platform.messageCapability.canSendText())
         return true;
     environment().navigator.present(
-        capabilityAlert(QStringLiteral("Can't Send Text Message"),
-                        QStringLiteral("Your Device is not able to send text messages.")));
+        information(QStringLiteral("Can't Send Text Message"),
+                    QStringLiteral("Your Device is not able to send text messages.")));
     return false;
 }
 

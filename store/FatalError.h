@@ -14,7 +14,7 @@ namespace giggle {
 /// - calls the notifier, if one is set,
 /// and then aborts. A record that cannot be written (a full disk), a notifier that throws and a fatal error
 /// inside the notifier do not keep the program from aborting. Call it as `fatalError(text, __FILE__,
-/// __LINE__)`.
+/// __LINE__)`, unless reports know the place by a name and a line of its own.
 [[noreturn]] void fatalError(const QString& message, const char* sourceFile, int line);
 
 /// Chooses the file that receives the message of a fatal error; an empty path means none. Its folder must

@@ -11,6 +11,8 @@ namespace giggle {
 /// What categories and ratings have in common: a record whose one attribute is a name.
 class NamedRecord : public ManagedObject {
 public:
+    [[nodiscard]] OptionalText name() const { return m_values.name; }
+
     /// The record's one attribute, whatever @p attribute says: predicates are checked against the entity.
     [[nodiscard]] OptionalText text(Attribute) const { return m_values.name; }
 
@@ -25,8 +27,6 @@ protected:
     };
 
     using ManagedObject::ManagedObject;
-
-    [[nodiscard]] OptionalText name() const { return m_values.name; }
 
     Values m_values;
 };

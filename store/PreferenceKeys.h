@@ -24,7 +24,7 @@ inline constexpr QStringView HasBeenLaunchedBeforeFlag = u"hasBeenLaunchedBefore
 /// Date: when a review was last asked for.
 inline constexpr QStringView ReviewServiceLastRequest = u"ReviewService.lastRequest";
 
-/// Integer: written by nothing, read without effect.
+/// Integer: files may hold it. It has no effect, and is kept.
 inline constexpr QStringView BgColor = u"bgColor";
 
 } // namespace giggle::PreferenceKeys

@@ -43,13 +43,17 @@ Button {
         Rectangle {
             anchors.fill: parent
             radius: Theme.radius
-            color: control.down ? Qt.tint(control.fill, "#30808080") : Qt.rgba(control.fill.r, control.fill.g, control.fill.b, control.enabled ? control.fill.a : control.fill.a / 2)
+            color: control.down ? Qt.tint(control.fill, "#30808080") : control.enabled ? control.fill : control.faded(control.fill)
             border.width: control.borderWidth
             border.color: Theme.outline
         }
         FocusRing {
             visible: control.visualFocus || control.activeFocus && (control.alwaysShowsFocus || Theme.isWithKeys)
         }
+    }
+
+    function faded(fill: color): color {
+        return Qt.rgba(fill.r, fill.g, fill.b, fill.a / 2);
     }
 
     /// A key that is held down counts once.

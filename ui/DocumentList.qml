@@ -80,8 +80,12 @@ Rectangle {
             case Qt.Key_Enter:
             case Qt.Key_Space:
                 // A key that is held down would run through folder after folder.
-                if (!event.isAutoRepeat && currentItem)
-                    event.key === Qt.Key_Space ? frame.picker.press((currentItem as DocumentRow).fileName) : frame.picker.activate((currentItem as DocumentRow).fileName);
+                if (event.isAutoRepeat || !currentItem)
+                    return true;
+                if (event.key === Qt.Key_Space)
+                    frame.picker.press((currentItem as DocumentRow).fileName);
+                else
+                    frame.picker.activate((currentItem as DocumentRow).fileName);
                 return true;
             case Qt.Key_Backspace:
                 frame.picker.goUp();

@@ -57,8 +57,8 @@ private:
 
     Text m_text;
     int m_count = 0;
-    /// Where every so manieth row begins: to keep the beginning of each would take more room than a text of
-    /// empty lines.
+    /// Where every 64th row begins: to keep the beginning of each would take more room than a text of empty
+    /// lines.
     std::vector<std::size_t> m_anchors;
 };
 

@@ -16,7 +16,8 @@ ApplicationWindow {
     required property WindowPrintPanel printPanel
     required property DocumentOpening documentOpening
     /// Something lies over the page and has the keyboard.
-    readonly property bool isCovered: navigation.alert.shown || shareSheet.isShown || documentPicker.isOpen || printPanel.isShown || shortcutSheet.isShown
+    readonly property bool isCovered: navigation.alert.shown || sheetIsShown
+    readonly property bool sheetIsShown: shareSheet.isShown || documentPicker.isOpen || printPanel.isShown || shortcutSheet.isShown
     readonly property PassingNotices passing: navigation.passingNotices
 
     title: qsTr("Giggle Archives")

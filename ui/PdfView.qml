@@ -197,8 +197,10 @@ FocusScope {
         };
         if (event.key in steps)
             scroller.contentY = Math.max(0, Math.min(most, scroller.contentY + steps[event.key]));
-        else if (event.key === Qt.Key_Left || event.key === Qt.Key_Right)
-            scroller.contentX = Math.max(0, Math.min(scroller.contentWidth - scroller.width, scroller.contentX + (event.key === Qt.Key_Left ? -line : line)));
+        else if (event.key === Qt.Key_Left)
+            scroller.contentX = Math.max(0, scroller.contentX - line);
+        else if (event.key === Qt.Key_Right)
+            scroller.contentX = Math.min(scroller.contentWidth - scroller.width, scroller.contentX + line);
         else
             return false;
         return true;

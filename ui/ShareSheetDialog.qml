@@ -39,6 +39,12 @@ AppDialog {
             Accessible.ignored: true
         }
 
+        /// Scrolls a row into sight.
+        function show(top: real, rowHeight: real) {
+            const least = Math.min(top + rowHeight + Theme.unit, contentHeight) - height;
+            contentY = Math.max(0, Math.min(top, Math.max(contentY, least)));
+        }
+
         Column {
             id: list
 
@@ -66,7 +72,7 @@ AppDialog {
                     alwaysShowsFocus: true
                     onClicked: dialog.sheet.choose(index)
                     onActiveFocusChanged: if (activeFocus)
-                        scroller.contentY = Math.max(0, Math.min(y, Math.max(scroller.contentY, Math.min(y + height + Theme.unit, scroller.contentHeight) - scroller.height)))
+                        scroller.show(y, height)
                     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
                     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 }

@@ -11,7 +11,8 @@
 
 namespace giggle {
 
-/// The screens to which an editor returns after a save, as SharedSelection::CallingScreen names them.
+/// Where the user came from, as SharedSelection::CallingScreen says it. After a save the joke editor returns
+/// to the joke list and to the breakdowns.
 namespace CallingScreens {
 
 inline constexpr QStringView MainMenu = u"MainMenu";

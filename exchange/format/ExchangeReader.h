@@ -12,12 +12,12 @@ namespace giggle {
 class BulkSaving;
 struct PreparedLine;
 
-/// Reads the text of an exchange file into the collection, in three steps that may each be run alone. Every
-/// line is saved on its own; a save that fails is logged, and reading goes on. docs/exchange-format.md
-/// describes the format and what the reader changes on the way.
+/// Reads the text of an exchange file into the collection, in three steps that may each be run alone.
+/// docs/exchange-format.md describes the format and what the reader changes on the way.
 ///
-/// A step runs as one bulk of saves: what it has read is on the disk when it returns, and before it ends the
-/// program.
+/// Every line is a save, and some of them share a transaction (see BulkSaving): after a crash the collection
+/// holds the file up to some line. What a step has read is on the disk when it returns, and before it ends
+/// the program. A save that fails is logged, and reading goes on.
 class ExchangeReader {
 public:
     /// Which lines of a text the category and rating steps look at.
@@ -34,8 +34,10 @@ public:
     /// have it. A line whose id is no number of 16 bits ends the program; the lines above it are saved.
     void readJokes(std::string_view document);
 
+    /// Inserts a category for every line that @p filter keeps, unless one has that name.
     void readCategories(std::string_view document, NamesFilter filter);
 
+    /// The same for the ratings.
     void readRatings(std::string_view document, NamesFilter filter);
 
     /// Whether the last step missed its marker line.
