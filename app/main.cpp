@@ -24,6 +24,7 @@
 #include "store/WriteSignals.h"
 
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
@@ -97,6 +98,10 @@ QUrl documentOnCommandLine()
         return {};
     if (arguments.size() > 2)
         printFailure(QStringLiteral("One file can be opened at a time; the others are left out."));
+    if (arguments[1].startsWith(u'-') && !QFile::exists(arguments[1])) {
+        printFailure(QStringLiteral("There is no option \"%1\".").arg(arguments[1]));
+        return {};
+    }
     return QUrl::fromUserInput(arguments[1], QDir::currentPath(), QUrl::AssumeLocalFile);
 }
 

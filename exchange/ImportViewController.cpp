@@ -36,6 +36,12 @@ void ImportViewController::viewDidLoad()
     loadWaitingDocument();
 }
 
+void ImportViewController::viewWillAppear()
+{
+    // It may be opened from outside, over a screen that has hidden it.
+    environment().navigator.setNavigationBarHidden(false);
+}
+
 void ImportViewController::viewDidAppear()
 {
     loadWaitingDocument(); // it may have come while the page slid in
@@ -81,7 +87,9 @@ void ImportViewController::loadDocument(const QUrl& url)
 {
     const QString path = url.isLocalFile() ? url.toLocalFile() : url.toString();
     m_filename = url.fileName();
-    FileText file = readUtf8File(path);
+    FileText file = environment().appDelegate.isPartOfCollection(path)
+                        ? FileText{{}, QStringLiteral("\"%1\" is the collection itself.").arg(path)}
+                        : readUtf8File(path);
     if (file.text) {
         m_document = std::make_shared<const std::string>(std::move(*file.text));
         m_importTextView.setText(m_document);

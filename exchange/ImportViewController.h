@@ -26,6 +26,7 @@ public:
     [[nodiscard]] QString title() const override { return QStringLiteral("Import Jokes"); }
 
     void viewDidLoad() override;
+    void viewWillAppear() override;
     void viewDidAppear() override;
 
     /// A file that waits is loaded here if none has been.

@@ -3,6 +3,7 @@
 
 #include "store/NextJokeId.h"
 #include "ui/SharedSelection.h"
+#include "ui/StoreCalls.h"
 
 #include <array>
 #include <cstdint>
@@ -26,9 +27,11 @@ void AddJokeViewController::SaveButtonClicked()
         return;
     // The screen holds no jokes of its own that could stand in for a collection that cannot be read.
     const std::int16_t id = nextJokeID(viewContext(), {});
-    Jokes& joke = viewContext().insert<Jokes>();
-    joke.setId(id);
-    writeFields(joke, jokeTextView());
+    Jokes* joke = nullptr;
+    if (!loggingFailure([&] { joke = &viewContext().insert<Jokes>(); }))
+        return; // what was typed stays here
+    joke->setId(id);
+    writeFields(*joke, jokeTextView());
     saveAndGoBack(WaysBack);
 }
 

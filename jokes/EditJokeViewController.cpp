@@ -58,11 +58,13 @@ void EditJokeViewController::showSelection()
     if (!selection.SelectedFavorite.isEmpty())
         CheckBoxChecked(selection.isFavorite() ? checkedName() : uncheckedName());
     m_displaySettings = ListDisplaySettings::readForViewer(environment().userDefaults);
-    m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
     m_selectedJoke = selection.SelectedJokeText;
     if (const QString joke = filteredForDisplay(m_selectedJoke); !joke.isEmpty()) {
+        m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
         setJokeTextView(joke + u'\n');
         m_displayLineFeed = joke.size();
+    } else {
+        m_textFont = m_displaySettings.fontOrDefault(environment().platform.fonts);
     }
     markAsSaved();
 }
@@ -111,7 +113,8 @@ void EditJokeViewController::DecreaseFontSize()
 void EditJokeViewController::changeFontSize(double difference)
 {
     m_displaySettings.ListFontSize += difference;
-    m_textFont = m_displaySettings.requiredFont(environment().platform.fonts);
+    m_textFont = m_isPrintedTextShown ? m_displaySettings.drawnInListSize(m_textFont)
+                                      : m_displaySettings.requiredFont(environment().platform.fonts);
     emit textFontChanged();
     Preferences& userDefaults = environment().userDefaults;
     userDefaults.setReal(PreferenceKeys::ViewerFontSize, m_displaySettings.ListFontSize);
@@ -136,6 +139,8 @@ void EditJokeViewController::PrintJoke()
         markAsSaved();
     AttributedText text = composition.attributedText();
     m_textFont = text.runs()[1].attributes.font.value_or(m_textFont);
+    m_isPrintedTextShown = true;
+    m_displaySettings.ListFontSize = m_textFont.pixelSize();
     m_displaySettings.ListFontColor.clear();
     emit textFontChanged();
     printText(environment(), std::move(text));
@@ -144,8 +149,9 @@ void EditJokeViewController::PrintJoke()
 QString EditJokeViewController::enteredJoke() const
 {
     QString joke = jokeTextView();
-    if (m_displayLineFeed >= 0)
-        joke.remove(m_displayLineFeed, 1);
+    // Where something was typed behind it, it is a line break that the user has seen.
+    if (m_displayLineFeed >= 0 && m_displayLineFeed == joke.size() - 1)
+        joke.chop(1);
     return joke;
 }
 

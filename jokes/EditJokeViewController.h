@@ -17,7 +17,7 @@ namespace giggle {
 /// it stays.
 ///
 /// The text view shows the joke less the characters that are not displayed, and a line feed behind it that a
-/// save takes off again.
+/// save takes off again, unless the user has typed on behind it.
 class EditJokeViewController : public giggle::JokeEditor {
     Q_OBJECT
     QML_ELEMENT
@@ -42,8 +42,8 @@ public:
     /// The name of the check box's state: "Checked" for a favourite.
     [[nodiscard]] const QString& checkBox() const { return m_checkBox; }
 
-    /// The font of the joke, which ends the program where the system has none of its name, and the colour
-    /// where the user's choice names one.
+    /// The font of the joke, and the colour where the user's choice names one. A joke with a text ends the
+    /// program where the system has no font of the chosen name.
     [[nodiscard]] const QFont& textFont() const { return m_textFont; }
 
     [[nodiscard]] bool hasTextColor() const;
@@ -85,12 +85,13 @@ private:
     /// types in front of it and behind it; -1 once it is deleted.
     void followDisplayLineFeed();
 
-    /// The text view's text without that line feed.
+    /// The text view's text, without that line feed where nothing follows it.
     [[nodiscard]] QString enteredJoke() const;
 
     ReviewService m_reviewService;
     ListDisplaySettings m_displaySettings;
     QFont m_textFont;
+    bool m_isPrintedTextShown = false;
     QString m_checkBox;
     QString m_savedCheckBox;
     QString m_selectedJoke; // by it a save finds the record

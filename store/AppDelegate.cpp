@@ -3,6 +3,10 @@
 
 #include "store/FatalError.h"
 
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace giggle {
@@ -49,6 +53,16 @@ void AppDelegate::saveContext()
 QString AppDelegate::collectionFile() const
 {
     return PersistentContainer(ContainerName, m_collectionFolder).path();
+}
+
+bool AppDelegate::isPartOfCollection(const QString& path) const
+{
+    const std::filesystem::path asked = path.toStdU16String();
+    const std::u16string file = collectionFile().toStdU16String();
+    return std::ranges::any_of(std::array{u"", u"-wal", u"-shm"}, [&](const char16_t* suffix) {
+        std::error_code notThere;
+        return std::filesystem::equivalent(asked, file + suffix, notThere);
+    });
 }
 
 void AppDelegate::setSaveListener(std::function<void()> listener)

@@ -35,6 +35,10 @@ public:
     /// Where the collection lies or will lie.
     [[nodiscard]] QString collectionFile() const;
 
+    /// Whether @p path, by whatever name, is one of the collection's own files. No other code may open them:
+    /// closing one lets go of the locks that keep other programs from taking the log away.
+    [[nodiscard]] bool isPartOfCollection(const QString& path) const;
+
     /// Hears of every save of the collection that has written something. An empty one hears nothing.
     void setSaveListener(std::function<void()> listener);
 

@@ -32,12 +32,13 @@ PersistentContainer::PersistentContainer(const QString& name, const QString& fol
 void PersistentContainer::loadPersistentStores(const CompletionHandler& completionHandler)
 {
     try {
-        std::weak_ptr<ManagedObjectContext>& shared = openContext(m_path);
         if (!m_viewContext)
-            m_viewContext = shared.lock();
+            m_viewContext = openContext(m_path).lock();
         if (!m_viewContext) {
             m_viewContext = std::make_shared<ManagedObjectContext>(std::make_unique<PersistentStore>(m_path));
-            shared = m_viewContext;
+            openContext(m_path) = m_viewContext;
+            // A file that was just made may lie behind a link, and the next container goes by the file.
+            openContext(resolved(m_path)) = m_viewContext;
         }
     } catch (const StoreError& error) {
         completionHandler(&error);

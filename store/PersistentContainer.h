@@ -11,7 +11,8 @@
 namespace giggle {
 
 /// Opens the collection of a name and hands out the view context over it. Containers of the same name and
-/// folder share what the first of them has opened for as long as one of them lives. Main thread only.
+/// folder share what the first of them has opened for as long as one of them lives: looking at the file a
+/// second time would let go of the locks that the first holds on it. Main thread only.
 class PersistentContainer {
 public:
     /// Told the outcome of loading: nullptr when all went well.

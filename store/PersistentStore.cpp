@@ -76,6 +76,7 @@ PersistentStore::PersistentStore(const QString& path) : m_path(path)
     m_dataVersionQuery.emplace(*m_database, "PRAGMA data_version");
     m_journalModeQuery.emplace(*m_database, "PRAGMA journal_mode");
     acceptContents();
+    rememberLog();
 }
 
 PersistentStore::~PersistentStore() = default;
@@ -178,16 +179,24 @@ void PersistentStore::didSave()
         return;
     synchronizeEntries();
     m_logEntryIsCertain = true;
+    rememberLog();
+}
+
+void PersistentStore::rememberLog()
+{
+    if (usesWriteAheadLog())
+        m_logIdentity = identityOfFile(writeAheadLogOf(m_path));
 }
 
 void PersistentStore::requireFileInPlace()
 {
-    if (!m_database->isStillInPlace())
+    if (!m_database->isStillInPlace() ||
+        (m_logIdentity && identityOfFile(writeAheadLogOf(m_path)) != m_logIdentity))
         throw StoreError(
             SQLITE_READONLY_DBMOVED,
             QStringLiteral(
-                "\"%1\" was removed, renamed or replaced while it was open. Nothing was saved; put "
-                "it back under its name, or close and open Giggle Archives again")
+                "\"%1\" or its log was removed, renamed or replaced while it was open. Nothing was saved; "
+                "put it back under its name, or close and open Giggle Archives again")
                 .arg(m_path),
             {{QStringLiteral("path"), m_path}});
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "store/FileIdentity.h"
 #include "store/sqlite/Database.h"
 
 #include <QString>
@@ -32,8 +33,9 @@ public:
     [[nodiscard]] bool mayHaveBeenChangedElsewhere();
 
     /// @name Called before the transaction of a save and after its commit. Both throw StoreError
-    /// The first when the file was removed, renamed or replaced since it was opened: what is written to it
-    /// now would be gone with the program. The second when it is not certain that the save stays on the disk.
+    /// The first when the file or its log was removed, renamed or replaced since it was opened: what is
+    /// written now would be gone with the program. The second when it is not certain that the save stays on
+    /// the disk.
     /// @{
     void willSave();
     void didSave();
@@ -57,6 +59,7 @@ private:
     [[nodiscard]] std::unique_ptr<sqlite::Database> openReadable();
     [[nodiscard]] std::int64_t dataVersion();
     [[nodiscard]] bool usesWriteAheadLog();
+    void rememberLog();
     void requireFileInPlace();
     /// Forces to the disk which files there are.
     void synchronizeEntries();
@@ -72,6 +75,7 @@ private:
     std::int64_t m_acceptedDataVersion = 0;
     bool m_isRelaxed = false;
     bool m_logEntryIsCertain = false; ///< The folder was synced after this connection's log was made.
+    std::optional<FileIdentity> m_logIdentity; ///< of the log that this connection writes to, once it is made
 };
 
 } // namespace giggle

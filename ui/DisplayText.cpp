@@ -74,9 +74,8 @@ QString textOrEmpty(OptionalText utf8)
         return {};
     // Qt takes a mark at the beginning for none of the text, and a record would not be found again without
     // it.
-    if (utf8->starts_with(ByteOrderMark))
-        return QChar(QChar::ByteOrderMark) + textOrEmpty(utf8->substr(ByteOrderMark.size()));
-    return QString::fromUtf8(*utf8);
+    const QString text = QString::fromUtf8(*utf8);
+    return utf8->starts_with(ByteOrderMark) ? QChar(QChar::ByteOrderMark) + text : text;
 }
 
 bool holdsLongWord(const QString& text)

@@ -79,9 +79,13 @@ QFont ListDisplaySettings::fontOrDefault(Fonts& fonts) const
         return *font;
     if (const auto font = fonts.font(PreferenceDefaults::ListFontName.toString(), ListFontSize))
         return *font;
-    QFont systemFont;
-    systemFont.setPixelSize(qMax(1, qRound(ListFontSize)));
-    return systemFont;
+    return drawnInListSize(QFont());
+}
+
+QFont ListDisplaySettings::drawnInListSize(QFont font) const
+{
+    font.setPixelSize(qMax(1, qRound(ListFontSize)));
+    return font;
 }
 
 AttributedText ListDisplaySettings::rowText(OptionalText joke, const QFont& font) const

@@ -39,6 +39,9 @@ struct ListDisplaySettings {
     /// The same, but a name that the system has no font for gives the default font instead.
     [[nodiscard]] QFont fontOrDefault(Fonts& fonts) const;
 
+    /// @p font in the size of jokes; one below 1 is drawn as 1.
+    [[nodiscard]] QFont drawnInListSize(QFont font) const;
+
     /// A joke as its row shows it: filtered, followed by a line feed, centred, in @p font and the chosen
     /// colour.
     [[nodiscard]] AttributedText rowText(OptionalText joke, const QFont& font) const;

@@ -28,17 +28,29 @@ bool isTabulator(const QKeyEvent& event)
     return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
 }
 
+/// Whether a key of that text types it, as Qt decides. Control and Alt together are AltGr on some keyboards.
+bool isTyped(const QString& text, Qt::KeyboardModifiers modifiers)
+{
+    if (text.isEmpty())
+        return false;
+    const QChar first = text.front();
+    if (first.category() == QChar::Other_Format)
+        return true;
+    const bool isCommand = modifiers.testFlag(Qt::ControlModifier) && !modifiers.testFlag(Qt::AltModifier);
+    return !isCommand &&
+           (first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_PrivateUse);
+}
+
 /// What a key would insert; empty for a key that inserts nothing.
 QString insertedBy(const QKeyEvent& event)
 {
     if (event.matches(QKeySequence::Paste))
         return QGuiApplication::clipboard()->text();
-    if (event.modifiers().testFlag(Qt::ControlModifier) || isTabulator(event))
+    if (isTabulator(event))
         return {};
     if (isReturn(event))
         return QStringLiteral("\n");
-    const QString text = event.text();
-    return !text.isEmpty() && (text.front().isPrint() || text.front().isSurrogate()) ? text : QString();
+    return isTyped(event.text(), event.modifiers()) ? event.text() : QString();
 }
 
 } // namespace
