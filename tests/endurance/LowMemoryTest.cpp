@@ -32,39 +32,28 @@ public:
     ScarceMemory(const ScarceMemory&) = delete;
     ScarceMemory& operator=(const ScarceMemory&) = delete;
 
-    /// Refuses the request with this number, from 1, and all that follow when it is @p lasting.
-    static void runOutAt(int request, bool lasting)
-    {
-        s_requests = 0;
-        s_refused = request;
-        s_isLasting = lasting;
-    }
-
-    static void end() { s_refused = 0; }
-
-    [[nodiscard]] static int requests() { return s_requests; }
+    static inline int requests = 0;       ///< so far
+    static inline int refused = 0;        ///< the number of the request that is refused, from 1
+    static inline bool isLasting = false; ///< all that follow are refused, too
 
 private:
     static bool isRefused()
     {
-        ++s_requests;
-        return s_refused > 0 && (s_isLasting ? s_requests >= s_refused : s_requests == s_refused);
+        ++requests;
+        return refused > 0 && (isLasting ? requests >= refused : requests == refused);
     }
 
     static inline sqlite3_mem_methods s_system{};
-    static inline int s_requests = 0;
-    static inline int s_refused = 0;
-    static inline bool s_isLasting = false;
 };
 
 /// Opens, shows and changes the collection while memory runs out. False when it did not come that far.
-bool useWithScarceMemory(const SimulatedDisk::Image& image, const Rows& rows, int request, bool lasting)
+bool useWithScarceMemory(const QByteArray& file, const Rows& rows, int request)
 {
     CollectionFolder folder;
-    for (const auto& [name, bytes] : image)
-        writeBytes(folder.filePath(name), bytes);
+    writeBytes(folder.file(), file);
     Expectation expected{{rows}, {0}};
-    ScarceMemory::runOutAt(request, lasting);
+    ScarceMemory::requests = 0;
+    ScarceMemory::refused = request;
     try {
         const PersistentContainer container = folder.open();
         ManagedObjectContext& context = container.viewContext();
@@ -73,47 +62,39 @@ bool useWithScarceMemory(const SimulatedDisk::Image& image, const Rows& rows, in
         insertJoke(context, {.category = "Puns", .id = 77});
         if (!saves(context)) {
             EXPECT_TRUE(context.hasChanges());
-            ScarceMemory::end();
+            ScarceMemory::refused = 0;
             context.save();
         }
         expected.collections = {rowsOf(context)};
     } catch (const StoreError&) {
-        EXPECT_GE(ScarceMemory::requests(), request);
+        EXPECT_GE(ScarceMemory::requests, request);
     }
-    const bool cameThatFar = ScarceMemory::requests() >= request;
-    ScarceMemory::end();
+    const bool cameThatFar = ScarceMemory::requests >= request;
+    ScarceMemory::refused = 0;
     expectFreshStart(folder, expected);
     return cameThatFar;
-}
-
-SimulatedDisk::Image makeCollection(Rows& rows)
-{
-    const CollectionFolder folder;
-    PersistentContainer container = folder.open();
-    ManagedObjectContext& context = container.viewContext();
-    for (int i = 0; i < 30; ++i)
-        insertJoke(context, {.category = "Puns", .id = std::int16_t(i), .joke = "text"});
-    insertJoke(context, {.joke = std::string(9000, 'x')});
-    context.save();
-    rows = rowsOf(context);
-    closeContainer(container);
-    return folder.contents();
 }
 
 TEST(LowMemoryTest, RefusedRequestIsAFailedCallAndNothingElse)
 {
     const ScarceMemory memory;
-    Rows rows;
-    const SimulatedDisk::Image image = makeCollection(rows);
+    const CollectionFolder folder;
+    PersistentContainer container = folder.open();
+    for (int i = 0; i < 30; ++i)
+        insertJoke(container.viewContext(), {.category = "Puns", .id = std::int16_t(i), .joke = "text"});
+    insertJoke(container.viewContext(), {.joke = std::string(9000, 'x')});
+    container.viewContext().save();
+    const Rows rows = rowsOf(container.viewContext());
+    closeContainer(container);
+    const QByteArray file = readBytes(folder.file());
     int tried = 0;
-    for (const bool lasting : {false, true})
-        for (int request = 1;; request += isLongRun() ? 1 : 7) {
-            SCOPED_TRACE("request " + std::to_string(request) + (lasting ? " and all others" : ""));
-            if (!useWithScarceMemory(image, rows, request, lasting))
-                break;
+    for (const bool lasting : {false, true}) {
+        ScarceMemory::isLasting = lasting;
+        for (int request = 1; useWithScarceMemory(file, rows, request); request += isLongRun() ? 1 : 7) {
             ++tried;
-            ASSERT_FALSE(HasFailure());
+            ASSERT_FALSE(HasFailure()) << "request " << request << (lasting ? " and all others" : "");
         }
+    }
     reportCount("refused requests for memory", tried);
 }
 

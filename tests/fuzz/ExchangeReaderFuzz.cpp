@@ -33,23 +33,16 @@ void assign(std::optional<QByteArray>& value, const QByteArray& field)
         value = field;
 }
 
-QByteArray withoutQuotes(QByteArray field)
-{
-    return field.replace('"', "");
-}
-
 void updateRow(Row& row, const QList<QByteArray>& fields, const QByteArray& id)
 {
-    assign(row.category, withoutQuotes(fields[0]));
-    if (fields.size() > 1)
-        assign(row.rating, withoutQuotes(fields[1]));
+    const auto field = [&](qsizetype i) { return fields.value(i).replace('"', ""); };
+    assign(row.category, field(0));
+    assign(row.rating, field(1));
     if (fields.size() > 2)
         row.id = id;
-    if (const QByteArray favorite = fields.size() > 3 ? withoutQuotes(fields[3]) : QByteArray();
-        !favorite.isEmpty())
-        row.favorite = favorite == "F" ? "0" : "1";
-    if (fields.size() > 4)
-        assign(row.joke, withoutQuotes(fields[4]).replace("@#@", "\n").replace("~#~", "'"));
+    if (!field(3).isEmpty())
+        row.favorite = field(3) == "F" ? "0" : "1";
+    assign(row.joke, field(4).replace("@#@", "\n").replace("~#~", "'"));
 }
 
 /// A number as SQL shows it, or nothing.

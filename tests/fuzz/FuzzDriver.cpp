@@ -16,57 +16,42 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace {
 
 // What the format is made of.
-const QList<QByteArray> Pieces =
-    QByteArrayList{QByteArray(1, '\0'),
-                   "\n",
-                   "\r",
-                   "\r\n",
-                   "\n[GIGGLEARCHIVES]\n",
-                   "\n[CATEGORY]\n",
-                   "\n[RATING]\n",
-                   "\nDad^Mild^1^T^a",
-                   "\n^^2^F^"} +
-    QByteArray("^ ^^ ' \" @#@ ~#~ @ # ~ F T 0 -1 +5 32767 -32768 \xC3\xA9").split(' ');
+const QList<QByteArray> Pieces = QByteArray("\n|\r|\r\n|\n[GIGGLEARCHIVES]\n|\n[CATEGORY]\n|\n[RATING]\n|"
+                                            "\nDad^Mild^1^T^a|\n^^2^F^|^|^^|'|\"|@#@|~#~|"
+                                            "@|#|~| |F|T|0|-1|+5|32767|-32768|\xC3\xA9")
+                                     .split('|') +
+                                 QByteArrayList{QByteArray(1, '\0')};
 
-class Mutator {
-public:
-    QByteArray mutated(const QList<QByteArray>& corpus)
-    {
-        QByteArray text = any(corpus);
-        for (qsizetype changes = 1 + below(6); changes > 0; --changes)
-            change(text, corpus);
-        return text;
+std::mt19937 engine(1);
+
+qsizetype below(qsizetype limit)
+{
+    return std::uniform_int_distribution<qsizetype>(0, limit - 1)(engine);
+}
+
+const QByteArray& any(const QList<QByteArray>& texts)
+{
+    return texts[below(texts.size())];
+}
+
+void change(QByteArray& text, const QList<QByteArray>& corpus)
+{
+    const qsizetype place = below(text.size() + 1);
+    switch (below(4)) {
+    case 0:
+        text.insert(place, any(Pieces));
+        break;
+    case 1:
+        text.remove(place, below(8));
+        break;
+    case 2:
+        text.truncate(place);
+        text += any(corpus).right(below(40));
+        break;
+    default:
+        text.insert(place, text.mid(below(text.size() + 1), below(40)));
     }
-
-private:
-    qsizetype below(qsizetype limit)
-    {
-        return std::uniform_int_distribution<qsizetype>(0, limit - 1)(m_random);
-    }
-
-    const QByteArray& any(const QList<QByteArray>& texts) { return texts[below(texts.size())]; }
-
-    void change(QByteArray& text, const QList<QByteArray>& corpus)
-    {
-        const qsizetype place = below(text.size() + 1);
-        switch (below(4)) {
-        case 0:
-            text.insert(place, any(Pieces));
-            break;
-        case 1:
-            text.remove(place, below(8));
-            break;
-        case 2:
-            text.truncate(place);
-            text += any(corpus).right(below(40));
-            break;
-        default:
-            text.insert(place, text.mid(below(text.size() + 1), below(40)));
-        }
-    }
-
-    std::mt19937 m_random{1};
-};
+}
 
 void run(const QByteArray& input)
 {
@@ -95,10 +80,13 @@ int main(int argc, char** argv)
     }
     for (const QByteArray& input : std::as_const(corpus))
         run(input);
-    Mutator mutator;
     const int runs = QByteArray(argv[1]).toInt();
-    for (int i = 0; i < runs; ++i)
-        run(mutator.mutated(corpus));
+    for (int i = 0; i < runs; ++i) {
+        QByteArray input = any(corpus);
+        for (qsizetype changes = 1 + below(6); changes > 0; --changes)
+            change(input, corpus);
+        run(input);
+    }
     std::printf("%d inputs\n", int(corpus.size()) + runs);
     return 0;
 }
