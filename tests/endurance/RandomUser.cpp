@@ -20,8 +20,7 @@ constexpr int MostJokes = 230; // with many more there would be more deletions t
 /// A joke as it is saved; a favourite of -1 is unset.
 QString savedJoke(const QString& category, const QString& rating, int id, int favorite, const QString& text)
 {
-    return QStringList{u"joke"_qs, category, rating, QString::number(id), QString::number(favorite), text}
-        .join(u'|');
+    return QStringList{category, rating, QString::number(id), QString::number(favorite), text}.join(u'|');
 }
 
 QString savedJoke(const Jokes& joke, int favorite, const QString& text)

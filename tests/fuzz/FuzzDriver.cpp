@@ -34,23 +34,12 @@ const QByteArray& any(const QList<QByteArray>& texts)
     return texts[below(texts.size())];
 }
 
+/// Puts something of the format, or of a file of the corpus, in place of a few bytes.
 void change(QByteArray& text, const QList<QByteArray>& corpus)
 {
-    const qsizetype place = below(text.size() + 1);
-    switch (below(4)) {
-    case 0:
-        text.insert(place, any(Pieces));
-        break;
-    case 1:
-        text.remove(place, below(8));
-        break;
-    case 2:
-        text.truncate(place);
-        text += any(corpus).right(below(40));
-        break;
-    default:
-        text.insert(place, text.mid(below(text.size() + 1), below(40)));
-    }
+    const QByteArray& other = any(corpus);
+    text.replace(below(text.size() + 1), below(8),
+                 below(2) ? any(Pieces) : other.mid(below(other.size() + 1), below(40)));
 }
 
 void run(const QByteArray& input)

@@ -1,19 +1,113 @@
 // SPDX-License-Identifier: MIT
+#include "checkbox/CheckBoxAnimation.h"
+#include "checkbox/CheckBoxPainting.h"
 #include "checkbox/VaneCheckbox.h"
 
-#include "tests/checkbox/Pictures.h"
-
+#include <QPainter>
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <functional>
+#include <map>
 
 #include <gtest/gtest.h>
 
 namespace giggle {
 
 namespace {
+
+constexpr int PictureSide = 48;
+
+/// The look of the application, at twice its size.
+CheckBoxStyle pictureStyle(BoxShape shape = BoxShape::Square)
+{
+    return {.shape = shape, .cornerRadius = 12, .boxLineWidth = 4, .markLineWidth = 6};
+}
+
+QImage picture(const CheckBoxFrame& frame, const CheckBoxStyle& style = pictureStyle(),
+               int side = PictureSide)
+{
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    paintCheckBox(painter, frame, style, side);
+    return image;
+}
+
+/// How much two pictures of one size differ on the average, 0 to 1.
+double difference(const QImage& left, const QImage& right)
+{
+    double sum = 0;
+    for (int y = 0; y < left.height(); ++y)
+        for (int x = 0; x < left.width(); ++x) {
+            const QRgb a = left.pixel(x, y);
+            const QRgb b = right.pixel(x, y);
+            sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
+                   std::abs(qBlue(a) - qBlue(b)) + std::abs(qAlpha(a) - qAlpha(b));
+        }
+    return sum / (4 * 255.0 * left.width() * left.height());
+}
+
+constexpr AnimationKind Kinds[]{AnimationKind::Stroke, AnimationKind::Fill, AnimationKind::Bounce,
+                                AnimationKind::Expand, AnimationKind::Flat, AnimationKind::Spiral,
+                                AnimationKind::Fade,   AnimationKind::Dot};
+
+QImage at(AnimationKind kind, BoxState from, BoxState to, double progress)
+{
+    return picture(checkBoxAnimation(kind).frame(from, to, progress));
+}
+
+TEST(CheckBoxAnimationTest, LeadsSmoothlyFromRestToRestAndBack)
+{
+    constexpr int Steps = 100;
+    constexpr double Leap = 0.06; // of the greatest difference there is; a whole ground is about 0.4
+    constexpr std::pair<BoxState, BoxState> Ways[] = {{BoxState::Unchecked, BoxState::Checked},
+                                                      {BoxState::Unchecked, BoxState::Mixed},
+                                                      {BoxState::Checked, BoxState::Mixed}};
+    for (const AnimationKind kind : Kinds)
+        for (const auto& [from, to] : Ways) {
+            SCOPED_TRACE(testing::Message()
+                         << "kind " << int(kind) << ", " << int(from) << " to " << int(to));
+            const QImage start = picture(restFrame(from));
+            const QImage end = picture(restFrame(to));
+            QImage last = start;
+            double furthest = 0;
+            for (int step = 0; step <= Steps; ++step) {
+                const double progress = double(step) / Steps;
+                const QImage now = at(kind, from, to, progress);
+                ASSERT_LT(difference(last, now), Leap) << "jumps at " << progress;
+                ASSERT_LT(difference(now, at(kind, to, from, 1 - progress)), 5e-3) << "back at " << progress;
+                furthest = std::max(furthest, std::min(difference(now, start), difference(now, end)));
+                last = now;
+            }
+            EXPECT_EQ(difference(at(kind, from, to, 0), start), 0);
+            EXPECT_EQ(difference(last, end), 0);
+            EXPECT_GT(furthest, 0.01) << "nothing is to be seen of the way";
+        }
+}
+
+TEST(CheckBoxPictures, ShowStateAndColors)
+{
+    for (const BoxShape shape : {BoxShape::Square, BoxShape::Circle})
+        for (const BoxState state : {BoxState::Unchecked, BoxState::Checked, BoxState::Mixed}) {
+            SCOPED_TRACE(testing::Message() << int(shape) << ", state " << int(state));
+            CheckBoxStyle style = pictureStyle(shape);
+            style.tint = Qt::red;
+            style.uncheckedFill = Qt::green;
+            style.secondary = Qt::blue;
+            style.mark = Qt::yellow;
+            const QImage image = picture(restFrame(state), style);
+            std::map<QRgb, double> ink;
+            for (int i = 0; i < PictureSide * PictureSide; ++i)
+                ink[image.pixel(i % PictureSide, i / PictureSide)] += 1.0 / (PictureSide * PictureSide);
+            EXPECT_EQ(ink[0xff00ff00] > 0.4, state == BoxState::Unchecked);
+            EXPECT_EQ(ink[0xffff0000] > 0.3, state != BoxState::Unchecked);
+            EXPECT_EQ(ink[0xffffff00] > 0.03, state != BoxState::Unchecked);
+            EXPECT_GT(ink[0xff0000ff], 0.15);
+            EXPECT_EQ(image.pixelColor(7, 7).alpha() < 255, shape == BoxShape::Circle);
+        }
+}
 
 /// Counts how often it is drawn.
 class CountingBox : public VaneCheckbox {
