@@ -108,18 +108,6 @@ TEST_F(DefaultsTest, TheColorsNameStandsOnAGroundOnWhichItCanBeRead)
     }
 }
 
-TEST_F(DefaultsTest, ValuesOfWrongTypesStopTheProgramButForOneThatIsNotUsed)
-{
-    userDefaults.setText(BgColor, u"pink"_qs);
-    DefaultsViewController screen(environment);
-    screen.viewDidLoad();
-    userDefaults.setText(ListFontSize, u"big"_qs);
-    EXPECT_DEATH(DefaultsViewController(environment).viewDidLoad(), "ListFontSize.* must be of type real");
-    userDefaults.setInteger(ListFontSize, 20);
-    userDefaults.setInteger(ListFontName, 1);
-    EXPECT_DEATH(DefaultsViewController(environment).viewDidLoad(), "ListFontName.* must be of type text");
-}
-
 } // namespace
 
 } // namespace giggle
