@@ -6,8 +6,6 @@
 
 #include <QTest>
 
-#include <algorithm>
-
 namespace giggle {
 
 using namespace Qt::StringLiterals;
@@ -79,16 +77,13 @@ void RandomUser::begin()
 }
 
 void RandomUser::change(const SavedRows& removed, const SavedRows& added, const std::function<void()>& act,
-                        const std::function<bool()>& isAcknowledged, Coming coming)
+                        const std::function<bool()>& isAcknowledged)
 {
     SavedRows rows = m_possible.constLast();
     for (const QString& row : removed)
         EXPECT_TRUE(rows.removeOne(row)) << "not saved before: " << row.toStdString();
-    for (const QString& row : added) {
-        rows.insert(std::ranges::upper_bound(rows, row), row);
-        if (coming == Coming::RowByRow)
-            m_possible << rows;
-    }
+    rows += added;
+    rows.sort();
     m_possible << rows;
     possibleChanged();
     act();
@@ -100,10 +95,9 @@ void RandomUser::change(const SavedRows& removed, const SavedRows& added, const 
 void RandomUser::saveSomething()
 {
     using Deed = void (RandomUser::*)();
-    static constexpr Deed Deeds[]{
-        &RandomUser::addJoke,     &RandomUser::addJoke,        &RandomUser::editJoke,
-        &RandomUser::editJoke,    &RandomUser::deleteJoke,     &RandomUser::tickJoke,
-        &RandomUser::importJokes, &RandomUser::changeFontSize, &RandomUser::changeNames};
+    static constexpr Deed Deeds[]{&RandomUser::addJoke,        &RandomUser::addJoke,    &RandomUser::editJoke,
+                                  &RandomUser::editJoke,       &RandomUser::deleteJoke, &RandomUser::tickJoke,
+                                  &RandomUser::changeFontSize, &RandomUser::changeNames};
     const bool isFull = context().count(Jokes::fetchRequest()) > MostJokes;
     const Deed deed = isFull ? &RandomUser::deleteJoke : Deeds[below(std::size(Deeds))];
     (this->*deed)();
@@ -226,33 +220,6 @@ void RandomUser::tickJoke()
     change(
         {savedJoke(*joke)}, {savedJoke(*joke, !isFavorite, textOrEmpty(joke->joke()))},
         [&] { press(QAccessible::CheckBox, u"Favorite"_qs); }, [] { return true; });
-}
-
-void RandomUser::importJokes()
-{
-    const int id = context().highestJokeId().value_or(0);
-    SavedRows added;
-    QString text = u"[GIGGLEARCHIVES]\n"_qs;
-    for (int i = 1; i <= 12; ++i) {
-        const QString category = u"Kind %1"_qs.arg(below(SomeCategories));
-        const QString joke = newText() + u" \u0441\u043b\u043e\u043d \U0001F600"_qs;
-        text +=
-            u"%1^Mild^%2^%3^%4\n"_qs.arg(category, QString::number(id + i), i % 2 ? u"T"_qs : u"F"_qs, joke);
-        added << savedJoke(category, u"Mild"_qs, id + i, i % 2, joke);
-    }
-    const QString file = m_files.filePath(u"import.csv"_qs);
-    writeBytes(file, text.toUtf8());
-    openArea(u"Import / Export"_qs);
-    open(QAccessible::Button, u"Import Jokes"_qs);
-    press(QAccessible::Button, u"Load File"_qs);
-    system().documentPicker.answer(QUrl::fromLocalFile(file));
-    const QString dialog = u"Data Import"_qs;
-    waitFor(QAccessible::Dialog, dialog);
-    press(QAccessible::Button, u"OK"_qs);
-    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Dialog, dialog); }));
-    change(
-        {}, added, pressing(u"Import"_qs), [&] { return find(QAccessible::Dialog, dialog); },
-        Coming::RowByRow);
 }
 
 void RandomUser::changeFontSize()

@@ -39,17 +39,14 @@ protected:
     [[nodiscard]] int below(int limit) { return std::uniform_int_distribution(0, limit - 1)(m_random); }
 
 private:
-    enum class Coming { AtOnce, RowByRow };
-
     /// Does something that saves, and waits until the screen has acknowledged it.
     void change(const SavedRows& removed, const SavedRows& added, const std::function<void()>& act,
-                const std::function<bool()>& isAcknowledged, Coming coming = Coming::AtOnce);
+                const std::function<bool()>& isAcknowledged);
 
     void addJoke();
     void editJoke();
     void deleteJoke();
     void tickJoke();
-    void importJokes();
     void changeFontSize();
     void changeNames();
 
@@ -72,7 +69,6 @@ private:
 
     std::mt19937 m_random;
     FakePrinters m_printers;
-    QTemporaryDir m_files;
     QString m_row; ///< of someJoke()
     QList<SavedRows> m_possible;
 };

@@ -141,8 +141,7 @@ QList<QList<SavedRows>> promisesIn(const QString& folder)
 {
     QList<QList<SavedRows>> promises;
     QFile file(folder + Promises);
-    file.open(
-        QIODevice::ReadOnly); // not there when it was killed while the starter collection was put in place
+    file.open(QIODevice::ReadOnly); // there is none when it was killed while it was starting
     QDataStream stream(&file);
     for (QList<SavedRows> promise; stream >> promise, stream.status() == QDataStream::Ok;)
         promises << promise;
