@@ -2,10 +2,7 @@
 #include "store/BulkSaving.h"
 #include "tests/endurance/Session.h"
 
-#include <QHash>
-
 #include <array>
-#include <set>
 
 #include <gtest/gtest.h>
 
@@ -20,41 +17,23 @@ using Unsynced = SimulatedDisk::Unsynced;
 constexpr std::array AllKinds = {Session::Kind::Daily, Session::Kind::RollbackMode,
                                  Session::Kind::FirstLaunch};
 
-struct PowerCut {
-    SimulatedDisk::Image image;
-    Expectation expected;
-    int call = 0;
-};
-
-std::size_t fingerprint(const PowerCut& cut)
-{
-    std::size_t seed = 0;
-    for (const Rows& rows : cut.expected.collections)
-        for (const std::string& row : rows)
-            seed = qHashMulti(seed, std::hash<std::string>()(row));
-    for (const double size : cut.expected.fontSizes)
-        seed = qHashMulti(seed, size);
-    for (const auto& [name, bytes] : cut.image)
-        seed = qHashMulti(seed, name, bytes);
-    return seed;
-}
+/// What a power cut leaves and what may be found then, with the number of a call before which it happens.
+/// What looks the same and promises the same counts once.
+using PowerCuts = std::map<std::pair<SimulatedDisk::Image, Expectation>, int>;
 
 /// Every power cut that may hit a session: before each call that changes something, with all that was not
-/// synced lost, all kept, and random parts of it. What looks the same and promises the same counts once.
-std::vector<PowerCut> powerCutsOf(Session::Kind kind, int randomOnes, int& tried)
+/// synced lost, all kept, and random parts of it.
+PowerCuts powerCutsOf(Session::Kind kind, int randomOnes, int& tried)
 {
     CollectionFolder folder;
     SimulatedDisk disk(folder.path());
     Session session(folder, disk, kind);
     std::mt19937 random(20261121);
-    std::vector<PowerCut> cuts;
-    std::set<std::size_t> known;
+    PowerCuts cuts;
     const auto cut = [&] {
         for (int i = 0; i < 2 + randomOnes; ++i, ++tried) {
             const auto unsynced = i == 0 ? Unsynced::Lost : i == 1 ? Unsynced::Kept : Unsynced::Random;
-            PowerCut next{disk.afterPowerCut(unsynced, random), session.expectation(), disk.calls()};
-            if (known.insert(fingerprint(next)).second)
-                cuts.push_back(std::move(next));
+            cuts.try_emplace({disk.afterPowerCut(unsynced, random), session.expectation()}, disk.calls());
         }
     };
     disk.setObserver(cut);
@@ -68,11 +47,9 @@ TEST(PowerCutTest, FreshStartFindsEverySaveThatWasAcknowledgedAndNoneHalf)
 {
     for (const Session::Kind kind : AllKinds) {
         int tried = 0;
-        for (const PowerCut& cut : powerCutsOf(kind, isLongRun() ? 200 : 4, tried)) {
-            SCOPED_TRACE("power cut before call " + std::to_string(cut.call) + " of session " +
-                         std::to_string(int(kind)));
-            expectFreshStart(cut.image, cut.expected);
-            ASSERT_FALSE(HasFailure());
+        for (const auto& [cut, call] : powerCutsOf(kind, isLongRun() ? 200 : 4, tried)) {
+            expectFreshStart(cut.first, cut.second);
+            ASSERT_FALSE(HasFailure()) << "power cut before call " << call << " of session " << int(kind);
         }
         reportCount("power cuts", tried);
     }

@@ -6,8 +6,6 @@
 
 #include <QTest>
 
-#include <algorithm>
-
 namespace giggle {
 
 using namespace Qt::StringLiterals;
@@ -17,22 +15,21 @@ namespace {
 constexpr int SomeCategories = 12;
 constexpr int MostJokes = 230; // with many more there would be more deletions than additions
 
+/// A joke as it is saved; a favourite of -1 is unset.
 QString savedJoke(const QString& category, const QString& rating, int id, int favorite, const QString& text)
 {
-    return QStringList{u"joke"_qs, category, rating, QString::number(id), QString::number(favorite), text}
-        .join(u'|');
+    return QStringList{category, rating, QString::number(id), QString::number(favorite), text}.join(u'|');
 }
 
-/// A joke as it is saved, with this favourite.
-QString savedJoke(const Jokes& joke, int favorite)
+QString savedJoke(const Jokes& joke, int favorite, const QString& text)
 {
     return savedJoke(textOrEmpty(joke.category()), textOrEmpty(joke.rating()), joke.id().value_or(0),
-                     favorite, textOrEmpty(joke.joke()));
+                     favorite, text);
 }
 
 QString savedJoke(const Jokes& joke)
 {
-    return savedJoke(joke, joke.favorite() ? int(*joke.favorite()) : -1);
+    return savedJoke(joke, joke.favorite() ? int(*joke.favorite()) : -1, textOrEmpty(joke.joke()));
 }
 
 QString savedFontSize(double size)
@@ -79,33 +76,28 @@ void RandomUser::begin()
     possibleChanged();
 }
 
-void RandomUser::willChange(const SavedRows& removed, const SavedRows& added, Coming coming)
+void RandomUser::change(const SavedRows& removed, const SavedRows& added, const std::function<void()>& act,
+                        const std::function<bool()>& isAcknowledged)
 {
     SavedRows rows = m_possible.constLast();
     for (const QString& row : removed)
         EXPECT_TRUE(rows.removeOne(row)) << "not saved before: " << row.toStdString();
-    for (const QString& row : added) {
-        rows.insert(std::ranges::upper_bound(rows, row), row);
-        if (coming == Coming::RowByRow)
-            m_possible << rows;
-    }
+    rows += added;
+    rows.sort();
     m_possible << rows;
     possibleChanged();
-}
-
-void RandomUser::didChange()
-{
-    m_possible = {m_possible.constLast()};
+    act();
+    EXPECT_TRUE(waitUntil(isAcknowledged)) << (removed + added).join(u'\n').toStdString();
+    m_possible = {rows};
     possibleChanged();
 }
 
 void RandomUser::saveSomething()
 {
     using Deed = void (RandomUser::*)();
-    static constexpr Deed Deeds[]{
-        &RandomUser::addJoke,     &RandomUser::addJoke,        &RandomUser::editJoke,
-        &RandomUser::editJoke,    &RandomUser::deleteJoke,     &RandomUser::tickJoke,
-        &RandomUser::importJokes, &RandomUser::changeFontSize, &RandomUser::changeNames};
+    static constexpr Deed Deeds[]{&RandomUser::addJoke,        &RandomUser::addJoke,    &RandomUser::editJoke,
+                                  &RandomUser::editJoke,       &RandomUser::deleteJoke, &RandomUser::tickJoke,
+                                  &RandomUser::changeFontSize, &RandomUser::changeNames};
     const bool isFull = context().count(Jokes::fetchRequest()) > MostJokes;
     const Deed deed = isFull ? &RandomUser::deleteJoke : Deeds[below(std::size(Deeds))];
     (this->*deed)();
@@ -134,13 +126,6 @@ void RandomUser::open(QAccessible::Role role, const QString& name)
                names(QAccessible::Button).count(u"Back"_qs) == 1;
     })) << name.toStdString()
         << " did not open";
-}
-
-void RandomUser::answer(const QString& dialog)
-{
-    waitFor(QAccessible::Dialog, dialog);
-    press(QAccessible::Button, u"OK"_qs);
-    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Dialog, dialog); })) << dialog.toStdString();
 }
 
 void RandomUser::goHome()
@@ -173,6 +158,13 @@ const Jokes* RandomUser::jokeOf(const QString& row)
     return jokes.size() == 1 ? jokes.front() : nullptr; // some of the starter collection are there twice
 }
 
+const Jokes* RandomUser::someJoke()
+{
+    openArea(u"Joke List"_qs);
+    m_row = someRow();
+    return jokeOf(m_row);
+}
+
 void RandomUser::addJoke()
 {
     openArea(u"Add Joke"_qs);
@@ -182,51 +174,36 @@ void RandomUser::addJoke()
     set(u"Rating"_qs, u"Mild"_qs);
     set(u"Joke"_qs, text);
     const int id = context().highestJokeId().value_or(0) + 1;
-    willChange({}, {savedJoke(category, u"Mild"_qs, id, -1, text)});
-    press(QAccessible::Button, u"Save"_qs);
-    EXPECT_TRUE(waitUntil([&] { return find(QAccessible::Button, u"Menu"_qs) != nullptr; }));
-    didChange();
+    change({}, {savedJoke(category, u"Mild"_qs, id, -1, text)}, pressing(u"Save"_qs),
+           [&] { return find(QAccessible::Button, u"Menu"_qs); });
 }
 
 void RandomUser::editJoke()
 {
-    openArea(u"Joke List"_qs);
-    const QString row = someRow();
-    const Jokes* joke = jokeOf(row);
+    const Jokes* joke = someJoke();
     if (!joke)
         return;
-    open(QAccessible::ListItem, row);
+    open(QAccessible::ListItem, m_row);
     const QString text = newText();
     set(u"Joke"_qs, text);
     if (below(2))
         press(QAccessible::CheckBox, u"Favorite"_qs);
     const bool isFavorite = waitFor(QAccessible::CheckBox, u"Favorite"_qs)->state().checked;
-    willChange({savedJoke(*joke)}, {savedJoke(textOrEmpty(joke->category()), textOrEmpty(joke->rating()),
-                                              *joke->id(), isFavorite, text)});
-    press(QAccessible::Button, u"Save"_qs);
-    EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::Button, u"Larger text"_qs); }));
-    didChange();
+    change({savedJoke(*joke)}, {savedJoke(*joke, isFavorite, text)}, pressing(u"Save"_qs),
+           [&] { return !find(QAccessible::Button, u"Larger text"_qs); });
 }
 
 void RandomUser::deleteJoke()
 {
-    openArea(u"Joke List"_qs);
-    const QString row = someRow();
-    const Jokes* joke = jokeOf(row);
+    const Jokes* joke = someJoke();
     if (!joke)
         return;
-    focus(QAccessible::ListItem, row);
     const QString saved = savedJoke(*joke);
-    willChange({saved}, {});
-    key(Qt::Key_Delete);
-    EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::ListItem, row); })) << row.toStdString();
-    didChange();
-    if (below(3) > 0)
-        return;
-    willChange({}, {saved});
-    press(QAccessible::Button, u"Undo"_qs);
-    EXPECT_TRUE(waitUntil([&] { return find(QAccessible::ListItem, row); })) << row.toStdString();
-    didChange();
+    focus(QAccessible::ListItem, m_row);
+    change(
+        {saved}, {}, [&] { key(Qt::Key_Delete); }, [&] { return !find(QAccessible::ListItem, m_row); });
+    if (below(3) == 0)
+        change({}, {saved}, pressing(u"Undo"_qs), [&] { return find(QAccessible::ListItem, m_row); });
 }
 
 void RandomUser::tickJoke()
@@ -239,34 +216,10 @@ void RandomUser::tickJoke()
     const Jokes* joke = jokeOf(names(QAccessible::ListItem).value(0));
     if (!joke)
         return;
-    willChange({savedJoke(*joke)}, {savedJoke(*joke, !joke->favorite().value_or(false))});
-    press(QAccessible::CheckBox, u"Favorite"_qs);
-    didChange();
-}
-
-void RandomUser::importJokes()
-{
-    const int id = context().highestJokeId().value_or(0);
-    SavedRows added;
-    QString text = u"[GIGGLEARCHIVES]\n"_qs;
-    for (int i = 1; i <= 12; ++i) {
-        const QString category = u"Kind %1"_qs.arg(below(SomeCategories));
-        const QString joke = newText() + u" \u0441\u043b\u043e\u043d \U0001F600"_qs;
-        text +=
-            u"%1^Mild^%2^%3^%4\n"_qs.arg(category, QString::number(id + i), i % 2 ? u"T"_qs : u"F"_qs, joke);
-        added << savedJoke(category, u"Mild"_qs, id + i, i % 2, joke);
-    }
-    const QString file = m_files.filePath(u"import.csv"_qs);
-    writeBytes(file, text.toUtf8());
-    openArea(u"Import / Export"_qs);
-    open(QAccessible::Button, u"Import Jokes"_qs);
-    press(QAccessible::Button, u"Load File"_qs);
-    system().documentPicker.answer(QUrl::fromLocalFile(file));
-    answer(u"Data Import"_qs);
-    willChange({}, added, Coming::RowByRow);
-    press(QAccessible::Button, u"Import"_qs);
-    waitFor(QAccessible::Dialog, u"Data Import"_qs);
-    didChange();
+    const bool isFavorite = joke->favorite().value_or(false);
+    change(
+        {savedJoke(*joke)}, {savedJoke(*joke, !isFavorite, textOrEmpty(joke->joke()))},
+        [&] { press(QAccessible::CheckBox, u"Favorite"_qs); }, [] { return true; });
 }
 
 void RandomUser::changeFontSize()
@@ -274,10 +227,11 @@ void RandomUser::changeFontSize()
     openArea(u"Default Settings"_qs);
     const double size = userDefaults().real(PreferenceKeys::ListFontSize);
     const bool isLarger = size < 14 || (size < 20 && below(2));
-    willChange({savedFontSize(size)}, {savedFontSize(size + (isLarger ? 1 : -1))});
-    press(QAccessible::Button, isLarger ? u"Larger"_qs : u"Smaller"_qs);
-    goHome();
-    didChange();
+    change({savedFontSize(size)}, {savedFontSize(size + (isLarger ? 1 : -1))},
+           pressing(isLarger ? u"Larger"_qs : u"Smaller"_qs), [&] {
+               goHome();
+               return true;
+           });
 }
 
 void RandomUser::changeNames()
@@ -289,19 +243,17 @@ void RandomUser::changeNames()
     const QString row = someRow();
     if (names(QAccessible::ListItem).size() > 8 && row != u"No name"_qs) {
         focus(QAccessible::ListItem, row);
-        willChange({kind + row}, {});
-        key(Qt::Key_Delete);
-        EXPECT_TRUE(waitUntil([&] { return names(QAccessible::ListItem).count(row) == 0; }));
+        change(
+            {kind + row}, {}, [&] { key(Qt::Key_Delete); },
+            [&] { return !find(QAccessible::ListItem, row); });
     } else {
         const QString name = u"Name %1"_qs.arg(below(1'000'000'000));
         const QString field = isCategory ? u"Category"_qs : u"Rating"_qs;
         open(QAccessible::Button, u"Add"_qs);
         set(field, name);
-        willChange({}, {kind + name});
-        press(QAccessible::Button, u"Save"_qs);
-        EXPECT_TRUE(waitUntil([&] { return !find(QAccessible::EditableText, field); }));
+        change({}, {kind + name}, pressing(u"Save"_qs),
+               [&] { return !find(QAccessible::EditableText, field); });
     }
-    didChange();
 }
 
 void RandomUser::pressSomething()

@@ -39,33 +39,37 @@ protected:
     [[nodiscard]] int below(int limit) { return std::uniform_int_distribution(0, limit - 1)(m_random); }
 
 private:
-    enum class Coming { AtOnce, RowByRow };
-
-    void willChange(const SavedRows& removed, const SavedRows& added, Coming coming = Coming::AtOnce);
-    void didChange();
+    /// Does something that saves, and waits until the screen has acknowledged it.
+    void change(const SavedRows& removed, const SavedRows& added, const std::function<void()>& act,
+                const std::function<bool()>& isAcknowledged);
 
     void addJoke();
     void editJoke();
     void deleteJoke();
     void tickJoke();
-    void importJokes();
     void changeFontSize();
     void changeNames();
 
     void pressSomething();
     void set(const QString& field, const QString& text);
     void open(QAccessible::Role role, const QString& name);
-    void answer(const QString& dialog);
+
+    auto pressing(const QString& button)
+    {
+        return [=, this] { press(QAccessible::Button, button); };
+    }
+
     void goHome();
 
     /// The joke behind a row that is on show, if there is just one of that text.
     const Jokes* jokeOf(const QString& row);
+    const Jokes* someJoke();
     [[nodiscard]] QString someRow();
     [[nodiscard]] QString newText();
 
     std::mt19937 m_random;
     FakePrinters m_printers;
-    QTemporaryDir m_files;
+    QString m_row; ///< of someJoke()
     QList<SavedRows> m_possible;
 };
 

@@ -23,6 +23,8 @@ using Rows = std::vector<std::string>;
 struct Expectation {
     std::vector<Rows> collections;
     std::vector<double> fontSizes; ///< 0 when none is stored
+
+    auto operator<=>(const Expectation&) const = default;
 };
 
 /// What a user does with the application: adds, edits, ticks and deletes jokes, renames a category, imports a

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Reads arbitrary exchange files and compares what is then in the collection, in memory and on the disk, with
-// what a plain model of docs/exchange-format.md makes of them.
 #include "exchange/format/ExchangeReader.h"
 #include "tests/support/CollectionFolder.h"
 
-#include <QByteArrayView>
-#include <QList>
+#include <QDir>
 
-#include <cstdint>
-#include <cstdio>
 #include <cstdlib>
+#include <random>
 #include <regex>
+
+#include <gtest/gtest.h>
 
 namespace giggle {
 
 namespace {
+
+// A plain model of docs/exchange-format.md.
 
 struct Row {
     std::optional<QByteArray> category, rating, id, favorite, joke;
@@ -33,23 +33,16 @@ void assign(std::optional<QByteArray>& value, const QByteArray& field)
         value = field;
 }
 
-QByteArray withoutQuotes(QByteArray field)
-{
-    return field.replace('"', "");
-}
-
 void updateRow(Row& row, const QList<QByteArray>& fields, const QByteArray& id)
 {
-    assign(row.category, withoutQuotes(fields[0]));
-    if (fields.size() > 1)
-        assign(row.rating, withoutQuotes(fields[1]));
+    const auto field = [&](qsizetype i) { return fields.value(i).replace('"', ""); };
+    assign(row.category, field(0));
+    assign(row.rating, field(1));
     if (fields.size() > 2)
         row.id = id;
-    if (const QByteArray favorite = fields.size() > 3 ? withoutQuotes(fields[3]) : QByteArray();
-        !favorite.isEmpty())
-        row.favorite = favorite == "F" ? "0" : "1";
-    if (fields.size() > 4)
-        assign(row.joke, withoutQuotes(fields[4]).replace("@#@", "\n").replace("~#~", "'"));
+    if (!field(3).isEmpty())
+        row.favorite = field(3) == "F" ? "0" : "1";
+    assign(row.joke, field(4).replace("@#@", "\n").replace("~#~", "'"));
 }
 
 /// A number as SQL shows it, or nothing.
@@ -105,34 +98,54 @@ std::vector<std::string> described(const Model& model)
     return rows;
 }
 
-void require(bool condition, const char* what)
+/// Reads a file and compares what is then in the collection, in memory and on the disk, with the model.
+void readAndCompare(const QByteArray& document)
 {
-    if (condition)
+    const Model model = modelOf(document);
+    if (model.endsProgram)
         return;
-    std::fprintf(stderr, "exchange file: %s\n", what);
-    std::abort();
+    const CollectionFolder folder;
+    AppDelegate appDelegate(folder.path());
+    ExchangeReader reader(appDelegate, QStringLiteral("file"), "tests", 1);
+    reader.readJokes({document.data(), std::size_t(document.size())});
+    EXPECT_EQ(reader.wrongFile(), model.isWrongFile);
+    EXPECT_EQ(liveRows(appDelegate.persistentContainer().viewContext()), described(model));
+    EXPECT_EQ(storedRows(folder.file()), described(model));
+}
+
+/// What the format is made of.
+const QList<QByteArray> Pieces =
+    QByteArray(
+        "\n|\r|\r\n|\n[GIGGLEARCHIVES]\n|\n[CATEGORY]\n|\n[RATING]\n|\nDad^Mild^1^T^a|\n^^2^F^|^|^^|'|\"|"
+        "@#@|~#~|@|#|~| |F|T|0|-1|+5|32767|-32768|\xC3\xA9")
+        .split('|') +
+    QByteArrayList{QByteArray(1, '\0')};
+
+TEST(ExchangeReaderFuzz, RandomFilesLeaveWhatTheFormatSays)
+{
+    QList<QByteArray> corpus;
+    for (const QFileInfo& file :
+         QDir(QStringLiteral(GIGGLE_SOURCE_DIR "/tests/fuzz/corpus")).entryInfoList(QDir::Files))
+        corpus += readBytes(file.filePath());
+    std::mt19937 random(1);
+    const auto below = [&](qsizetype limit) {
+        return std::uniform_int_distribution<qsizetype>(0, limit - 1)(random);
+    };
+    const auto any = [&](const QList<QByteArray>& texts) { return texts[below(texts.size())]; };
+    for (int run = 0; run < 2000; ++run) {
+        QByteArray document = any(corpus);
+        for (qsizetype changes = below(7); changes > 0; --changes) {
+            const QByteArray other = any(corpus);
+            document.replace(below(document.size() + 1), below(8),
+                             below(2) ? any(Pieces) : other.mid(below(other.size() + 1), below(40)));
+        }
+        if (!QByteArrayView(document).isValidUtf8())
+            continue; // such a file is never read
+        readAndCompare(document);
+        ASSERT_FALSE(HasFailure()) << document.toStdString();
+    }
 }
 
 } // namespace
 
 } // namespace giggle
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    using namespace giggle;
-    const QByteArray document(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    if (!QByteArrayView(document).isValidUtf8())
-        return 0; // such a file is never read
-    const Model model = modelOf(document);
-    if (model.endsProgram)
-        return 0;
-    const CollectionFolder folder;
-    AppDelegate appDelegate(folder.path());
-    ExchangeReader reader(appDelegate, QStringLiteral("file"), "tests", 1);
-    reader.readJokes({document.data(), size});
-    require(reader.wrongFile() == model.isWrongFile, "marker found or missed");
-    require(liveRows(appDelegate.persistentContainer().viewContext()) == described(model),
-            "other jokes than the format says");
-    require(storedRows(folder.file()) == described(model), "other jokes on the disk");
-    return 0;
-}

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/CollectionFolder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace giggle {
 
 namespace {
+
+using testing::HasSubstr;
+using testing::ThrowsMessage;
 
 TEST(OtherProgramsTest, ForeignChangesAreNeitherOverwrittenNorPassedOverInSilence)
 {
@@ -30,13 +33,8 @@ TEST(OtherProgramsTest, ForeignChangesAreNeitherOverwrittenNorPassedOverInSilenc
         joke.setJoke("ours");
         insertJoke(context, {.id = 4});
         for (int attempt = 0; attempt < 2; ++attempt) {
-            try {
-                context.save();
-                ADD_FAILURE() << "saved over another program's change";
-            } catch (const StoreError& error) {
-                EXPECT_TRUE(
-                    error.localizedDescription().startsWith(u"Another program has changed the collection"));
-            }
+            EXPECT_THAT([&] { context.save(); },
+                        ThrowsMessage<StoreError>(HasSubstr("Another program has changed the collection")));
             EXPECT_TRUE(context.hasChanges());
             EXPECT_EQ(storedRows(other), theirs);
         }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/CollectionFolder.h"
 
+#include <numeric>
+
 #include <gmock/gmock.h>
 
 namespace giggle {
@@ -21,31 +23,25 @@ constexpr const char* PinnedSchema =
 TEST(PersistenceTest, WhatIsSavedIsThereAgain)
 {
     CollectionFolder folder;
-    std::vector<std::string> rows;
-    {
-        PersistentContainer container = folder.open();
-        ManagedObjectContext& context = container.viewContext();
-        const std::string everyByteOfAscii = [] {
-            std::string text;
-            for (int byte = 0; byte < 128; ++byte)
-                text += char(byte);
-            return text;
-        }();
-        const std::string large = std::string(1'000'000, 'x') + "\xF0\x9F\x98\x80";
-        insertJoke(context, {.category = everyByteOfAscii, .rating = "", .joke = std::string_view("\0", 1)});
-        insertJoke(context, {.id = -32768, .favorite = false, .joke = large});
-        insertJoke(context, {.category = "", .id = 32767, .favorite = true, .joke = ""});
-        Jokes& last = insertJoke(context, {});
-        insertCategory(context, std::nullopt);
-        insertCategory(context, std::string_view("a\0b", 3));
-        insertRating(context, "");
-        context.save();
-        rows = liveRows(context);
-        EXPECT_EQ(storedRows(folder.file()), rows);
-        context.deleteObject(last);
-        insertRating(context, "not saved");
-    }
+    std::string everyByteOfAscii(128, '\0');
+    std::iota(everyByteOfAscii.begin(), everyByteOfAscii.end(), '\0');
+    const std::string large = std::string(1'000'000, 'x') + "\xF0\x9F\x98\x80";
     PersistentContainer container = folder.open();
+    ManagedObjectContext& context = container.viewContext();
+    insertJoke(context, {.category = everyByteOfAscii, .rating = "", .joke = std::string_view("\0", 1)});
+    insertJoke(context, {.id = -32768, .favorite = false, .joke = large});
+    insertJoke(context, {.category = "", .id = 32767, .favorite = true, .joke = ""});
+    Jokes& last = insertJoke(context, {});
+    insertCategory(context, std::nullopt);
+    insertCategory(context, std::string_view("a\0b", 3));
+    insertRating(context, "");
+    context.save();
+    const std::vector<std::string> rows = liveRows(context);
+    EXPECT_EQ(storedRows(folder.file()), rows);
+    context.deleteObject(last);
+    insertRating(context, "not saved");
+    closeContainer(container);
+    container = folder.open();
     EXPECT_EQ(liveRows(container.viewContext()), rows);
     EXPECT_FALSE(container.viewContext().hasChanges());
     closeContainer(container);

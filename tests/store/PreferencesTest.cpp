@@ -24,44 +24,35 @@ protected:
     QString m_path = m_folder.filePath(u"preferences.json"_s);
 };
 
-TEST_F(PreferencesTest, ValuesAndTypesSurviveARestart)
+TEST_F(PreferencesTest, ValuesAndTypesSurviveARestartInAFileOfThePinnedForm)
 {
     const QString text = u"a \"quoted\" \\ line\nüñ😀 "_s + QChar(0) + u'\u2028';
-    const QDateTime date(QDate(2026, 11, 21), QTime(11, 30, 15, 987), Qt::OffsetFromUTC, 3600);
     {
         Preferences preferences(m_path);
         preferences.setText(u"text", text);
-        preferences.setReal(u"real", 1.0 / 3.0);
+        preferences.setReal(u"real", 15.0);
+        preferences.setReal(u"third", 1.0 / 3.0);
         preferences.setInteger(u"lowest", std::numeric_limits<qint64>::min());
         preferences.setBoolean(u"no", false);
-        preferences.setDate(u"date", date);
+        preferences.setDate(u"date",
+                            QDateTime(QDate(2026, 11, 21), QTime(11, 30, 15, 987), Qt::OffsetFromUTC, 3600));
         ASSERT_TRUE(preferences.synchronize());
     }
-    const Preferences preferences(m_path);
+    Preferences preferences(m_path);
     EXPECT_EQ(preferences.text(u"text"), text);
-    EXPECT_EQ(preferences.real(u"real"), 1.0 / 3.0);
-    EXPECT_EQ(preferences.integer(u"lowest"), std::numeric_limits<qint64>::min());
+    EXPECT_EQ(preferences.real(u"third"), 1.0 / 3.0);
     EXPECT_TRUE(preferences.isPresent(u"no"));
     EXPECT_FALSE(preferences.boolean(u"no"));
     EXPECT_EQ(preferences.date(u"date"), QDateTime(QDate(2026, 11, 21), QTime(10, 30, 15), Qt::UTC));
-}
-
-TEST_F(PreferencesTest, FileKeepsItsPinnedForm)
-{
-    Preferences preferences(m_path);
-    preferences.setBoolean(PreferenceKeys::HasBeenLaunchedBeforeFlag, true);
-    preferences.setReal(PreferenceKeys::ListFontSize, 15.0);
-    preferences.setDate(PreferenceKeys::ReviewServiceLastRequest,
-                        QDateTime(QDate(2026, 11, 21), QTime(10, 0), Qt::UTC));
-    preferences.setText(PreferenceKeys::ListFontName, u"Arial"_s);
-    preferences.setInteger(PreferenceKeys::BgColor, 3);
+    preferences.setText(u"text", u"Arial"_s);
+    preferences.remove(u"third");
     ASSERT_TRUE(preferences.synchronize());
     EXPECT_EQ(readBytes(m_path), "{\n"
-                                 "\"ListFontName\": {\"text\": \"Arial\"},\n"
-                                 "\"ListFontSize\": {\"real\": 15.0},\n"
-                                 "\"ReviewService.lastRequest\": {\"date\": \"2026-11-21T10:00:00Z\"},\n"
-                                 "\"bgColor\": {\"integer\": 3},\n"
-                                 "\"hasBeenLaunchedBeforeFlag\": {\"boolean\": true}\n"
+                                 "\"date\": {\"date\": \"2026-11-21T10:30:15Z\"},\n"
+                                 "\"lowest\": {\"integer\": -9223372036854775808},\n"
+                                 "\"no\": {\"boolean\": false},\n"
+                                 "\"real\": {\"real\": 15.0},\n"
+                                 "\"text\": {\"text\": \"Arial\"}\n"
                                  "}\n");
 }
 

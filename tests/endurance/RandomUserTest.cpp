@@ -1,15 +1,24 @@
 // SPDX-License-Identifier: MIT
+#include "tests/endurance/RandomUser.h"
+
 #include "app/DailyCopying.h"
 #include "store/PreferenceKeys.h"
-#include "tests/endurance/RandomUser.h"
 #include "tests/support/HurriedAnimations.h"
 #include "tests/support/LongRun.h"
 
 #include <QCoreApplication>
 #include <QDataStream>
-#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
 #include <QProcess>
+#include <QQmlEngine>
 #include <QTest>
+
+#include <climits>
+#include <fstream>
+
+#include <malloc.h>
+#include <unistd.h>
 
 namespace giggle {
 
@@ -17,6 +26,61 @@ namespace {
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int LargestGrowth = INT_MAX; // the sanitizer keeps memory that was freed
+#else
+constexpr int LargestGrowth = 6 * 1024;
+#endif
+
+/// In kilobytes, without what the allocator holds back.
+int residentKilobytes()
+{
+    ::malloc_trim(0);
+    long total = 0; // with a sanitizer more pages than an int holds
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return int(resident * (::sysconf(_SC_PAGESIZE) / 1024));
+}
+
+class LongUseTest : public RandomUser {
+protected:
+    LongUseTest() : RandomUser({}, 20261121) {}
+
+    void use(int deeds)
+    {
+        for (int i = 0; i < deeds && !HasFailure(); ++i)
+            below(2) ? saveSomething() : readSomething();
+    }
+
+    /// In the window's first size, on which its pictures depend.
+    int memory()
+    {
+        window().resize(360, 640);
+        QTest::qWait(500);
+        qmlEngine(&window())->collectGarbage();
+        QTest::qWait(100);
+        return residentKilobytes();
+    }
+};
+
+/// A deed takes a user, who has to read, think and type, about three seconds.
+TEST_F(LongUseTest, EveryDeedSavesWhatItSaysAndMemoryStaysFlat)
+{
+    const HurriedAnimations hurry;
+    const int deeds = isLongRun() ? 1200 : 120;
+    begin();
+    QElapsedTimer watch;
+    watch.start();
+    use(deeds / 2);
+    const int before = memory();
+    use(deeds / 2);
+    const int after = memory();
+    EXPECT_EQ(possible(), QList<SavedRows>{savedRows(context(), userDefaults())});
+    std::printf("%d deeds in %d s; resident %d kB in the middle, %d kB at the end\n", deeds,
+                int(watch.elapsed() / 1000), before, after);
+    EXPECT_LT(after - before, LargestGrowth);
+}
 
 constexpr const char* FolderVariable = "GIGGLE_KILLED_FOLDER";
 constexpr const char* SeedVariable = "GIGGLE_KILLED_SEED";
@@ -77,8 +141,7 @@ QList<QList<SavedRows>> promisesIn(const QString& folder)
 {
     QList<QList<SavedRows>> promises;
     QFile file(folder + Promises);
-    if (!file.open(QIODevice::ReadOnly))
-        return promises; // killed while the starter collection was put in place
+    file.open(QIODevice::ReadOnly); // there is none when it was killed while it was starting
     QDataStream stream(&file);
     for (QList<SavedRows> promise; stream >> promise, stream.status() == QDataStream::Ok;)
         promises << promise;
@@ -91,13 +154,10 @@ SavedRows freshStart(const CollectionFolder& folder)
     const Preferences preferences(folder.filePath(u"preferences.json"_qs));
     EXPECT_FALSE(QFile::exists(folder.filePath(u"preferences.json.damaged"_qs)));
     const SavedRows rows = savedRows(folder.open().viewContext(), preferences);
-    QStringList files{folder.file()};
-    const QDir copies(folder.filePath(u"copies"_qs));
-    for (const QString& copy : copies.entryList({u"*.sqlite"_qs}, QDir::Files))
-        files << copies.filePath(copy);
-    for (const QString& file : files)
-        EXPECT_EQ(RawDatabase(file).rows("PRAGMA integrity_check"), std::vector<std::string>{"ok"})
-            << file.toStdString();
+    QDirIterator files(folder.path(), {u"*.sqlite"_qs}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        EXPECT_EQ(RawDatabase(files.next()).rows("PRAGMA integrity_check"), std::vector<std::string>{"ok"})
+            << files.filePath().toStdString();
     return rows;
 }
 
