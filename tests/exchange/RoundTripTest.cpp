@@ -13,6 +13,7 @@ namespace giggle {
 namespace {
 
 using namespace Qt::StringLiterals;
+using std::string_literals::operator""s;
 
 /// What the exchange file's description says about one text: what comes back, and as unset when it is empty.
 std::string changedOnTheWay(const std::optional<std::string>& text, bool isJoke)
@@ -65,27 +66,14 @@ private:
 
     std::optional<std::string> randomText(bool isJoke)
     {
-        static const std::vector<std::string> pieces = {"a",
-                                                        "'",
-                                                        "\"",
-                                                        "@",
-                                                        "#",
-                                                        "@#@",
-                                                        "~#~",
-                                                        "~",
-                                                        " ",
-                                                        "\t",
-                                                        std::string(1, '\0'),
-                                                        "\xC3\xA9",
-                                                        "\xF0\x9F\x98\x80",
-                                                        "[CATEGORY]",
-                                                        "\n",
-                                                        "^"};
+        static const std::string pieces[] = {"a",          "'",          "\"", "@",  "#",   "@#@",
+                                             "~#~",        "~",          " ",  "\t", "\0"s, "\u00e9",
+                                             "\U0001F600", "[CATEGORY]", "\n", "^"};
         if (below(8) == 0)
             return std::nullopt;
         std::string text;
         for (std::size_t i = below(12); i > 0; --i)
-            text += pieces[below(isJoke ? pieces.size() : pieces.size() - 2)];
+            text += pieces[below(std::size(pieces) - (isJoke ? 0 : 2))];
         return text;
     }
 

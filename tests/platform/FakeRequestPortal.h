@@ -35,15 +35,15 @@ public:
     {
         if (message.interface() == QLatin1StringView("org.freedesktop.DBus.Properties"))
             return tellVersion(message);
-        if (message.member() == QLatin1StringView("Close")) {
-            method = message.member();
-            return true;
-        }
         interface = message.interface();
         method = message.member();
+        if (method == QLatin1StringView("Close"))
+            return true;
         options = qdbus_cast<QVariantMap>(message.arguments().last());
-        if (message.arguments().size() == 3)
-            takeSubject(message.arguments().at(1));
+        if (const QVariant subject = message.arguments().at(1); subject.canConvert<QDBusUnixFileDescriptor>())
+            take(subject.value<QDBusUnixFileDescriptor>());
+        else
+            title = subject.toString();
         for (const auto& file :
              qdbus_cast<QList<QDBusUnixFileDescriptor>>(options.take(QStringLiteral("attachment_fds"))))
             take(file);
@@ -91,14 +91,6 @@ private:
     }
 
     static QString service() { return QStringLiteral("org.freedesktop.portal.Desktop"); }
-
-    void takeSubject(const QVariant& subject)
-    {
-        if (subject.canConvert<QDBusUnixFileDescriptor>())
-            take(subject.value<QDBusUnixFileDescriptor>());
-        else
-            title = subject.toString();
-    }
 
     void take(const QDBusUnixFileDescriptor& descriptor)
     {

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The services that have too few rules for a file of their own.
-#include "platform/linux/BundleResources.h"
 #include "platform/linux/DesktopNotification.h"
 #include "platform/linux/LinuxFonts.h"
 #include "platform/linux/LinuxStoreReview.h"
 #include "tests/platform/PrivateBus.h"
 #include "tests/platform/SpinUntil.h"
-#include "tests/support/CollectionFolder.h"
 
 #include <QDBusVirtualObject>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFontInfo>
 #include <QWindow>
@@ -43,22 +40,6 @@ TEST(LinuxFontsTest, NamesResolveToInstalledFamiliesAndUnknownOnesToNone)
     for (const QString& family : families)
         EXPECT_TRUE(fonts.font(family, 15.0)) << qPrintable(family);
     EXPECT_EQ(families.removeDuplicates(), 0);
-}
-
-TEST(BundleResourcesTest, EarlierFoldersWinAndMissingOnesAreSkipped)
-{
-    const CollectionFolder first;
-    const CollectionFolder second;
-    const QString both = u"both.txt"_s;
-    const QString folder = u"folder.txt"_s;
-    for (const QString& path : {first.filePath(both), second.filePath(both), second.filePath(folder)})
-        writeBytes(path, {});
-    ASSERT_TRUE(QDir(first.path()).mkdir(folder));
-    const BundleResources resources({u"/nonexistent"_s, first.path(), second.path()});
-    const QString txt = u"txt"_s;
-    EXPECT_EQ(resources.pathForResource(u"both"_s, txt), first.filePath(both));
-    EXPECT_EQ(resources.pathForResource(u"folder"_s, txt), second.filePath(folder));
-    EXPECT_EQ(resources.pathForResource(u"both"_s, u"pdf"_s), std::nullopt);
 }
 
 TEST(LinuxStoreReviewTest, TheSceneIsInFrontOnceTheApplicationIs)

@@ -15,8 +15,6 @@ namespace giggle {
 
 namespace {
 
-constexpr std::nullopt_t WithoutScene = std::nullopt;
-
 class ReviewServiceTest : public testing::Test {
 protected:
     ReviewServiceTest()
@@ -32,14 +30,10 @@ protected:
         ::tzset();
     }
 
-    [[nodiscard]] QString preferenceFile() const
-    {
-        return folder.filePath(QStringLiteral("preferences.json"));
-    }
-
     CollectionFolder folder;
+    QString preferenceFile = folder.filePath(QStringLiteral("preferences.json"));
     FakeStoreReview store;
-    Preferences defaults{preferenceFile()};
+    Preferences defaults{preferenceFile};
     QDateTime now = utc("2026-11-21T10:00:00Z");
     ReviewService service{defaults, store, [this] { return now; }};
 
@@ -71,7 +65,7 @@ TEST_F(ReviewServiceTest, AsksOnceInSevenDaysOfTheCalendar)
         now = utc(c.now);
         service.requestReviewIfDue();
         EXPECT_EQ(store.requests.size(), c.isDue ? 1U : 0U);
-        EXPECT_EQ(Preferences(preferenceFile()).date(PreferenceKeys::ReviewServiceLastRequest),
+        EXPECT_EQ(Preferences(preferenceFile).date(PreferenceKeys::ReviewServiceLastRequest),
                   c.isDue ? now : last);
     }
     defaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("no date"));
@@ -82,17 +76,18 @@ TEST_F(ReviewServiceTest, TheRequestSuitsTheSystemAndTheMomentIsRememberedAnyway
 {
     using enum StoreReview::ActivationState;
     using Scenes = std::vector<StoreReview::Scene>;
+    using Requests = std::vector<std::optional<int>>; // the scene that each names
     const Scenes behind{{1, ForegroundInactive}, {2, Background}};
     const Scenes inFront{{1, Background}, {2, ForegroundActive}, {3, ForegroundActive}};
     const Scenes noWindow{{1, ForegroundActive, false}, {2, ForegroundActive}};
+    const Requests anywhere{std::nullopt};
 
     const struct {
         int version;
         Scenes scenes;
-        std::vector<std::optional<int>> requests; ///< The scene that each names.
-    } cases[] = {{12, {}, {WithoutScene}}, {13, behind, {}},   {13, inFront, {WithoutScene}},
-                 {13, noWindow, {}},       {14, {}, {}},       {14, behind, {}},
-                 {14, inFront, {2}},       {14, noWindow, {}}, {15, inFront, {2}}};
+        Requests requests;
+    } cases[] = {{12, {}, anywhere}, {13, behind, {}},   {13, inFront, anywhere}, {13, noWindow, {}},
+                 {14, behind, {}},   {14, inFront, {2}}, {14, noWindow, {}}};
 
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "version " << c.version << ", " << c.scenes.size() << " scenes");

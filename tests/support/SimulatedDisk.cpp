@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/SimulatedDisk.h"
 
+#include "tests/support/CollectionFolder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cerrno>
+
+#include <fcntl.h>
 
 namespace giggle {
 
@@ -48,7 +51,7 @@ struct SimulatedDisk::File {
     {
         QByteArray content = durable;
         for (const Write& write : unsynced) {
-            if (write.isTruncation || write.bytes.isEmpty()) {
+            if (write.isTruncation) {
                 if (random() % 2)
                     write.applyTo(content);
                 continue;
@@ -76,10 +79,8 @@ SimulatedDisk::SimulatedDisk(const QString& folder) : m_folder(QFileInfo(folder)
     for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
         if (!isModelled(name))
             continue;
-        QFile file(QDir(folder).filePath(name));
-        if (file.open(QIODevice::ReadOnly))
-            m_live[name] = std::make_shared<File>(File{file.readAll(), {}, {}});
-        m_live[name]->live = m_live[name]->durable;
+        const QByteArray bytes = readBytes(QDir(folder).filePath(name));
+        m_live[name] = std::make_shared<File>(File{bytes, bytes, {}});
     }
     m_durable = m_live;
     s_current = this;
@@ -115,19 +116,16 @@ SimulatedDisk::Image SimulatedDisk::afterPowerCut(Unsynced unsynced, std::mt1993
     return image;
 }
 
-SimulatedDisk::Outcome SimulatedDisk::nextCall(bool isRead, bool grows, bool isWrite)
+SimulatedDisk::Outcome SimulatedDisk::nextCall(Kind kind, bool grows)
 {
-    if (m_observer && !isRead && !m_isObserving) {
-        m_isObserving = true;
+    if (m_observer && kind != Kind::Read)
         m_observer();
-        m_isObserving = false;
-    }
-    if (isRead && !m_countsReads)
+    if (kind == Kind::Read && !m_countsReads)
         return Outcome::Normal;
     ++m_calls;
-    m_error = m_fault == Fault::NoSpace ? ENOSPC : m_fault == Fault::Interrupted ? EINTR : EIO;
     if (m_failAt == 0)
         return Outcome::Normal;
+    const bool isWrite = kind == Kind::Write;
     if (m_nextWriteFails && isWrite && grows) {
         m_nextWriteFails = m_lasting == Lasting::FromThenOn;
         return Outcome::Fails;
@@ -168,45 +166,30 @@ void SimulatedDisk::change(EntryChange change)
     m_unsyncedChanges.push_back(std::move(change));
 }
 
-void SimulatedDisk::opened(int descriptor, const QString& name, bool isTruncated)
+void SimulatedDisk::opened(int descriptor, const QString& name, int flags)
 {
-    if (name.isEmpty() || !isModelled(name)) {
-        m_files[descriptor] = name.isEmpty() ? nullptr : std::make_shared<File>();
-        return;
+    const bool isUnnamed = (flags & O_TMPFILE) == O_TMPFILE;
+    FilePointer file = name.isEmpty() && !isUnnamed ? nullptr : std::make_shared<File>();
+    if (file && !isUnnamed && isModelled(name)) {
+        if (!m_live.contains(name))
+            change({{}, name, file});
+        file = m_live[name];
+        if (flags & O_TRUNC && !file->live.isEmpty())
+            file->change({0, {}, true});
     }
-    if (!m_live.contains(name))
-        change({{}, name, std::make_shared<File>()});
-    const FilePointer& file = m_live[name];
-    if (isTruncated && !file->live.isEmpty())
-        file->change({0, {}, true});
     m_files[descriptor] = file;
 }
 
-void SimulatedDisk::openedUnnamed(int descriptor)
+void SimulatedDisk::changed(int descriptor, qsizetype offset, const QByteArray& bytes, bool isTruncation)
 {
-    m_files[descriptor] = std::make_shared<File>();
-}
-
-void SimulatedDisk::wrote(int descriptor, off_t offset, const char* bytes, ssize_t count)
-{
-    if (const auto file = m_files.find(descriptor); file != m_files.end() && count > 0)
-        file->second->change({offset, QByteArray(bytes, count)});
-}
-
-void SimulatedDisk::truncated(int descriptor, off_t size)
-{
-    if (const auto file = m_files.find(descriptor); file != m_files.end())
-        file->second->change({size, {}, true});
+    m_files[descriptor]->change({offset, bytes, isTruncation});
 }
 
 void SimulatedDisk::synced(int descriptor)
 {
-    const auto file = m_files.find(descriptor);
-    if (file == m_files.end())
-        return;
-    if (file->second) {
-        file->second->durable = file->second->live;
-        file->second->unsynced.clear();
+    if (const FilePointer file = m_files[descriptor]) {
+        file->durable = file->live;
+        file->unsynced.clear();
     } else {
         m_durable = m_live;
         m_unsyncedChanges.clear();

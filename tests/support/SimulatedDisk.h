@@ -10,8 +10,6 @@
 #include <random>
 #include <vector>
 
-#include <sys/types.h>
-
 namespace giggle {
 
 /// While it lives, it stands between this program and the system's calls on the files of one folder: the
@@ -73,18 +71,18 @@ private:
         FilePointer file;
     };
 
+    enum class Kind { Read, Write, Other };
+
     /// What is to become of a call.
     enum class Outcome { Normal, Fails, FailsAfterwards, ComesOutShort };
 
-    [[nodiscard]] Outcome nextCall(bool isRead, bool grows, bool isWrite);
+    [[nodiscard]] Outcome nextCall(Kind kind, bool grows);
     [[nodiscard]] QString nameOf(const char* path) const;
     [[nodiscard]] static bool isModelled(const QString& name);
     void applyTo(Entries& entries, const EntryChange& change) const;
     void change(EntryChange change);
-    void opened(int descriptor, const QString& name, bool isTruncated);
-    void openedUnnamed(int descriptor);
-    void wrote(int descriptor, off_t offset, const char* bytes, ssize_t count);
-    void truncated(int descriptor, off_t size);
+    void opened(int descriptor, const QString& name, int flags);
+    void changed(int descriptor, qsizetype offset, const QByteArray& bytes, bool isTruncation);
     void synced(int descriptor);
 
     static SimulatedDisk* s_current;
@@ -95,11 +93,9 @@ private:
     std::vector<EntryChange> m_unsyncedChanges;
     std::map<int, FilePointer> m_files; // by descriptor; no file behind the folder's own
     std::function<void()> m_observer;
-    bool m_isObserving = false;
 
     int m_calls = 0;
     int m_failAt = 0;
-    int m_error = 0;
     Fault m_fault = Fault::Error;
     Lasting m_lasting = Lasting::Once;
     bool m_countsReads = false;
