@@ -11,7 +11,6 @@ namespace giggle {
 
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
@@ -22,25 +21,6 @@ protected:
     const QString path = system.temporaryFolder.filePath(u"GiggleArchives.csv"_qs);
     ExportViewController screen{environment};
 };
-
-TEST_F(ExportViewControllerTest, ProgressFollowsTheJokesUpToTenOnceTheFileIsComplete)
-{
-    insertCategory(context(), "Puns");
-    for (const double fraction : {0.0, 0.1, 1.0}) {
-        while (context().count(Jokes::fetchRequest()) < std::size_t(fraction * 12))
-            addJoke({.joke = "x"});
-        screen.CreateUpdateFile();
-        EXPECT_EQ(screen.progressView(), 0);
-        EXPECT_TRUE(screen.isActivityIndicatorAnimating());
-        mainQueue.advance(999ms);
-        EXPECT_DOUBLE_EQ(screen.progressView(), fraction);
-        EXPECT_FALSE(screen.isActivityIndicatorAnimating());
-        EXPECT_TRUE(navigator.alerts.empty());
-        mainQueue.advance(1ms);
-        EXPECT_EQ(std::exchange(navigator.alerts, {}).at(0).message,
-                  u"Process Complete - File Ready to Save to Files or Email"_qs);
-    }
-}
 
 TEST_F(ExportViewControllerTest, TheFileIsShownSavedAndMailedByteForByte)
 {

@@ -132,21 +132,7 @@ TEST_F(PrintViewControllerTest, TheDocumentIsMailedAsAFile)
     screen.EmailFile();
     EXPECT_EQ(system.mailComposer.presented.size(), 2U);
     EXPECT_EQ(readBytes(file()), document);
-    ASSERT_EQ(navigator.alerts.size(), 1U);
-    EXPECT_EQ(navigator.alerts[0].title, u"Sending Email"_s);
-    EXPECT_EQ(navigator.alerts[0].message, u"Email not Setup or Unavailable"_s);
-}
-
-TEST_F(PrintViewControllerTest, SharesTheDocumentOnShowWhateverBecomesOfTheJokes)
-{
-    Jokes& joke = addJoke({.joke = "before"});
-    screen.viewDidLoad();
-    joke.setJoke("after");
-    screen.shareButtonClicked();
-    screen.PrintNotes();
-    EXPECT_EQ(std::get<SharedText>(system.shareSheet.presented.at(0).items.at(0)).text.toStdString(),
-              documentOf({"before"}));
-    EXPECT_EQ(system.printPanel.presented.at(0).text.toStdString(), documentOf({"before"}));
+    EXPECT_EQ(navigator.alerts.at(0).message, u"Email not Setup or Unavailable"_s);
 }
 
 } // namespace

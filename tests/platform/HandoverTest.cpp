@@ -28,16 +28,16 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_bus.isRunning());
-        set("PATH", u"bin"_s);
-        set("XDG_DATA_HOME", u"data"_s);
-        set("XDG_CONFIG_HOME", u"none"_s);
-        set("XDG_CONFIG_DIRS", u"none"_s);
+        for (const char* name :
+             {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
+            m_environment[name] = qgetenv(name);
+            qputenv(name, QFile::encodeName(m_folder.filePath(QLatin1StringView(name))));
+            QDir(m_folder.path()).mkdir(QLatin1StringView(name));
+        }
         // Of the system only what tells files apart.
-        set("XDG_DATA_DIRS", u"system"_s);
-        for (const QString& folder : {u"system"_s, u"bin"_s, u"data/applications"_s})
-            QDir(m_folder.path()).mkpath(folder);
-        QFile::link(u"/usr/share/mime"_s, m_folder.filePath(u"system/mime"_s));
-        writeBytes(m_folder.filePath(u"data/applications/program.desktop"_s),
+        QFile::link(u"/usr/share/mime"_s, m_folder.filePath(u"XDG_DATA_DIRS/mime"_s));
+        m_applications.mkpath(u"."_s);
+        writeBytes(m_applications.filePath(u"program.desktop"_s),
                    "[Desktop Entry]\nExec=/bin/sh\nMimeType=x-scheme-handler/mailto;text/plain;\n");
     }
 
@@ -47,17 +47,10 @@ protected:
             value.isNull() ? qunsetenv(name) : qputenv(name, value);
     }
 
-    /// Has a variable name a folder of the test until its end.
-    void set(const char* name, const QString& folder)
-    {
-        m_environment.emplace(name, qgetenv(name));
-        qputenv(name, QFile::encodeName(m_folder.filePath(folder)));
-    }
-
     /// A tool that writes its arguments down, one a line.
     void installTool(int status)
     {
-        const QString tool = m_folder.filePath(u"bin/xdg-email"_s);
+        const QString tool = m_folder.filePath(u"PATH/xdg-email"_s);
         writeBytes(tool, "#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.arguments\"\nexit " +
                              QByteArray::number(status) + "\n");
         QFile::setPermissions(tool, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -66,7 +59,7 @@ protected:
     /// What the tool has been asked since the last look.
     [[nodiscard]] QStringList toolArguments() const
     {
-        QFile file(m_folder.filePath(u"bin/xdg-email.arguments"_s));
+        QFile file(m_folder.filePath(u"PATH/xdg-email.arguments"_s));
         static_cast<void>(file.open(QIODevice::ReadOnly));
         const QString arguments = QString::fromUtf8(file.readAll());
         file.remove();
@@ -85,7 +78,9 @@ protected:
 
     PrivateBus m_bus;
     QTemporaryDir m_folder;
-    std::map<const char*, QByteArray> m_environment; ///< as it was
+    QDir m_applications{m_folder.filePath(u"XDG_DATA_HOME/applications"_s)};
+    /// As it was; meanwhile each has a folder of its own.
+    std::map<const char*, QByteArray> m_environment;
     FakeAddressOpener m_desktop;
     QString m_outgoing = m_folder.filePath(u"cache/outgoing"_s);
     LinuxMailComposer m_composer{m_desktop, m_outgoing, m_bus.connect()};
@@ -119,9 +114,8 @@ TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
     const QFileInfo& file = portal.files[0];
     EXPECT_EQ(file.fileName(), u"Jokes & more.csv"_s);
     EXPECT_TRUE(file.exists()) << "the mail program may read it later";
-    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    EXPECT_FALSE(file.permissions() & others);
-    EXPECT_FALSE(QFileInfo(file.path()).permissions() & (others | QFile::ExeGroup | QFile::ExeOther));
+    for (const QString& path : {file.filePath(), file.path()})
+        EXPECT_FALSE(QFile::permissions(path) & QFile::Permissions(0x77)) << "others may look into it";
 }
 
 TEST_F(HandoverTest, ThePortalGetsWhatItTakes)
@@ -190,8 +184,7 @@ TEST_F(HandoverTest, TheToolIsAskedWithoutAPortalAndForAProgramThatLosesItsFiles
     EXPECT_TRUE(m_desktop.opened.isEmpty());
 
     const FakeRequestPortal portal(m_bus.connect());
-    QDir applications(m_folder.filePath(u"data/applications"_s));
-    ASSERT_TRUE(applications.rename(u"program.desktop"_s, u"claws-mail.desktop"_s));
+    ASSERT_TRUE(m_applications.rename(u"program.desktop"_s, u"claws-mail.desktop"_s));
     EXPECT_EQ(compose(exampleMail()), QString());
     EXPECT_TRUE(toolArguments().contains(u"--attach"_s));
     EXPECT_TRUE(portal.method.isEmpty());
@@ -211,7 +204,7 @@ TEST_F(HandoverTest, WithoutAToolTheUserLearnsThatTheFileStayed)
     EXPECT_EQ(compose({}), u"No mail program could be opened."_s);
     m_desktop.canOpen = true;
     EXPECT_TRUE(m_composer.canSendMail());
-    QDir(m_folder.filePath(u"data"_s)).removeRecursively();
+    m_applications.removeRecursively();
     EXPECT_FALSE(m_composer.canSendMail());
     EXPECT_EQ(compose({}), u"No mail program could be opened."_s);
 }

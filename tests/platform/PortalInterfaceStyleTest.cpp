@@ -125,7 +125,7 @@ TEST_F(PortalInterfaceStyleTest, FollowsTheWishesForContrastAndStillness)
 TEST_F(PortalInterfaceStyleTest, WithoutAPortalThePaletteDecides)
 {
     setPaletteDark(true);
-    PortalInterfaceStyle style(QDBusConnection::sessionBus());
+    PortalInterfaceStyle style(QDBusConnection(u"none"_qs));
     EXPECT_EQ(style.current(), Style::Dark);
     setPaletteDark(false);
     EXPECT_EQ(style.current(), Style::Light);

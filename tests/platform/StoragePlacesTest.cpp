@@ -60,7 +60,8 @@ TEST(StoragePlacesTest, MissingFoldersAreMadeForTheUserAlone)
                       QDirIterator::Subdirectories);
     int made = 0;
     for (; each.hasNext(); ++made)
-        EXPECT_FALSE(QFile::permissions(each.next()) & QFile::Permissions(0x77)) << qPrintable(each.filePath());
+        EXPECT_FALSE(QFile::permissions(each.next()) & QFile::Permissions(0x77))
+            << qPrintable(each.filePath());
     EXPECT_EQ(made, 8);
     EXPECT_EQ(places.prepare(), std::nullopt);
 }

@@ -2,20 +2,16 @@
 #include "shell/ReviewService.h"
 
 #include "store/PreferenceKeys.h"
-#include "store/Preferences.h"
-#include "tests/support/CollectionFolder.h"
-#include "tests/support/FakePlatform.h"
+#include "tests/support/ScreenFixture.h"
 
 #include <csignal>
 #include <ctime>
-
-#include <gtest/gtest.h>
 
 namespace giggle {
 
 namespace {
 
-class ReviewServiceTest : public testing::Test {
+class ReviewServiceTest : public ScreenFixture {
 protected:
     ReviewServiceTest()
     {
@@ -30,12 +26,9 @@ protected:
         ::tzset();
     }
 
-    CollectionFolder folder;
-    QString preferenceFile = folder.filePath(QStringLiteral("preferences.json"));
-    FakeStoreReview store;
-    Preferences defaults{preferenceFile};
+    FakeStoreReview& store = system.storeReview;
     QDateTime now = utc("2026-11-21T10:00:00Z");
-    ReviewService service{defaults, store, [this] { return now; }};
+    ReviewService service{userDefaults, store, [this] { return now; }};
 
     static QDateTime utc(const char* text)
     {
@@ -65,10 +58,11 @@ TEST_F(ReviewServiceTest, AsksOnceInSevenDaysOfTheCalendar)
         now = utc(c.now);
         service.requestReviewIfDue();
         EXPECT_EQ(store.requests.size(), c.isDue ? 1U : 0U);
-        EXPECT_EQ(Preferences(preferenceFile).date(PreferenceKeys::ReviewServiceLastRequest),
+        EXPECT_EQ(Preferences(folder.filePath(QStringLiteral("preferences.json")))
+                      .date(PreferenceKeys::ReviewServiceLastRequest),
                   c.isDue ? now : last);
     }
-    defaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("no date"));
+    userDefaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("no date"));
     EXPECT_EQ(service.lastRequest(), std::nullopt);
 }
 

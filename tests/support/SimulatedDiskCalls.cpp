@@ -91,7 +91,8 @@ struct SimulatedDisk::Calls {
         return perform(
             outcome, [&] { return write(written); },
             [&](ssize_t done) {
-                s_current->changed(descriptor, offset, {static_cast<const char*>(bytes), done}, false);
+                s_current->change(
+                    {s_current->m_files[descriptor], offset, {static_cast<const char*>(bytes), done}});
             });
     }
 
@@ -104,8 +105,9 @@ struct SimulatedDisk::Calls {
     template <class Call>
     static int truncate(int descriptor, off_t size, Call call)
     {
-        return performOn(descriptor, Kind::Other, size > sizeOf(descriptor), call,
-                         [&](int) { s_current->changed(descriptor, size, {}, true); });
+        return performOn(descriptor, Kind::Other, size > sizeOf(descriptor), call, [&](int) {
+            s_current->change({s_current->m_files[descriptor], size});
+        });
     }
 
     static int sync(int descriptor, const char* name)
@@ -113,7 +115,7 @@ struct SimulatedDisk::Calls {
         auto* const real = system<int(int)>(name);
         return performOn(
             descriptor, Kind::Other, true, [&] { return real(descriptor); },
-            [&](int) { s_current->synced(descriptor); });
+            [&](int) { s_current->synced(s_current->m_files[descriptor]); });
     }
 
     /// Gives a file without a name one. @p from is its place among the descriptors of this process.
@@ -125,7 +127,7 @@ struct SimulatedDisk::Calls {
             return call();
         const int descriptor = QFileInfo(QFile::decodeName(from)).fileName().toInt();
         return performOn(descriptor, Kind::Other, true, call, [&](int) {
-            s_current->change({{}, name, s_current->m_files[descriptor]});
+            s_current->change({.file = s_current->m_files[descriptor], .made = name});
         });
     }
 
@@ -137,8 +139,9 @@ struct SimulatedDisk::Calls {
         if (removed.isEmpty())
             return call();
         return perform(disk->nextCall(Kind::Other, to != nullptr), call, [&](int) {
-            if (const auto file = disk->m_live.find(removed); file != disk->m_live.end())
-                disk->change({removed, to ? disk->nameOf(to) : QString(), file->second});
+            if (const auto file = disk->m_names.find(removed); file != disk->m_names.end())
+                disk->change(
+                    {.file = file->second, .removed = removed, .made = to ? disk->nameOf(to) : QString()});
         });
     }
 };
