@@ -35,9 +35,8 @@ public:
     {
         if (message.interface() == QLatin1StringView("org.freedesktop.DBus.Properties"))
             return tellVersion(message);
-        interface = message.interface();
-        method = message.member();
-        if (method == QLatin1StringView("Close"))
+        method = message.interface() + u'.' + message.member();
+        if (method.endsWith(QLatin1StringView(".Close")))
             return true;
         options = qdbus_cast<QVariantMap>(message.arguments().last());
         if (const QVariant subject = message.arguments().at(1); subject.canConvert<QDBusUnixFileDescriptor>())
@@ -71,9 +70,8 @@ public:
     QVariantMap results;
     QStringList interfaces; ///< those of which it tells the version
 
-    QString interface;
-    QString method;
-    QString title; ///< where it is asked for a dialog
+    QString method; ///< the last one, behind its interface
+    QString title;  ///< where it is asked for a dialog
     int versionsAsked = 0;
     QString handle;
     QVariantMap options; ///< less the token and the files

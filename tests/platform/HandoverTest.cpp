@@ -27,7 +27,6 @@ class HandoverTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_bus.isRunning());
         for (const char* name :
              {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
             m_environment[name] = qgetenv(name);
@@ -105,7 +104,7 @@ TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
 {
     FakeRequestPortal portal(m_bus.connect());
     EXPECT_EQ(compose(exampleMail()), QString());
-    EXPECT_EQ(portal.interface + u'.' + portal.method, u"org.freedesktop.portal.Email.ComposeEmail"_s);
+    EXPECT_EQ(portal.method, u"org.freedesktop.portal.Email.ComposeEmail"_s);
     EXPECT_EQ(portal.options, (QVariantMap{{u"address"_s, u"a+b@example.org"_s},
                                            {u"subject"_s, u"Zwölf Witze"_s},
                                            {u"body"_s, exampleMail().body}}));
@@ -231,7 +230,7 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
 
     const FakeRequestPortal portal(m_bus.connect());
     EXPECT_EQ(open(), QString());
-    EXPECT_EQ(portal.interface + u'.' + portal.method, u"org.freedesktop.portal.OpenURI.OpenFile"_s);
+    EXPECT_EQ(portal.method, u"org.freedesktop.portal.OpenURI.OpenFile"_s);
     EXPECT_EQ(portal.contents, QByteArrayList{"ha"});
     EXPECT_EQ(portal.options, (QVariantMap{{u"ask"_s, true}}));
 }

@@ -58,11 +58,7 @@ private:
 
 class PortalInterfaceStyleTest : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_bus.isRunning());
-        setPaletteDark(false);
-    }
+    void SetUp() override { setPaletteDark(false); }
 
     static void setPaletteDark(bool dark)
     {

@@ -4,6 +4,7 @@
 #include "tests/support/CollectionFolder.h"
 
 #include <csignal>
+#include <stdexcept>
 
 #include <sys/prctl.h>
 
@@ -23,6 +24,8 @@ PrivateBus::PrivateBus()
     while (!m_daemon.canReadLine() && m_daemon.waitForReadyRead(10000)) {
     }
     m_address = QString::fromLocal8Bit(m_daemon.readLine()).trimmed();
+    if (m_address.isEmpty())
+        throw std::runtime_error("no message bus can be started");
 }
 
 PrivateBus::~PrivateBus()

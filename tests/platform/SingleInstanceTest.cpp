@@ -47,7 +47,6 @@ TEST_F(SingleInstanceTest, TheFirstInstanceHoldsTheLockAndTheProgramsThatItStart
 TEST_F(SingleInstanceTest, SecondInstanceBringsTheFirstForwardAndHandsItsFileOver)
 {
     PrivateBus bus;
-    ASSERT_TRUE(bus.isRunning());
     SingleInstance first(m_lock, bus.connect());
     ASSERT_EQ(first.start(), Outcome::First);
     int activations = 0;
