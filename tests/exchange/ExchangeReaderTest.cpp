@@ -39,12 +39,12 @@ struct ReadingCase {
 };
 
 const std::vector<ReadingCase> readingCases = {
-    {"plain", "Dad^Mild^7^T^text", {"1|Dad|1|7|text|Mild"}},
-    {"empty fields stay unset", "^^7^^", {"1|NULL|NULL|7|NULL|NULL"}},
-    {"quotes alone are empty", "\"\"^\"^7^\"^\"\"", {"1|NULL|NULL|7|NULL|NULL"}},
-    {"one field", "Dad", {"1|Dad|NULL|NULL|NULL|NULL"}},
-    {"two fields", "Dad^Mild", {"1|Dad|NULL|NULL|NULL|Mild"}},
-    {"further fields are ignored", "Dad^Mild^7^F^a^b^c", {"1|Dad|0|7|a|Mild"}},
+    {"fewer and more fields",
+     "Dad\nDad^Mild\nDad^Mild^7^F^a^b^c",
+     {"1|Dad|NULL|NULL|NULL|NULL", "2|Dad|NULL|NULL|NULL|Mild", "3|Dad|0|7|a|Mild"}},
+    {"empty fields stay unset, as do quotes alone",
+     "^^7^^\n\"\"^\"^8^\"^\"\"",
+     {"1|NULL|NULL|7|NULL|NULL", "2|NULL|NULL|8|NULL|NULL"}},
     {"favorites",
      "^^1^F^\n^^2^f^\n^^3^T^\n^^4^no^\n^^5^ F^\n^^6^\"F\"^",
      {"1|NULL|0|1|NULL|NULL", "2|NULL|1|2|NULL|NULL", "3|NULL|1|3|NULL|NULL", "4|NULL|1|4|NULL|NULL",
@@ -53,26 +53,26 @@ const std::vector<ReadingCase> readingCases = {
      "^^+5\n^^007\n^^-0\n^^-32768\n^^+32767\n^^0000000000000000000000012",
      {"1|NULL|NULL|5|NULL|NULL", "2|NULL|NULL|7|NULL|NULL", "3|NULL|NULL|0|NULL|NULL",
       "4|NULL|NULL|-32768|NULL|NULL", "5|NULL|NULL|32767|NULL|NULL", "6|NULL|NULL|12|NULL|NULL"}},
-    {"escapes", "^^1^F^a@#@b~#~c@#@@#@", {"1|NULL|0|1|a\nb'c\n\n|NULL"}},
-    {"escapes that overlap", "^^1^F^@#@#@~#~#~@#", {"1|NULL|0|1|\n#@'#~@#|NULL"}},
-    {"escapes in names stay", "@#@^~#~^1", {"1|@#@|NULL|1|NULL|~#~"}},
+    {"escapes, also such that overlap; in names they stay",
+     "@#@^~#~^1^F^a@#@b~#~c@#@@#@\n^^2^F^@#@#@~#~#~@#",
+     {"1|@#@|0|1|a\nb'c\n\n|~#~", "2|NULL|0|2|\n#@'#~@#|NULL"}},
     {"removed marks uncover escapes", "^^1^F^@'#@ ~\"#~ '\"", {"1|NULL|0|1|\n ' |NULL"}},
     {"apostrophes and quotes go", "It's^\"Mi\"ld^1^F^'\"a\"'b", {"1|Its|0|1|ab|Mild"}},
-    {"blanks stay", " Dad ^\tMild^1^F^ a ", {"1| Dad |0|1| a |\tMild"}},
-    {"control characters stay", "a\0b^^1^F^\x01\0c"s, {"1|a\0b|0|1|\x01\0c|NULL"s}},
+    {"blanks and control characters stay",
+     " Dad ^\tMild^1^F^ a \na\0b^^2^F^\x01\0c"s,
+     {"1| Dad |0|1| a |\tMild", "2|a\0b|0|2|\x01\0c|NULL"s}},
     {"returns end lines",
      "^^1^F^a\rDad^Mild^2^F^b\r\n\r^^3^F^c",
      {"1|NULL|0|1|a|NULL", "2|Dad|0|2|b|Mild", "3|NULL|0|3|c|NULL"}},
     {"apostrophe before the line is looked at", "'\n^^1\n[CATE'GORY]\n^^2", {"1|NULL|NULL|1|NULL|NULL"}},
     {"same id in the file", "Dad^Mild^1^T^a\nPuns^^1^F^", {"1|Puns|0|1|a|Mild"}},
-    {"marker again", "^^1\n[GIGGLEARCHIVES]\n^^2", {"1|NULL|NULL|1|NULL|NULL", "2|NULL|NULL|2|NULL|NULL"}},
     {"markers with blanks are none",
      "[CATEGORY] \n[category]\n[RATING]",
      {"1|[CATEGORY] |NULL|NULL|NULL|NULL", "2|[category]|NULL|NULL|NULL|NULL",
       "3|[RATING]|NULL|NULL|NULL|NULL"}},
-    {"nothing behind the categories",
-     "^^1\n[CATEGORY]\nDad\n[GIGGLEARCHIVES]\n^^2",
-     {"1|NULL|NULL|1|NULL|NULL"}},
+    {"marker again, nothing behind the categories",
+     "^^1\n[GIGGLEARCHIVES]\n^^2\n[CATEGORY]\nDad\n[GIGGLEARCHIVES]\n^^3",
+     {"1|NULL|NULL|1|NULL|NULL", "2|NULL|NULL|2|NULL|NULL"}},
 };
 
 TEST(JokeLinesTest, GiveTheJokes)
@@ -134,15 +134,14 @@ TEST(ExchangeReaderStopTest, FieldThatIsNoIdEndsTheProgramAfterWhatIsAboveItWasS
 
 TEST_F(ExchangeReaderTest, ImportTakesNoNamesOver)
 {
-    const std::string document = "[GIGGLEARCHIVES]\n[CATEGORY]\nDad\n[RATING]\nMild";
-    m_reader.readCategories(document, NamesFilter::KeepsNothing);
-    EXPECT_FALSE(m_reader.wrongFile());
-    m_reader.readRatings(document, NamesFilter::KeepsNothing);
-    EXPECT_FALSE(m_reader.wrongFile());
-    m_reader.readCategories("[RATING]\nMild", NamesFilter::KeepsNothing);
-    EXPECT_TRUE(m_reader.wrongFile());
-    m_reader.readRatings("[CATEGORY]\nDad", NamesFilter::KeepsNothing);
-    EXPECT_TRUE(m_reader.wrongFile());
+    for (const auto& [document, isWrong] :
+         {std::pair("[GIGGLEARCHIVES]\n[CATEGORY]\nDad\n[RATING]\nMild", false),
+          std::pair("[GIGGLEARCHIVES]\nDad", true)}) {
+        m_reader.readCategories(document, NamesFilter::KeepsNothing);
+        EXPECT_EQ(m_reader.wrongFile(), isWrong);
+        m_reader.readRatings(document, NamesFilter::KeepsNothing);
+        EXPECT_EQ(m_reader.wrongFile(), isWrong);
+    }
     EXPECT_THAT(rows(), IsEmpty());
 }
 

@@ -35,15 +35,14 @@ public:
     {
         if (message.interface() == QLatin1StringView("org.freedesktop.DBus.Properties"))
             return tellVersion(message);
-        if (message.member() == QLatin1StringView("Close")) {
-            method = message.member();
+        method = message.interface() + u'.' + message.member();
+        if (method.endsWith(QLatin1StringView(".Close")))
             return true;
-        }
-        interface = message.interface();
-        method = message.member();
         options = qdbus_cast<QVariantMap>(message.arguments().last());
-        if (message.arguments().size() == 3)
-            takeSubject(message.arguments().at(1));
+        if (const QVariant subject = message.arguments().at(1); subject.canConvert<QDBusUnixFileDescriptor>())
+            take(subject.value<QDBusUnixFileDescriptor>());
+        else
+            title = subject.toString();
         for (const auto& file :
              qdbus_cast<QList<QDBusUnixFileDescriptor>>(options.take(QStringLiteral("attachment_fds"))))
             take(file);
@@ -71,9 +70,8 @@ public:
     QVariantMap results;
     QStringList interfaces; ///< those of which it tells the version
 
-    QString interface;
-    QString method;
-    QString title; ///< where it is asked for a dialog
+    QString method; ///< the last one, behind its interface
+    QString title;  ///< where it is asked for a dialog
     int versionsAsked = 0;
     QString handle;
     QVariantMap options; ///< less the token and the files
@@ -91,14 +89,6 @@ private:
     }
 
     static QString service() { return QStringLiteral("org.freedesktop.portal.Desktop"); }
-
-    void takeSubject(const QVariant& subject)
-    {
-        if (subject.canConvert<QDBusUnixFileDescriptor>())
-            take(subject.value<QDBusUnixFileDescriptor>());
-        else
-            title = subject.toString();
-    }
 
     void take(const QDBusUnixFileDescriptor& descriptor)
     {

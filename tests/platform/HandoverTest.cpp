@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <map>
 
@@ -26,17 +27,16 @@ class HandoverTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_bus.isRunning());
-        set("PATH", u"bin"_s);
-        set("XDG_DATA_HOME", u"data"_s);
-        set("XDG_CONFIG_HOME", u"none"_s);
-        set("XDG_CONFIG_DIRS", u"none"_s);
+        for (const char* name :
+             {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
+            m_environment[name] = qgetenv(name);
+            qputenv(name, QFile::encodeName(m_folder.filePath(QLatin1StringView(name))));
+            QDir(m_folder.path()).mkdir(QLatin1StringView(name));
+        }
         // Of the system only what tells files apart.
-        set("XDG_DATA_DIRS", u"system"_s);
-        QDir(m_folder.path()).mkdir(u"system"_s);
-        QFile::link(u"/usr/share/mime"_s, m_folder.filePath(u"system/mime"_s));
-        QDir(m_folder.path()).mkpath(u"data/applications"_s);
-        writeBytes(m_folder.filePath(u"data/applications/program.desktop"_s),
+        QFile::link(u"/usr/share/mime"_s, m_folder.filePath(u"XDG_DATA_DIRS/mime"_s));
+        m_applications.mkpath(u"."_s);
+        writeBytes(m_applications.filePath(u"program.desktop"_s),
                    "[Desktop Entry]\nExec=/bin/sh\nMimeType=x-scheme-handler/mailto;text/plain;\n");
     }
 
@@ -46,41 +46,30 @@ protected:
             value.isNull() ? qunsetenv(name) : qputenv(name, value);
     }
 
-    /// Has a variable name a folder of the test until its end.
-    void set(const char* name, const QString& folder)
-    {
-        m_environment.emplace(name, qgetenv(name));
-        qputenv(name, QFile::encodeName(m_folder.filePath(folder)));
-    }
-
     /// A tool that writes its arguments down, one a line.
     void installTool(int status)
     {
-        QDir(m_folder.path()).mkdir(u"bin"_s);
-        const QString tool = m_folder.filePath(u"bin/xdg-email"_s);
-        QFile::remove(tool);
+        const QString tool = m_folder.filePath(u"PATH/xdg-email"_s);
         writeBytes(tool, "#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.arguments\"\nexit " +
                              QByteArray::number(status) + "\n");
-        QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
+        QFile::setPermissions(tool, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
+    /// What the tool has been asked since the last look.
     [[nodiscard]] QStringList toolArguments() const
     {
-        QFile file(m_folder.filePath(u"bin/xdg-email.arguments"_s));
-        return file.open(QIODevice::ReadOnly)
-                   ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
-                   : QStringList();
-    }
-
-    std::function<void(const QString&)> answer()
-    {
-        return [this](const QString& failure) { m_answers.append(failure); };
+        QFile file(m_folder.filePath(u"PATH/xdg-email.arguments"_s));
+        static_cast<void>(file.open(QIODevice::ReadOnly));
+        const QString arguments = QString::fromUtf8(file.readAll());
+        file.remove();
+        return arguments.split(u'\n', Qt::SkipEmptyParts);
     }
 
     /// What the composer says of this mail; null when it says nothing.
     QString compose(const Mail& mail)
     {
-        m_composer.present(mail, answer());
+        m_answers.clear();
+        m_composer.present(mail, m_answer);
         EXPECT_TRUE(m_answers.isEmpty()) << "answered before the call returned";
         EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
         return m_answers.value(0);
@@ -88,11 +77,16 @@ protected:
 
     PrivateBus m_bus;
     QTemporaryDir m_folder;
-    std::map<const char*, QByteArray> m_environment; ///< as it was
+    QDir m_applications{m_folder.filePath(u"XDG_DATA_HOME/applications"_s)};
+    /// As it was; meanwhile each has a folder of its own.
+    std::map<const char*, QByteArray> m_environment;
     FakeAddressOpener m_desktop;
     QString m_outgoing = m_folder.filePath(u"cache/outgoing"_s);
     LinuxMailComposer m_composer{m_desktop, m_outgoing, m_bus.connect()};
     QStringList m_answers;
+    const std::function<void(const QString&)> m_answer = [this](const QString& failure) {
+        m_answers.append(failure);
+    };
 };
 
 Mail exampleMail()
@@ -110,7 +104,7 @@ TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
 {
     FakeRequestPortal portal(m_bus.connect());
     EXPECT_EQ(compose(exampleMail()), QString());
-    EXPECT_EQ(portal.interface + u'.' + portal.method, u"org.freedesktop.portal.Email.ComposeEmail"_s);
+    EXPECT_EQ(portal.method, u"org.freedesktop.portal.Email.ComposeEmail"_s);
     EXPECT_EQ(portal.options, (QVariantMap{{u"address"_s, u"a+b@example.org"_s},
                                            {u"subject"_s, u"Zwölf Witze"_s},
                                            {u"body"_s, exampleMail().body}}));
@@ -119,9 +113,8 @@ TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
     const QFileInfo& file = portal.files[0];
     EXPECT_EQ(file.fileName(), u"Jokes & more.csv"_s);
     EXPECT_TRUE(file.exists()) << "the mail program may read it later";
-    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    EXPECT_FALSE(file.permissions() & others);
-    EXPECT_FALSE(QFileInfo(file.path()).permissions() & (others | QFile::ExeGroup | QFile::ExeOther));
+    for (const QString& path : {file.filePath(), file.path()})
+        EXPECT_FALSE(QFile::permissions(path) & QFile::Permissions(0x77)) << "others may look into it";
 }
 
 TEST_F(HandoverTest, ThePortalGetsWhatItTakes)
@@ -138,7 +131,6 @@ TEST_F(HandoverTest, ThePortalGetsWhatItTakes)
     // No mail program would be reached by a body of this size, so it goes along as a file.
     mail = {};
     mail.body = u"é\n"_s.repeated(50'000);
-    m_answers.clear();
     EXPECT_EQ(compose(mail), QString());
     EXPECT_FALSE(portal.options.contains(u"body"_s));
     EXPECT_EQ(portal.contents, QByteArrayList{mail.body.toUtf8()});
@@ -148,32 +140,29 @@ TEST_F(HandoverTest, ThePortalsAnswerIsAwaited)
 {
     struct {
         const char* name;
+        std::optional<uint> response; ///< else it goes away
         bool isOld;
-        std::function<void(FakeRequestPortal&)> act;
         bool isToolAsked;
     } const cases[] = {
-        {"done", false, [](FakeRequestPortal& portal) { portal.respond(0); }, false},
-        {"a request with a name of its own", true, [](FakeRequestPortal& portal) { portal.respond(0); },
-         false},
-        {"cancelled by the user", false, [](FakeRequestPortal& portal) { portal.respond(1); }, false},
-        {"failed", false, [](FakeRequestPortal& portal) { portal.respond(2); }, true},
-        {"went away", false, [](FakeRequestPortal& portal) { portal.leave(); }, true},
+        {"done", 0, false, false},
+        {"a request with a name of its own", 0, true, false},
+        {"cancelled by the user", 1, false, false},
+        {"failed", 2, false, true},
+        {"went away", std::nullopt, false, true},
     };
 
+    installTool(0);
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
-        installTool(0);
-        QFile::remove(m_folder.filePath(u"bin/xdg-email.arguments"_s));
         m_answers.clear();
         FakeRequestPortal portal(m_bus.connect());
         portal.response.reset();
         portal.isOld = test.isOld;
-        m_composer.present(exampleMail(), answer());
+        m_composer.present(exampleMail(), m_answer);
         ASSERT_TRUE(spinUntil([&portal] { return !portal.handle.isEmpty(); }));
-        for (const QDeadlineTimer pause(100); !pause.hasExpired();)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        QTest::qWait(100);
         EXPECT_TRUE(m_answers.isEmpty());
-        test.act(portal);
+        test.response ? portal.respond(*test.response) : portal.leave();
         EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
         EXPECT_EQ(m_answers, QStringList{QString()});
         EXPECT_EQ(!toolArguments().isEmpty(), test.isToolAsked);
@@ -181,7 +170,7 @@ TEST_F(HandoverTest, ThePortalsAnswerIsAwaited)
     }
 }
 
-TEST_F(HandoverTest, WithoutAPortalTheToolIsAsked)
+TEST_F(HandoverTest, TheToolIsAskedWithoutAPortalAndForAProgramThatLosesItsFiles)
 {
     installTool(0);
     EXPECT_EQ(compose(exampleMail()), QString());
@@ -192,16 +181,11 @@ TEST_F(HandoverTest, WithoutAPortalTheToolIsAsked)
     EXPECT_TRUE(QFileInfo(arguments[2]).isFile());
     EXPECT_EQ(arguments[3], ExampleAddress);
     EXPECT_TRUE(m_desktop.opened.isEmpty());
-}
 
-TEST_F(HandoverTest, AProgramThatLosesThePortalsFilesGetsThemFromTheTool)
-{
     const FakeRequestPortal portal(m_bus.connect());
-    installTool(0);
-    QDir applications(m_folder.filePath(QStringLiteral("data/applications")));
-    ASSERT_TRUE(applications.rename(QStringLiteral("program.desktop"), QStringLiteral("claws-mail.desktop")));
+    ASSERT_TRUE(m_applications.rename(u"program.desktop"_s, u"claws-mail.desktop"_s));
     EXPECT_EQ(compose(exampleMail()), QString());
-    EXPECT_TRUE(toolArguments().contains(QStringLiteral("--attach")));
+    EXPECT_TRUE(toolArguments().contains(u"--attach"_s));
     EXPECT_TRUE(portal.method.isEmpty());
 }
 
@@ -216,13 +200,11 @@ TEST_F(HandoverTest, WithoutAToolTheUserLearnsThatTheFileStayed)
     EXPECT_TRUE(path.startsWith(m_outgoing));
 
     m_desktop.canOpen = false;
-    m_answers.clear();
     EXPECT_EQ(compose({}), u"No mail program could be opened."_s);
     m_desktop.canOpen = true;
     EXPECT_TRUE(m_composer.canSendMail());
-    QDir(m_folder.filePath(u"data"_s)).removeRecursively();
+    m_applications.removeRecursively();
     EXPECT_FALSE(m_composer.canSendMail());
-    m_answers.clear();
     EXPECT_EQ(compose({}), u"No mail program could be opened."_s);
 }
 
@@ -232,7 +214,7 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
     const QString path = m_folder.filePath(u"a b#.txt"_s);
     const auto open = [&] {
         m_answers.clear();
-        opener.open(path, answer());
+        opener.open(path, m_answer);
         EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
         return m_answers.value(0);
     };
@@ -248,7 +230,7 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
 
     const FakeRequestPortal portal(m_bus.connect());
     EXPECT_EQ(open(), QString());
-    EXPECT_EQ(portal.interface + u'.' + portal.method, u"org.freedesktop.portal.OpenURI.OpenFile"_s);
+    EXPECT_EQ(portal.method, u"org.freedesktop.portal.OpenURI.OpenFile"_s);
     EXPECT_EQ(portal.contents, QByteArrayList{"ha"});
     EXPECT_EQ(portal.options, (QVariantMap{{u"ask"_s, true}}));
 }

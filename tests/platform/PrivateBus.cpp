@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/platform/PrivateBus.h"
 
-#include <QFile>
+#include "tests/support/CollectionFolder.h"
 
 #include <csignal>
+#include <stdexcept>
 
 #include <sys/prctl.h>
 
@@ -12,23 +13,10 @@ namespace giggle {
 PrivateBus::PrivateBus()
 {
     const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
-    QFile file(configuration);
-    if (!file.open(QIODevice::WriteOnly))
-        return;
-    file.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:dir=)" +
-               m_folder.path().toUtf8() + R"(</listen>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)");
-    file.close();
+    writeBytes(configuration, "<busconfig><type>session</type><listen>unix:dir=" + m_folder.path().toUtf8() +
+                                  R"(</listen><policy context="default">
+                                     <allow send_destination="*" eavesdrop="true"/>
+                                     <allow eavesdrop="true"/><allow own="*"/></policy></busconfig>)");
     m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     m_daemon.start(QStringLiteral("dbus-daemon"),
                    {QStringLiteral("--config-file=") + configuration, QStringLiteral("--nofork"),
@@ -36,6 +24,8 @@ PrivateBus::PrivateBus()
     while (!m_daemon.canReadLine() && m_daemon.waitForReadyRead(10000)) {
     }
     m_address = QString::fromLocal8Bit(m_daemon.readLine()).trimmed();
+    if (m_address.isEmpty())
+        throw std::runtime_error("no message bus can be started");
 }
 
 PrivateBus::~PrivateBus()

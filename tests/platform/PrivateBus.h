@@ -11,12 +11,10 @@ namespace giggle {
 /// A message bus of its own, without any service, that lives as long as the object.
 class PrivateBus {
 public:
-    /// Check `isRunning` afterwards.
+    /// Throws std::runtime_error when it cannot be started.
     PrivateBus();
 
     ~PrivateBus();
-
-    bool isRunning() const { return !m_address.isEmpty(); }
 
     /// A new connection, as another process would have one.
     QDBusConnection connect();

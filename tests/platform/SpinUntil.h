@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include <QTest>
 
 namespace giggle {
 
@@ -10,13 +9,7 @@ namespace giggle {
 template <typename Condition>
 bool spinUntil(Condition condition)
 {
-    const QDeadlineTimer deadline(10000);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    }
-    return true;
+    return QTest::qWaitFor(condition, 10'000);
 }
 
 } // namespace giggle

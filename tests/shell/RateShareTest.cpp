@@ -14,20 +14,16 @@ protected:
     /// What came of pressing a row, in words.
     QStringList outcomeOf(RateShareTableViewController& screen, int row)
     {
-        navigator.alerts.clear();
-        system.addressOpener.opened.clear();
-        system.shareSheet.presented.clear();
-        system.mailComposer.presented.clear();
         screen.didSelectRow(row);
         QStringList outcome;
-        for (const QUrl& address : system.addressOpener.opened)
+        for (const QUrl& address : std::exchange(system.addressOpener.opened, {}))
             outcome << u"opens "_qs + address.toString();
-        for (const FakeShareSheet::Request& request : system.shareSheet.presented)
+        for (const FakeShareSheet::Request& request : std::exchange(system.shareSheet.presented, {}))
             for (const SharedItem& item : request.items)
                 outcome << u"shares "_qs + std::get<SharedText>(item).text;
-        for (const Mail& mail : system.mailComposer.presented)
+        for (const Mail& mail : std::exchange(system.mailComposer.presented, {}))
             outcome << u"mails "_qs + mail.recipients.join(u',') + mail.subject + mail.body;
-        for (const Alert& alert : navigator.alerts)
+        for (const Alert& alert : std::exchange(navigator.alerts, {}))
             outcome << u"says "_qs + alert.title + u'|' + alert.message + u'|' + alert.actions.front().title;
         return outcome;
     }
@@ -37,29 +33,29 @@ TEST_F(RateShareTest, EachRowDoesItsOwnWithAndWithoutMessagesAndMail)
 {
     RateShareTableViewController screen(environment, QUrl(u"https://store.example/app/id7?x=1"_qs),
                                         u"http://site.example/"_qs);
-    const QStringList nothing;
     const QStringList noMessages{
         u"says Can't Send Text Message|Your Device is not able to send text messages.|OK"_qs};
+
+    const QStringList rate{u"opens https://store.example/app/id7?action=write-review"_qs};
+    const QStringList visit{u"opens http://site.example/"_qs};
 
     const struct {
         int row;
         QStringList able;
         QStringList unable;
-    } cases[] = {{0,
-                  {u"opens https://store.example/app/id7?action=write-review"_qs},
-                  {u"opens https://store.example/app/id7?action=write-review"_qs}},
+    } cases[] = {{0, rate, rate},
                  {1, {u"shares https://store.example/app/id7?x=1"_qs}, noMessages},
                  {2,
                   {u"shares Click the following link to visit the Giggle Archives App website"_qs,
                    u"shares http://site.example/"_qs},
                   noMessages},
-                 {3, {u"opens http://site.example/"_qs}, {u"opens http://site.example/"_qs}},
+                 {3, visit, visit},
                  {4,
                   {u"mails "_qs + DeploymentAddresses::feedbackMailbox() +
                    u"<p>Enter your comments about the Giggle Archives app below: </p>"_qs},
                   {u"says Can't Send Email|Your Device is not able to send Email.|OK"_qs}},
-                 {5, nothing, nothing},
-                 {-1, nothing, nothing}};
+                 {5, {}, {}},
+                 {-1, {}, {}}};
 
     for (const auto& each : cases) {
         SCOPED_TRACE(each.row);

@@ -2,22 +2,16 @@
 #include "shell/ReviewService.h"
 
 #include "store/PreferenceKeys.h"
-#include "store/Preferences.h"
-#include "tests/support/CollectionFolder.h"
-#include "tests/support/FakePlatform.h"
+#include "tests/support/ScreenFixture.h"
 
 #include <csignal>
 #include <ctime>
-
-#include <gtest/gtest.h>
 
 namespace giggle {
 
 namespace {
 
-constexpr std::nullopt_t WithoutScene = std::nullopt;
-
-class ReviewServiceTest : public testing::Test {
+class ReviewServiceTest : public ScreenFixture {
 protected:
     ReviewServiceTest()
     {
@@ -32,16 +26,9 @@ protected:
         ::tzset();
     }
 
-    [[nodiscard]] QString preferenceFile() const
-    {
-        return folder.filePath(QStringLiteral("preferences.json"));
-    }
-
-    CollectionFolder folder;
-    FakeStoreReview store;
-    Preferences defaults{preferenceFile()};
+    FakeStoreReview& store = system.storeReview;
     QDateTime now = utc("2026-11-21T10:00:00Z");
-    ReviewService service{defaults, store, [this] { return now; }};
+    ReviewService service{userDefaults, store, [this] { return now; }};
 
     static QDateTime utc(const char* text)
     {
@@ -71,10 +58,11 @@ TEST_F(ReviewServiceTest, AsksOnceInSevenDaysOfTheCalendar)
         now = utc(c.now);
         service.requestReviewIfDue();
         EXPECT_EQ(store.requests.size(), c.isDue ? 1U : 0U);
-        EXPECT_EQ(Preferences(preferenceFile()).date(PreferenceKeys::ReviewServiceLastRequest),
+        EXPECT_EQ(Preferences(folder.filePath(QStringLiteral("preferences.json")))
+                      .date(PreferenceKeys::ReviewServiceLastRequest),
                   c.isDue ? now : last);
     }
-    defaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("no date"));
+    userDefaults.setText(PreferenceKeys::ReviewServiceLastRequest, QStringLiteral("no date"));
     EXPECT_EQ(service.lastRequest(), std::nullopt);
 }
 
@@ -82,17 +70,18 @@ TEST_F(ReviewServiceTest, TheRequestSuitsTheSystemAndTheMomentIsRememberedAnyway
 {
     using enum StoreReview::ActivationState;
     using Scenes = std::vector<StoreReview::Scene>;
+    using Requests = std::vector<std::optional<int>>; // the scene that each names
     const Scenes behind{{1, ForegroundInactive}, {2, Background}};
     const Scenes inFront{{1, Background}, {2, ForegroundActive}, {3, ForegroundActive}};
     const Scenes noWindow{{1, ForegroundActive, false}, {2, ForegroundActive}};
+    const Requests anywhere{std::nullopt};
 
     const struct {
         int version;
         Scenes scenes;
-        std::vector<std::optional<int>> requests; ///< The scene that each names.
-    } cases[] = {{12, {}, {WithoutScene}}, {13, behind, {}},   {13, inFront, {WithoutScene}},
-                 {13, noWindow, {}},       {14, {}, {}},       {14, behind, {}},
-                 {14, inFront, {2}},       {14, noWindow, {}}, {15, inFront, {2}}};
+        Requests requests;
+    } cases[] = {{12, {}, anywhere}, {13, behind, {}},   {13, inFront, anywhere}, {13, noWindow, {}},
+                 {14, behind, {}},   {14, inFront, {2}}, {14, noWindow, {}}};
 
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "version " << c.version << ", " << c.scenes.size() << " scenes");

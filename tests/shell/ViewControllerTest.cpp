@@ -23,6 +23,13 @@ protected:
         system.resources.paths.insert(u"GiggleArchives.txt"_s, path);
     }
 
+    void startWith(const QString& otherPreferences)
+    {
+        Preferences preferences(otherPreferences);
+        ScreenEnvironment other{appDelegate, preferences, selection, navigator, mainQueue, system.platform};
+        ViewController(other).viewDidLoad();
+    }
+
     [[nodiscard]] bool isFlagStored() const
     {
         return Preferences(preferenceFile).boolean(PreferenceKeys::HasBeenLaunchedBeforeFlag);
@@ -67,11 +74,8 @@ TEST_F(ViewControllerTest, AStarterFileThatCannotBeReadEndsTheProgramAfterTheFla
 
 TEST_F(ViewControllerTest, NothingIsSeededOverACollectionWhenTheFlagCannotBeStored)
 {
-    Preferences withoutPlace(folder.filePath(u"no such folder/preferences.json"_s));
-    ScreenEnvironment withoutStorage{appDelegate, withoutPlace, selection,
-                                     navigator,   mainQueue,    system.platform};
     addJoke({.id = 1, .joke = "mine"});
-    ViewController(withoutStorage).viewDidLoad();
+    startWith(folder.filePath(u"no such folder/preferences.json"_s));
     EXPECT_EQ(liveRows(context()).size(), 1U);
     EXPECT_TRUE(navigator.alerts.empty());
 }
@@ -79,9 +83,7 @@ TEST_F(ViewControllerTest, NothingIsSeededOverACollectionWhenTheFlagCannotBeStor
 TEST_F(ViewControllerTest, AFlagThatDamagedPreferencesProveIsStored)
 {
     writeBytes(preferenceFile, "torn");
-    Preferences damaged(preferenceFile);
-    ScreenEnvironment afterDamage{appDelegate, damaged, selection, navigator, mainQueue, system.platform};
-    ViewController(afterDamage).viewDidLoad();
+    startWith(preferenceFile);
     QFile::remove(preferenceFile + u".damaged"_s);
     EXPECT_TRUE(isFlagStored());
 }

@@ -26,8 +26,6 @@ namespace giggle {
 
 class FakeInterfaceStyle : public InterfaceStyle {
 public:
-    FakeInterfaceStyle() = default;
-
     [[nodiscard]] Style current() const override { return m_style; }
 
     [[nodiscard]] bool hasHighContrast() const override { return m_hasHighContrast; }
@@ -83,16 +81,9 @@ public:
     QMap<QString, QString> paths;
 };
 
-class FakeWindowActivation : public WindowActivation {
-public:
-    FakeWindowActivation() = default;
-};
-
 /// Grants every request, and leaves it to the window to show the invitation.
 class FakeStoreReview : public StoreReview {
 public:
-    FakeStoreReview() = default;
-
     [[nodiscard]] int systemMajorVersion() const override { return majorVersion; }
 
     [[nodiscard]] std::vector<Scene> connectedScenes() const override { return scenes; }
@@ -221,7 +212,7 @@ struct FakePlatform {
     FakeInterfaceStyle interfaceStyle;
     FakeFonts fonts;
     FakeResources resources;
-    FakeWindowActivation windowActivation;
+    WindowActivation windowActivation;
     FakeStoreReview storeReview;
     FakeAddressOpener addressOpener;
     FakeMailComposer mailComposer;

@@ -7,31 +7,29 @@
 
 namespace giggle {
 
-void RawDatabase::Closer::operator()(sqlite3* handle) const
-{
-    sqlite3_close_v2(handle);
-}
-
-RawDatabase::RawDatabase(const QString& path)
+RawDatabase::RawDatabase(const QString& path) : m_handle(nullptr, sqlite3_close_v2)
 {
     sqlite3* handle = nullptr;
     const int result = sqlite3_open(path.toUtf8().constData(), &handle);
     m_handle.reset(handle);
+    check(result);
+}
+
+void RawDatabase::check(int result) const
+{
     if (result != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(handle));
+        throw std::runtime_error(sqlite3_errmsg(m_handle.get()));
 }
 
 void RawDatabase::execute(const std::string& sql)
 {
-    if (sqlite3_exec(m_handle.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(m_handle.get()));
+    check(sqlite3_exec(m_handle.get(), sql.c_str(), nullptr, nullptr, nullptr));
 }
 
 std::vector<std::string> RawDatabase::rows(const std::string& sql)
 {
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(m_handle.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(m_handle.get()));
+    check(sqlite3_prepare_v2(m_handle.get(), sql.c_str(), -1, &statement, nullptr));
     std::vector<std::string> rows;
     while (sqlite3_step(statement) == SQLITE_ROW) {
         std::string row;
@@ -42,8 +40,7 @@ std::vector<std::string> RawDatabase::rows(const std::string& sql)
         }
         rows.push_back(row);
     }
-    if (sqlite3_finalize(statement) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(m_handle.get()));
+    check(sqlite3_finalize(statement));
     return rows;
 }
 

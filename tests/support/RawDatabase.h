@@ -24,11 +24,9 @@ public:
     [[nodiscard]] std::vector<std::string> rows(const std::string& sql);
 
 private:
-    struct Closer {
-        void operator()(sqlite3* handle) const;
-    };
+    void check(int result) const;
 
-    std::unique_ptr<sqlite3, Closer> m_handle;
+    std::unique_ptr<sqlite3, int (*)(sqlite3*)> m_handle;
 };
 
 } // namespace giggle

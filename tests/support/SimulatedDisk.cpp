@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/SimulatedDisk.h"
 
+#include "tests/support/CollectionFolder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cerrno>
+
+#include <fcntl.h>
 
 namespace giggle {
 
@@ -14,74 +17,41 @@ namespace {
 
 constexpr qsizetype SectorSize = 512;
 
-/// A change of a file's bytes, or of its size alone.
-struct Write {
-    qsizetype offset = 0;
-    QByteArray bytes;
-    bool isTruncation = false;
-
-    void applyTo(QByteArray& content) const
-    {
-        if (content.size() < offset)
-            content.append(QByteArray(offset - content.size(), '\0'));
-        if (isTruncation)
-            content.truncate(offset);
-        else
-            content.replace(offset, bytes.size(), bytes);
-    }
-};
+/// Names that count as lost.
+bool isShared(const QString& name)
+{
+    return name.endsWith(QLatin1StringView("-shm"));
+}
 
 } // namespace
 
-struct SimulatedDisk::File {
-    QByteArray durable;
-    QByteArray live;
-    std::vector<Write> unsynced;
-
-    void change(Write write)
-    {
-        write.applyTo(live);
-        unsynced.push_back(std::move(write));
+void SimulatedDisk::Change::applyTo(Names& names, std::map<int, QByteArray>& contents) const
+{
+    if (isOfEntries()) {
+        names.erase(removed);
+        if (!made.isEmpty())
+            names[made] = file;
+        return;
     }
-
-    [[nodiscard]] QByteArray withSomeOfItsWrites(std::mt19937& random) const
-    {
-        QByteArray content = durable;
-        for (const Write& write : unsynced) {
-            if (write.isTruncation || write.bytes.isEmpty()) {
-                if (random() % 2)
-                    write.applyTo(content);
-                continue;
-            }
-            // Mostly whole or not at all, now and then torn between sectors.
-            const bool isTorn = random() % 4 == 0;
-            const bool isKept = random() % 2;
-            for (qsizetype at = 0; at < write.bytes.size();) {
-                const qsizetype end = std::min((write.offset + at) / SectorSize * SectorSize + SectorSize,
-                                               write.offset + write.bytes.size());
-                const qsizetype size = end - write.offset - at;
-                if (isTorn ? random() % 2 : isKept)
-                    Write{write.offset + at, write.bytes.mid(at, size)}.applyTo(content);
-                at += size;
-            }
-        }
-        return content;
-    }
-};
+    QByteArray& content = contents[file];
+    if (content.size() < offset)
+        content.append(QByteArray(offset - content.size(), '\0'));
+    if (bytes.isEmpty())
+        content.truncate(offset);
+    else
+        content.replace(offset, bytes.size(), bytes);
+}
 
 SimulatedDisk* SimulatedDisk::s_current = nullptr;
 
 SimulatedDisk::SimulatedDisk(const QString& folder) : m_folder(QFileInfo(folder).canonicalFilePath())
 {
     for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
-        if (!isModelled(name))
+        if (isShared(name))
             continue;
-        QFile file(QDir(folder).filePath(name));
-        if (file.open(QIODevice::ReadOnly))
-            m_live[name] = std::make_shared<File>(File{file.readAll(), {}, {}});
-        m_live[name]->live = m_live[name]->durable;
+        change({.file = ++m_lastFile, .made = name, .isSynced = true});
+        change({m_lastFile, 0, readBytes(QDir(folder).filePath(name)), {}, {}, true});
     }
-    m_durable = m_live;
     s_current = this;
 }
 
@@ -102,32 +72,40 @@ void SimulatedDisk::failAt(int call, Fault fault, Lasting lasting, bool withRead
 
 SimulatedDisk::Image SimulatedDisk::afterPowerCut(Unsynced unsynced, std::mt19937& random) const
 {
-    Entries entries = unsynced == Unsynced::Kept ? m_live : m_durable;
-    if (unsynced == Unsynced::Random)
-        for (const EntryChange& change : m_unsyncedChanges)
+    Names names;
+    std::map<int, QByteArray> contents;
+    for (const Change& change : m_changes) {
+        const bool isCertain = change.isSynced || unsynced == Unsynced::Kept;
+        if (!isCertain && unsynced == Unsynced::Lost)
+            continue;
+        // Mostly whole or not at all, now and then torn between sectors.
+        const bool isTorn = !isCertain && !change.bytes.isEmpty() && random() % 4 == 0;
+        if (!isTorn && (isCertain || random() % 2))
+            change.applyTo(names, contents);
+        for (qsizetype at = 0; isTorn && at < change.bytes.size();) {
+            const qsizetype start = change.offset + at;
+            const QByteArray part = change.bytes.mid(at, SectorSize - start % SectorSize);
             if (random() % 2)
-                applyTo(entries, change);
+                Change{change.file, start, part}.applyTo(names, contents);
+            at += part.size();
+        }
+    }
     Image image;
-    for (const auto& [name, file] : entries)
-        image[name] = unsynced == Unsynced::Kept   ? file->live
-                      : unsynced == Unsynced::Lost ? file->durable
-                                                   : file->withSomeOfItsWrites(random);
+    for (const auto& [name, file] : names)
+        image[name] = contents[file];
     return image;
 }
 
-SimulatedDisk::Outcome SimulatedDisk::nextCall(bool isRead, bool grows, bool isWrite)
+SimulatedDisk::Outcome SimulatedDisk::nextCall(Kind kind, bool grows)
 {
-    if (m_observer && !isRead && !m_isObserving) {
-        m_isObserving = true;
+    if (m_observer && kind != Kind::Read)
         m_observer();
-        m_isObserving = false;
-    }
-    if (isRead && !m_countsReads)
+    if (kind == Kind::Read && !m_countsReads)
         return Outcome::Normal;
     ++m_calls;
-    m_error = m_fault == Fault::NoSpace ? ENOSPC : m_fault == Fault::Interrupted ? EINTR : EIO;
     if (m_failAt == 0)
         return Outcome::Normal;
+    const bool isWrite = kind == Kind::Write;
     if (m_nextWriteFails && isWrite && grows) {
         m_nextWriteFails = m_lasting == Lasting::FromThenOn;
         return Outcome::Fails;
@@ -149,68 +127,34 @@ QString SimulatedDisk::nameOf(const char* path) const
     return name.startsWith(m_folder + u'/') ? name.mid(m_folder.size() + 1) : QString();
 }
 
-bool SimulatedDisk::isModelled(const QString& name)
+void SimulatedDisk::change(Change change)
 {
-    return !name.endsWith(QLatin1StringView("-shm"));
+    std::map<int, QByteArray> notLookedAt;
+    if (change.isOfEntries())
+        change.applyTo(m_names, notLookedAt);
+    m_changes.push_back(std::move(change));
 }
 
-void SimulatedDisk::applyTo(Entries& entries, const EntryChange& change) const
+void SimulatedDisk::opened(int descriptor, const QString& name, int flags)
 {
-    if (!change.removed.isEmpty())
-        entries.erase(change.removed);
-    if (!change.made.isEmpty())
-        entries[change.made] = change.file;
-}
-
-void SimulatedDisk::change(EntryChange change)
-{
-    applyTo(m_live, change);
-    m_unsyncedChanges.push_back(std::move(change));
-}
-
-void SimulatedDisk::opened(int descriptor, const QString& name, bool isTruncated)
-{
-    if (name.isEmpty() || !isModelled(name)) {
-        m_files[descriptor] = name.isEmpty() ? nullptr : std::make_shared<File>();
+    const bool isUnnamed = (flags & O_TMPFILE) == O_TMPFILE;
+    if (name.isEmpty() && !isUnnamed) {
+        m_files[descriptor] = Folder;
         return;
     }
-    if (!m_live.contains(name))
-        change({{}, name, std::make_shared<File>()});
-    const FilePointer& file = m_live[name];
-    if (isTruncated && !file->live.isEmpty())
-        file->change({0, {}, true});
-    m_files[descriptor] = file;
+    const auto known = m_names.find(name);
+    const int file = m_files[descriptor] = known == m_names.end() ? ++m_lastFile : known->second;
+    if (known == m_names.end() && !isUnnamed && !isShared(name))
+        change({.file = file, .made = name});
+    else if (flags & O_TRUNC)
+        change({file, 0});
 }
 
-void SimulatedDisk::openedUnnamed(int descriptor)
+void SimulatedDisk::synced(int file)
 {
-    m_files[descriptor] = std::make_shared<File>();
-}
-
-void SimulatedDisk::wrote(int descriptor, off_t offset, const char* bytes, ssize_t count)
-{
-    if (const auto file = m_files.find(descriptor); file != m_files.end() && count > 0)
-        file->second->change({offset, QByteArray(bytes, count)});
-}
-
-void SimulatedDisk::truncated(int descriptor, off_t size)
-{
-    if (const auto file = m_files.find(descriptor); file != m_files.end())
-        file->second->change({size, {}, true});
-}
-
-void SimulatedDisk::synced(int descriptor)
-{
-    const auto file = m_files.find(descriptor);
-    if (file == m_files.end())
-        return;
-    if (file->second) {
-        file->second->durable = file->second->live;
-        file->second->unsynced.clear();
-    } else {
-        m_durable = m_live;
-        m_unsyncedChanges.clear();
-    }
+    for (Change& change : m_changes)
+        if (file == Folder ? change.isOfEntries() : !change.isOfEntries() && change.file == file)
+            change.isSynced = true;
 }
 
 } // namespace giggle

@@ -6,11 +6,8 @@
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <random>
 #include <vector>
-
-#include <sys/types.h>
 
 namespace giggle {
 
@@ -63,43 +60,45 @@ public:
     struct Calls; ///< the replaced calls of the system
 
 private:
-    struct File;
-    using FilePointer = std::shared_ptr<File>;
-    using Entries = std::map<QString, FilePointer>;
+    using Names = std::map<QString, int>; ///< to files, which are numbered
+    static constexpr int Folder = 0;      ///< in place of a file
 
-    struct EntryChange {
-        QString removed;
-        QString made;
-        FilePointer file;
+    /// Of a file's bytes, or of the folder's entries.
+    struct Change {
+        int file = Folder;
+        qsizetype offset = -1; ///< of bytes, or the end when there are none
+        QByteArray bytes = {};
+        QString removed = {};
+        QString made = {};
+        bool isSynced = false;
+
+        [[nodiscard]] bool isOfEntries() const { return offset < 0; }
+
+        void applyTo(Names& names, std::map<int, QByteArray>& contents) const;
     };
+
+    enum class Kind { Read, Write, Other };
 
     /// What is to become of a call.
     enum class Outcome { Normal, Fails, FailsAfterwards, ComesOutShort };
 
-    [[nodiscard]] Outcome nextCall(bool isRead, bool grows, bool isWrite);
+    [[nodiscard]] Outcome nextCall(Kind kind, bool grows);
     [[nodiscard]] QString nameOf(const char* path) const;
-    [[nodiscard]] static bool isModelled(const QString& name);
-    void applyTo(Entries& entries, const EntryChange& change) const;
-    void change(EntryChange change);
-    void opened(int descriptor, const QString& name, bool isTruncated);
-    void openedUnnamed(int descriptor);
-    void wrote(int descriptor, off_t offset, const char* bytes, ssize_t count);
-    void truncated(int descriptor, off_t size);
-    void synced(int descriptor);
+    void change(Change change);
+    void opened(int descriptor, const QString& name, int flags);
+    void synced(int file);
 
     static SimulatedDisk* s_current;
 
     QString m_folder;
-    Entries m_durable;
-    Entries m_live;
-    std::vector<EntryChange> m_unsyncedChanges;
-    std::map<int, FilePointer> m_files; // by descriptor; no file behind the folder's own
+    std::vector<Change> m_changes; ///< all of them, from the empty folder on
+    Names m_names;
+    std::map<int, int> m_files; ///< by descriptor
+    int m_lastFile = Folder;
     std::function<void()> m_observer;
-    bool m_isObserving = false;
 
     int m_calls = 0;
     int m_failAt = 0;
-    int m_error = 0;
     Fault m_fault = Fault::Error;
     Lasting m_lasting = Lasting::Once;
     bool m_countsReads = false;

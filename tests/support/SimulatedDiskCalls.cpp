@@ -27,17 +27,23 @@ struct SimulatedDisk::Calls {
     template <class Call, class Note>
     static auto perform(Outcome outcome, Call call, Note note) -> decltype(call())
     {
-        using Result = decltype(call());
-        const int error = s_current->m_error;
+        const Fault fault = s_current->m_fault;
         if (outcome != Outcome::Fails) {
-            const Result result = call();
+            const auto result = call();
             if (result >= 0)
                 note(result);
             if (outcome != Outcome::FailsAfterwards)
                 return result;
         }
-        errno = error;
-        return Result(-1);
+        errno = fault == Fault::NoSpace ? ENOSPC : fault == Fault::Interrupted ? EINTR : EIO;
+        return -1;
+    }
+
+    /// The same for a call on an open file.
+    template <class Call, class Note>
+    static auto performOn(int descriptor, Kind kind, bool grows, Call call, Note note) -> decltype(call())
+    {
+        return isWatched(descriptor) ? perform(s_current->nextCall(kind, grows), call, note) : call();
     }
 
     static bool isWatched(int descriptor) { return s_current && s_current->m_files.contains(descriptor); }
@@ -48,7 +54,7 @@ struct SimulatedDisk::Calls {
             s_current->m_files.erase(descriptor);
     }
 
-    static bool exists(const char* path) { return QFileInfo::exists(QFile::decodeName(path)); }
+    static bool exists(const char* path) { return ::access(path, F_OK) == 0; }
 
     static off_t sizeOf(int descriptor)
     {
@@ -63,80 +69,65 @@ struct SimulatedDisk::Calls {
         SimulatedDisk* disk = s_current;
         const bool isFolder = disk && QFile::decodeName(path) == disk->m_folder;
         const QString name = disk ? disk->nameOf(path) : QString();
-        if (!disk || (name.isEmpty() && !isFolder))
+        if (name.isEmpty() && !isFolder)
             return call();
-        const Outcome outcome = disk->nextCall(false, (flags & O_CREAT) && !exists(path), false);
+        const Outcome outcome = disk->nextCall(Kind::Other, (flags & O_CREAT) && !exists(path));
         return perform(outcome, call, [&](int opened) {
             if (outcome == Outcome::FailsAfterwards)
                 ::close(opened);
-            else if ((flags & O_TMPFILE) == O_TMPFILE)
-                disk->openedUnnamed(opened);
             else
-                disk->opened(opened, name, flags & O_TRUNC);
+                disk->opened(opened, name, flags);
         });
     }
 
-    static ssize_t write(int descriptor, const void* bytes, size_t count, off_t offset, bool isPositioned)
+    /// @p write writes so many bytes.
+    template <class Write>
+    static ssize_t write(int descriptor, const void* bytes, size_t count, off_t offset, Write write)
     {
-        static auto* const realWrite = system<ssize_t(int, const void*, size_t)>("write");
-        static auto* const realPositioned = system<ssize_t(int, const void*, size_t, off_t)>("pwrite64");
-        const auto write = [&](size_t size) {
-            return isPositioned ? realPositioned(descriptor, bytes, size, offset)
-                                : realWrite(descriptor, bytes, size);
-        };
         if (!isWatched(descriptor))
             return write(count);
-        const off_t start = isPositioned ? offset : ::lseek(descriptor, 0, SEEK_CUR);
-        const bool grows = start + off_t(count) > sizeOf(descriptor);
-        const Outcome outcome = s_current->nextCall(false, grows, true);
+        const Outcome outcome = s_current->nextCall(Kind::Write, offset + off_t(count) > sizeOf(descriptor));
         const size_t written = outcome == Outcome::ComesOutShort ? (count + 1) / 2 : count;
         return perform(
             outcome, [&] { return write(written); },
             [&](ssize_t done) {
-                s_current->wrote(descriptor, start, static_cast<const char*>(bytes), done);
+                s_current->change(
+                    {s_current->m_files[descriptor], offset, {static_cast<const char*>(bytes), done}});
             });
     }
 
     template <class Call>
     static ssize_t read(int descriptor, Call call)
     {
-        if (!isWatched(descriptor))
-            return call();
-        return perform(s_current->nextCall(true, false, false), call, [](ssize_t) {});
+        return performOn(descriptor, Kind::Read, false, call, [](ssize_t) {});
     }
 
-    static int truncate(int descriptor, off_t size)
+    template <class Call>
+    static int truncate(int descriptor, off_t size, Call call)
     {
-        static auto* const real = system<int(int, off_t)>("ftruncate64");
-        const auto call = [&] { return real(descriptor, size); };
-        if (!isWatched(descriptor))
-            return call();
-        const bool grows = size > sizeOf(descriptor);
-        return perform(s_current->nextCall(false, grows, false), call,
-                       [&](int) { s_current->truncated(descriptor, size); });
+        return performOn(descriptor, Kind::Other, size > sizeOf(descriptor), call, [&](int) {
+            s_current->change({s_current->m_files[descriptor], size});
+        });
     }
 
     static int sync(int descriptor, const char* name)
     {
         auto* const real = system<int(int)>(name);
-        const auto call = [&] { return real(descriptor); };
-        if (!isWatched(descriptor))
-            return call();
-        return perform(s_current->nextCall(false, true, false), call,
-                       [&](int) { s_current->synced(descriptor); });
+        return performOn(
+            descriptor, Kind::Other, true, [&] { return real(descriptor); },
+            [&](int) { s_current->synced(s_current->m_files[descriptor]); });
     }
 
     /// Gives a file without a name one. @p from is its place among the descriptors of this process.
     template <class Call>
     static int link(const char* from, const char* to, Call call)
     {
-        SimulatedDisk* disk = s_current;
-        const QString name = disk ? disk->nameOf(to) : QString();
-        const int descriptor = QFileInfo(QFile::decodeName(from)).fileName().toInt();
-        if (name.isEmpty() || !isWatched(descriptor))
+        const QString name = s_current ? s_current->nameOf(to) : QString();
+        if (name.isEmpty())
             return call();
-        return perform(disk->nextCall(false, true, false), call, [&](int) {
-            disk->change({{}, name, disk->m_files[descriptor]});
+        const int descriptor = QFileInfo(QFile::decodeName(from)).fileName().toInt();
+        return performOn(descriptor, Kind::Other, true, call, [&](int) {
+            s_current->change({.file = s_current->m_files[descriptor], .made = name});
         });
     }
 
@@ -147,11 +138,10 @@ struct SimulatedDisk::Calls {
         const QString removed = disk ? disk->nameOf(from) : QString();
         if (removed.isEmpty())
             return call();
-        const bool isThere = exists(from);
-        return perform(disk->nextCall(false, to != nullptr, false), call, [&](int) {
-            const auto file = disk->m_live.find(removed);
-            if (isThere && file != disk->m_live.end())
-                disk->change({removed, to ? disk->nameOf(to) : QString(), file->second});
+        return perform(disk->nextCall(Kind::Other, to != nullptr), call, [&](int) {
+            if (const auto file = disk->m_names.find(removed); file != disk->m_names.end())
+                disk->change(
+                    {.file = file->second, .removed = removed, .made = to ? disk->nameOf(to) : QString()});
         });
     }
 };
@@ -183,12 +173,16 @@ int close(int descriptor)
 
 ssize_t write(int descriptor, const void* bytes, size_t count)
 {
-    return Calls::write(descriptor, bytes, count, 0, false);
+    static auto* const real = Calls::system<ssize_t(int, const void*, size_t)>("write");
+    return Calls::write(descriptor, bytes, count, ::lseek(descriptor, 0, SEEK_CUR),
+                        [&](size_t size) { return real(descriptor, bytes, size); });
 }
 
 ssize_t pwrite64(int descriptor, const void* bytes, size_t count, off_t offset)
 {
-    return Calls::write(descriptor, bytes, count, offset, true);
+    static auto* const real = Calls::system<ssize_t(int, const void*, size_t, off_t)>("pwrite64");
+    return Calls::write(descriptor, bytes, count, offset,
+                        [&](size_t size) { return real(descriptor, bytes, size, offset); });
 }
 
 ssize_t read(int descriptor, void* bytes, size_t count)
@@ -205,7 +199,8 @@ ssize_t pread64(int descriptor, void* bytes, size_t count, off_t offset)
 
 int ftruncate64(int descriptor, off_t size) noexcept
 {
-    return Calls::truncate(descriptor, size);
+    static auto* const real = Calls::system<int(int, off_t)>("ftruncate64");
+    return Calls::truncate(descriptor, size, [&] { return real(descriptor, size); });
 }
 
 int fsync(int descriptor)
@@ -222,12 +217,6 @@ int rename(const char* from, const char* to) noexcept
 {
     static auto* const real = Calls::system<int(const char*, const char*)>("rename");
     return Calls::changeEntry(from, to, [&] { return real(from, to); });
-}
-
-int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept
-{
-    static auto* const real = Calls::system<int(int, const char*, int, const char*, unsigned)>("renameat2");
-    return Calls::changeEntry(from, to, [&] { return real(fromFolder, from, toFolder, to, flags); });
 }
 
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept
