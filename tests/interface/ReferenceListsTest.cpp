@@ -12,22 +12,11 @@ protected:
     /// Two categories, one of them without a name, a rating, and a joke of both.
     void openWithNames()
     {
-        skipSeeding();
         insertCategory(context(), std::nullopt);
         insertCategory(context(), "Puns");
         insertRating(context(), "Mild");
-        insertJoke(context(), {.category = "Puns", .rating = "Mild", .id = 1, .joke = "Pop"});
-        context().save();
-        openWindow();
+        openWith({{.category = "Puns", .rating = "Mild", .id = 1, .joke = "Pop"}});
         openArea(u"Reference Lists"_qs);
-    }
-
-    QStringList rows() { return names(QAccessible::ListItem); }
-
-    void waitForRows(const QStringList& expected)
-    {
-        waitUntil([&] { return rows() == expected; });
-        EXPECT_EQ(rows(), expected);
     }
 
     /// Waits until one page is at rest: while one slides over another there are two ways back.
@@ -49,8 +38,8 @@ protected:
         EXPECT_TRUE(waitFor(QAccessible::EditableText, field)->state().focused);
     }
 
-    /// On the page of one side: adds "Ape", renames @p name to "Zoo" and deletes "Ape" again. @p before are
-    /// the rows above them.
+    /// On the page of one side: adds "Ape", renames @p name to "Zoo", deletes "Ape" and takes that back.
+    /// @p before are the rows above them.
     void addRenameAndDelete(const QString& list, const QString& field, const QString& name,
                             const QStringList& before)
     {
@@ -76,8 +65,6 @@ protected:
         waitFor(QAccessible::AlertMessage, field + u" deleted: Ape"_qs);
         press(QAccessible::Button, u"Undo"_qs);
         waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
-        key(Qt::Key_Delete); // it is the current one again
-        waitForRows(before + QStringList{u"Zoo"_qs});
         key(Qt::Key_Escape);
         waitForRest();
     }
@@ -109,18 +96,15 @@ TEST_F(ReferenceLists, ARefusalGivesTheFieldBackAndTypedTextIsNotLostUnasked)
 {
     openWithNames();
     open(QAccessible::Button, u"Ratings"_qs);
-    waitForRows({u"Mild"_qs});
     key(Qt::Key_N, Qt::ControlModifier);
-    waitFor(QAccessible::EditableText, u"Rating"_qs);
+    waitForFocus(QAccessible::EditableText, u"Rating"_qs);
     waitForRest();
     press(QAccessible::Button, u"Save"_qs);
     waitFor(QAccessible::Dialog, u"Record not Saved!"_qs);
     press(QAccessible::Button, u"OK"_qs);
-    QAccessibleInterface* field = waitFor(QAccessible::EditableText, u"Rating"_qs);
-    EXPECT_TRUE(waitUntil([&] { return bool(field->state().focused); }));
+    waitForFocus(QAccessible::EditableText, u"Rating"_qs);
     type(u"M"_qs);
     key(Qt::Key_Escape);
-    waitFor(QAccessible::Dialog, u"Discard Changes?"_qs);
     press(QAccessible::Button, u"Discard"_qs);
     waitForRows({u"Mild"_qs});
 }

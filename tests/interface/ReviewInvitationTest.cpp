@@ -14,12 +14,7 @@ const QString Question = u"Do you enjoy Giggle Archives?"_qs;
 TEST_F(InterfaceFixture, AReviewInvitationLeavesTheUserAloneAndOpensThePageOrTellsItsAddress)
 {
     const QUrl page = DeploymentAddresses::storePage();
-    const auto isGone = [&] { return waitUntil([&] { return !find(QAccessible::AlertMessage, Question); }); };
-    skipSeeding();
-    insertJoke(context(), {.category = "Animal", .id = 1, .joke = "Moo"});
-    insertJoke(context(), {.category = "Corny", .id = 2, .joke = "Pop"});
-    context().save();
-    openWindow();
+    openWith({{.category = "Animal", .id = 1, .joke = "Moo"}, {.category = "Corny", .id = 2, .joke = "Pop"}});
     openArea(u"Joke List"_qs);
     key(Qt::Key_F, Qt::ControlModifier);
     ReviewService(userDefaults(), system().storeReview).requestReviewIfDue();
@@ -31,7 +26,7 @@ TEST_F(InterfaceFixture, AReviewInvitationLeavesTheUserAloneAndOpensThePageOrTel
                find(QAccessible::AlertMessage, Question)->rect().top();
     })) << "the list is covered";
     press(QAccessible::Button, u"Dismiss"_qs);
-    EXPECT_TRUE(isGone());
+    waitUntilGone(QAccessible::AlertMessage, Question);
     EXPECT_TRUE(system().addressOpener.opened.isEmpty());
     type(u"NX"_qs);
     waitFor(QAccessible::Heading, u"# Jokes = 0 of 2"_qs);
@@ -41,7 +36,7 @@ TEST_F(InterfaceFixture, AReviewInvitationLeavesTheUserAloneAndOpensThePageOrTel
     for (int stops = 0; stops < 30 && !find(QAccessible::Button, u"Rate"_qs)->state().focused; ++stops)
         key(Qt::Key_Tab);
     key(Qt::Key_Return);
-    EXPECT_TRUE(isGone());
+    waitUntilGone(QAccessible::AlertMessage, Question);
     EXPECT_EQ(system().addressOpener.opened, QList<QUrl>{page});
 
     system().addressOpener.canOpen = false;

@@ -82,15 +82,6 @@ TEST_F(Theme, EveryTextStandsOut)
     }
 }
 
-TEST_F(Theme, TitlesAreNeverSmallerThanTexts)
-{
-    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-        theme().setProperty("textScale", scale);
-        EXPECT_GE(theme().property("titleSize").toInt(), theme().property("bodySize").toInt()) << scale;
-        EXPECT_GE(theme().property("heroSize").toInt(), theme().property("titleSize").toInt()) << scale;
-    }
-}
-
 TEST_F(Theme, NothingMovesForWhoWantsNoMotion)
 {
     EXPECT_GT(theme().property("animationTime").toInt(), 0);
