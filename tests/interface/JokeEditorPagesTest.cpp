@@ -39,21 +39,23 @@ protected:
     const QString only = u"Moo\nBoo, Category: Animal, Rating: Mild"_qs;
 };
 
-TEST_F(JokeEditorPages, AJokeIsAddedFoundEditedAndThereAfterARestart)
+TEST_F(JokeEditorPages, AJokeIsWrittenWithKeysAndPickersSavedOnceAndEdited)
 {
+    insertCategory(context(), "Animal"); // the keys pass names that stand there twice
     open(u"Joke List"_qs);
     press(QAccessible::Button, u"Add"_qs);
-    press(QAccessible::EditableText, u"Category"_qs);
+    waitForFocus(QAccessible::EditableText, u"Category"_qs);
+    key(Qt::Key_Down);
     waitFor(QAccessible::List, u"Category choices"_qs);
-    EXPECT_EQ(names(QAccessible::ListItem).filter(u"Puns"_qs).size(), 1);
-    press(QAccessible::ListItem, u"Puns"_qs);
-    press(QAccessible::Button, u"Done"_qs);
+    for (int i = 0; i < 3; ++i)
+        key(Qt::Key_Down);
+    EXPECT_EQ(fieldText(u"Category"_qs), u"Puns"_qs);
+    key(Qt::Key_Tab);
     waitUntilGone(QAccessible::List, u"Category choices"_qs);
-    focus(QAccessible::EditableText, u"Joke"_qs);
     type(u"It's new"_qs);
     key(Qt::Key_Return, Qt::ShiftModifier);
     type(u"!"_qs);
-    focus(QAccessible::EditableText, u"Rating"_qs);
+    key(Qt::Key_Tab);
     type(u"Own"_qs);
     press(QAccessible::Button, u"Save"_qs);
     pressIfThere(QAccessible::Button, u"Save"_qs); // while the page slides out: no second joke
@@ -65,31 +67,8 @@ TEST_F(JokeEditorPages, AJokeIsAddedFoundEditedAndThereAfterARestart)
     key(Qt::Key_Home, Qt::ControlModifier);
     type(u"So "_qs);
     key(Qt::Key_S, Qt::ControlModifier);
-    waitUntilGone(QAccessible::Button, u"Save"_qs);
-
-    restart();
-    openArea(u"Joke List"_qs);
     press(QAccessible::RadioButton, u"Favorites"_qs);
     waitForRows({u"So Its new\n!, Category: Puns, Rating: Own"_qs});
-}
-
-TEST_F(JokeEditorPages, TheArrowKeysPickAndLeavingTheFieldPutsThePickerAway)
-{
-    insertCategory(context(), "Animal"); // the keys pass names that stand there twice
-    open(u"Add Joke"_qs);
-    waitUntil([&] { return window().activeFocusItem() != nullptr; });
-    key(Qt::Key_Down);
-    waitFor(QAccessible::List, u"Category choices"_qs);
-    for (int i = 0; i < 3; ++i)
-        key(Qt::Key_Down);
-    EXPECT_EQ(fieldText(u"Category"_qs), u"Puns"_qs);
-    key(Qt::Key_Tab);
-    waitUntilGone(QAccessible::List, u"Category choices"_qs);
-    type(u"x"_qs);
-    EXPECT_EQ(fieldText(u"Joke"_qs), u"x"_qs);
-    key(Qt::Key_Tab);
-    type(u"y"_qs);
-    EXPECT_EQ(fieldText(u"Rating"_qs), u"y"_qs);
 }
 
 TEST_F(JokeEditorPages, WhatMayNotBeTypedLeavesTheFieldAsItIs)
