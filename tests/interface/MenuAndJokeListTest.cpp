@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/DeploymentAddresses.h"
+#include "shell/ReviewService.h"
 #include "tests/interface/InterfaceFixture.h"
 
 #include <QClipboard>
@@ -152,6 +154,56 @@ TEST_F(MenuAndJokeList, TheDeleteKeyHeldDownDeletesOneRowForGood)
     restart();
     openArea(u"Joke List"_qs);
     waitForRows({Moo, HiHungry});
+}
+
+TEST_F(MenuAndJokeList, AReviewInvitationLeavesTheUserAloneAndOpensThePageOrTellsItsAddress)
+{
+    const QUrl page = DeploymentAddresses::storePage();
+    const QString question = u"Do you enjoy Giggle Archives?"_qs;
+    openList();
+    key(Qt::Key_F, Qt::ControlModifier);
+    ReviewService(userDefaults(), system().storeReview).requestReviewIfDue();
+    waitFor(QAccessible::AlertMessage, question);
+    type(u"COR"_qs);
+    waitFor(QAccessible::Heading, u"# Jokes = 1 of 3"_qs);
+    EXPECT_TRUE(waitUntil([&] {
+        return find(QAccessible::List, u"Joke List"_qs)->rect().bottom() <
+               find(QAccessible::AlertMessage, question)->rect().top();
+    })) << "the list is covered";
+    press(QAccessible::Button, u"Dismiss"_qs);
+    waitUntilGone(QAccessible::AlertMessage, question);
+    EXPECT_TRUE(system().addressOpener.opened.isEmpty());
+
+    system().storeReview.requestReview();
+    waitFor(QAccessible::Button, u"Rate"_qs);
+    for (int stops = 0; stops < 30 && !find(QAccessible::Button, u"Rate"_qs)->state().focused; ++stops)
+        key(Qt::Key_Tab);
+    key(Qt::Key_Return);
+    waitUntilGone(QAccessible::AlertMessage, question);
+    EXPECT_EQ(system().addressOpener.opened, QList<QUrl>{page});
+
+    system().addressOpener.canOpen = false;
+    system().storeReview.requestReview();
+    press(QAccessible::Button, u"Rate"_qs);
+    waitFor(QAccessible::AlertMessage, u"There is no program that could open "_qs + page.toString());
+}
+
+TEST_F(MenuAndJokeList, TheShortcutsAreListedByEachOfTheirKeysButNotByAQuestionMarkThatIsTyped)
+{
+    openList();
+    const auto expectSheet = [&](Qt::Key pressed, Qt::KeyboardModifiers modifiers) {
+        key(pressed, modifiers);
+        waitFor(QAccessible::ListItem, u"Control N: new joke, category or rating"_qs);
+        key(Qt::Key_Escape);
+        waitUntilGone(QAccessible::Dialog, u"Keyboard Shortcuts"_qs);
+    };
+    expectSheet(Qt::Key_Slash, Qt::ControlModifier);
+    expectSheet(Qt::Key_Question, Qt::ShiftModifier);
+    key(Qt::Key_F, Qt::ControlModifier); // the page has the keyboard again
+    type(u"?"_qs);
+    waitFor(QAccessible::StaticText, u"Nothing found"_qs);
+    EXPECT_FALSE(find(QAccessible::Dialog, u"Keyboard Shortcuts"_qs));
+    expectSheet(Qt::Key_F1, Qt::NoModifier);
 }
 
 } // namespace

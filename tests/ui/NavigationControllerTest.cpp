@@ -80,22 +80,6 @@ protected:
     /// The pages' transition has ended.
     void settle() { navigation.pageDidAppear(pages.back()); }
 
-    void open(SegueId segue)
-    {
-        navigation.performSegue(segue);
-        settle();
-    }
-
-    /// Opens the menu, the list and the editor, and clears the journal.
-    void openAll()
-    {
-        navigation.start();
-        settle();
-        open(SegueId::JokeList);
-        open(SegueId::EditJoke);
-        journal.clear();
-    }
-
     /// What has happened since the last time.
     Journal news() { return std::exchange(journal, {}); }
 
@@ -135,7 +119,12 @@ TEST_F(NavigationControllerTest, RunsTheLifeCycleOfPushesAndWaysBack)
 
 TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTargetIfThereIsOne)
 {
-    openAll();
+    navigation.start();
+    for (const SegueId segue : {SegueId::JokeList, SegueId::EditJoke}) {
+        navigation.performSegue(segue);
+        settle();
+    }
+    news();
     navigation.unwind(UnwindRoute::ToRatingList);
     EXPECT_THAT(news(), IsEmpty());
     navigation.unwind(UnwindRoute::ToMenu);
@@ -173,7 +162,7 @@ TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
 
 TEST_F(NavigationControllerTest, AnOfferToUndoEndsWithTheNextOneAndWithItsScreen)
 {
-    openAll();
+    navigation.start();
     PassingNotices& notices = *navigation.passingNotices();
     std::string undone;
     const QString deleted = QStringLiteral("Joke deleted.");
