@@ -17,8 +17,7 @@ class Theme : public InterfaceFixture {
 protected:
     Theme()
     {
-        skipSeeding();
-        openWindow();
+        openWith({});
         QQmlComponent component(qmlEngine(&window()));
         component.setData("import QtQml\nimport GiggleArchives\nQtObject { property var theme: Theme }", {});
         m_holder.reset(component.create());

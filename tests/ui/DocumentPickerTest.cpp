@@ -112,17 +112,6 @@ TEST_F(DocumentPickerTest, AFreeNameKeepsItsSuffix)
     EXPECT_EQ(freeName(u"dangling.txt"_qs, root), u"dangling 2.txt"_qs);
 }
 
-TEST_F(DocumentPickerTest, TakesOneRequestAtATime)
-{
-    picker.pickDocument(answer);
-    picker.pickPlace(u"a.csv"_qs, [](const QUrl&) { ADD_FAILURE(); });
-    EXPECT_FALSE(picker.isForSaving());
-    picker.cancel();
-    picker.cancel();
-    EXPECT_EQ(answers, std::vector{QUrl()});
-    EXPECT_FALSE(picker.isOpen());
-}
-
 TEST_F(DocumentPickerTest, TheDesktopsDialogComesFirstAndOursWhenItFails)
 {
     FakeSystemFileDialog desktop;
