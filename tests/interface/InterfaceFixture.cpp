@@ -75,6 +75,15 @@ void InterfaceFixture::openWindow(QSize size)
     start();
 }
 
+void InterfaceFixture::openWith(std::initializer_list<JokeValues> jokes)
+{
+    skipSeeding();
+    for (const JokeValues& joke : jokes)
+        insertJoke(context(), joke);
+    context().save();
+    openWindow();
+}
+
 void InterfaceFixture::restart()
 {
     stop();
@@ -132,6 +141,36 @@ QAccessibleInterface* InterfaceFixture::waitFor(QAccessible::Role role, const QS
 bool InterfaceFixture::waitUntil(const std::function<bool()>& condition)
 {
     return QTest::qWaitFor(condition, PatienceMilliseconds);
+}
+
+void InterfaceFixture::waitUntilGone(QAccessible::Role role, const QString& name)
+{
+    EXPECT_TRUE(waitUntil([&] { return !find(role, name); })) << name.toStdString() << " is still there";
+}
+
+void InterfaceFixture::waitForFocus(QAccessible::Role role, const QString& name)
+{
+    const auto hasFocus = [&] {
+        QAccessibleInterface* item = find(role, name);
+        return item && item->state().focused;
+    };
+    EXPECT_TRUE(waitUntil(hasFocus)) << name.toStdString() << " has no focus";
+}
+
+void InterfaceFixture::waitForRows(const QStringList& expected)
+{
+    waitUntil([&] { return rows() == expected; });
+    EXPECT_EQ(rows(), expected);
+}
+
+QString InterfaceFixture::fieldText(const QString& name)
+{
+    QAccessibleInterface* field = waitFor(QAccessible::EditableText, name);
+    if (!field)
+        return {};
+    return field->textInterface()
+        ->text(0, field->textInterface()->characterCount())
+        .replace(QChar::ParagraphSeparator, u'\n');
 }
 
 void InterfaceFixture::press(QAccessible::Role role, const QString& name)

@@ -11,6 +11,7 @@
 #include <QQuickWindow>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 
 #include <gtest/gtest.h>
@@ -43,6 +44,9 @@ protected:
     /// Without a size the window has the one that it makes itself.
     void openWindow(QSize size = {360, 640});
 
+    /// Opens the window over these jokes and what is stored already, without the starter collection.
+    void openWith(std::initializer_list<JokeValues> jokes);
+
     /// Ends the window and the collection, and starts both again.
     void restart();
 
@@ -65,6 +69,20 @@ protected:
     QAccessibleInterface* waitFor(QAccessible::Role role, const QString& name);
 
     bool waitUntil(const std::function<bool()>& condition);
+
+    /// @name Wait, and fail when it does not happen
+    /// @{
+    void waitUntilGone(QAccessible::Role role, const QString& name);
+    void waitForFocus(QAccessible::Role role, const QString& name);
+    void waitForRows(const QStringList& expected);
+
+    /// @}
+
+    /// The rows of all lists that show.
+    [[nodiscard]] QStringList rows() { return names(QAccessible::ListItem); }
+
+    /// All that a field for typing holds.
+    [[nodiscard]] QString fieldText(const QString& name);
 
     void press(QAccessible::Role role, const QString& name);
 

@@ -12,22 +12,11 @@ protected:
     /// Two categories, one of them without a name, a rating, and a joke of both.
     void openWithNames()
     {
-        skipSeeding();
         insertCategory(context(), std::nullopt);
         insertCategory(context(), "Puns");
         insertRating(context(), "Mild");
-        insertJoke(context(), {.category = "Puns", .rating = "Mild", .id = 1, .joke = "Pop"});
-        context().save();
-        openWindow();
+        openWith({{.category = "Puns", .rating = "Mild", .id = 1, .joke = "Pop"}});
         openArea(u"Reference Lists"_qs);
-    }
-
-    QStringList rows() { return names(QAccessible::ListItem); }
-
-    void waitForRows(const QStringList& expected)
-    {
-        waitUntil([&] { return rows() == expected; });
-        EXPECT_EQ(rows(), expected);
     }
 
     /// Waits until one page is at rest: while one slides over another there are two ways back.
@@ -48,50 +37,36 @@ protected:
         open(role, name);
         EXPECT_TRUE(waitFor(QAccessible::EditableText, field)->state().focused);
     }
-
-    /// On the page of one side: adds "Ape", renames @p name to "Zoo" and deletes "Ape" again. @p before are
-    /// the rows above them.
-    void addRenameAndDelete(const QString& list, const QString& field, const QString& name,
-                            const QStringList& before)
-    {
-        open(QAccessible::Button, list);
-        waitForRows(before + QStringList{name});
-        openEditor(QAccessible::Button, u"Add"_qs, field);
-        type(u"Ape"_qs);
-        press(QAccessible::Button, u"Save"_qs);
-        pressIfThere(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
-        waitForRows(before + QStringList{u"Ape"_qs, name});
-        waitForRest();
-
-        openEditor(QAccessible::ListItem, name, field);
-        key(Qt::Key_A, Qt::ControlModifier);
-        type(u"Zoo"_qs);
-        key(Qt::Key_Return);
-        waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
-        waitForRest();
-
-        focus(QAccessible::ListItem, u"Ape"_qs);
-        key(Qt::Key_Delete);
-        waitForRows(before + QStringList{u"Zoo"_qs});
-        waitFor(QAccessible::AlertMessage, field + u" deleted: Ape"_qs);
-        press(QAccessible::Button, u"Undo"_qs);
-        waitForRows(before + QStringList{u"Ape"_qs, u"Zoo"_qs});
-        key(Qt::Key_Delete); // it is the current one again
-        waitForRows(before + QStringList{u"Zoo"_qs});
-        key(Qt::Key_Escape);
-        waitForRest();
-    }
 };
 
-TEST_F(ReferenceLists, NamesOfBothSidesAreAddedRenamedAndDeletedAndJokesLeftAlone)
+TEST_F(ReferenceLists, NamesAreAddedOnceRenamedAndDeletedAndJokesLeftAlone)
 {
     openWithNames();
-    addRenameAndDelete(u"Categories"_qs, u"Category"_qs, u"Puns"_qs, {u"No name"_qs});
-    addRenameAndDelete(u"Ratings"_qs, u"Rating"_qs, u"Mild"_qs, {});
-    EXPECT_FALSE(context().hasChanges());
-    const Jokes& joke = *context().fetch(Jokes::fetchRequest()).front();
-    EXPECT_EQ(joke.category(), "Puns");
-    EXPECT_EQ(joke.rating(), "Mild");
+    open(QAccessible::Button, u"Categories"_qs);
+    waitForRows({u"No name"_qs, u"Puns"_qs});
+    openEditor(QAccessible::Button, u"Add"_qs, u"Category"_qs);
+    type(u"Ape"_qs);
+    press(QAccessible::Button, u"Save"_qs);
+    pressIfThere(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
+    waitForRows({u"No name"_qs, u"Ape"_qs, u"Puns"_qs});
+    waitForRest();
+
+    openEditor(QAccessible::ListItem, u"Puns"_qs, u"Category"_qs);
+    key(Qt::Key_A, Qt::ControlModifier);
+    type(u"Zoo"_qs);
+    key(Qt::Key_Return);
+    waitForRows({u"No name"_qs, u"Ape"_qs, u"Zoo"_qs});
+    waitForRest();
+
+    focus(QAccessible::ListItem, u"Ape"_qs);
+    key(Qt::Key_Delete);
+    waitForRows({u"No name"_qs, u"Zoo"_qs});
+    waitFor(QAccessible::AlertMessage, u"Category deleted: Ape"_qs);
+    press(QAccessible::Button, u"Undo"_qs);
+    waitForRows({u"No name"_qs, u"Ape"_qs, u"Zoo"_qs});
+    key(Qt::Key_Delete); // it is the current one again
+    waitForRows({u"No name"_qs, u"Zoo"_qs});
+    EXPECT_EQ(context().fetch(Jokes::fetchRequest()).front()->category(), "Puns");
 }
 
 TEST_F(ReferenceLists, OddNamesPassThroughTheFieldUnchanged)
@@ -109,18 +84,15 @@ TEST_F(ReferenceLists, ARefusalGivesTheFieldBackAndTypedTextIsNotLostUnasked)
 {
     openWithNames();
     open(QAccessible::Button, u"Ratings"_qs);
-    waitForRows({u"Mild"_qs});
     key(Qt::Key_N, Qt::ControlModifier);
-    waitFor(QAccessible::EditableText, u"Rating"_qs);
+    waitForFocus(QAccessible::EditableText, u"Rating"_qs);
     waitForRest();
     press(QAccessible::Button, u"Save"_qs);
     waitFor(QAccessible::Dialog, u"Record not Saved!"_qs);
     press(QAccessible::Button, u"OK"_qs);
-    QAccessibleInterface* field = waitFor(QAccessible::EditableText, u"Rating"_qs);
-    EXPECT_TRUE(waitUntil([&] { return bool(field->state().focused); }));
+    waitForFocus(QAccessible::EditableText, u"Rating"_qs);
     type(u"M"_qs);
     key(Qt::Key_Escape);
-    waitFor(QAccessible::Dialog, u"Discard Changes?"_qs);
     press(QAccessible::Button, u"Discard"_qs);
     waitForRows({u"Mild"_qs});
 }

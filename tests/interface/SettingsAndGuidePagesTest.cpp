@@ -3,7 +3,6 @@
 #include "tests/interface/InterfaceFixture.h"
 #include "ui/PdfPageItem.h"
 
-#include <QElapsedTimer>
 #include <QQuickItem>
 #include <QTest>
 
@@ -17,64 +16,40 @@ class SettingsAndGuidePages : public InterfaceFixture {
 protected:
     void open(const QString& area)
     {
-        skipSeeding();
         system().resources.paths[u"overview.pdf"_qs] = u":/resources/overview.pdf"_qs;
-        openWindow();
+        openWith({});
         openArea(area);
-    }
-
-    QString fieldText(const QString& name)
-    {
-        QAccessibleInterface* field = waitFor(QAccessible::EditableText, name);
-        return field ? field->textInterface()->text(0, field->textInterface()->characterCount()) : QString();
     }
 };
 
-TEST_F(SettingsAndGuidePages, FontSizeAndColorAreChosenAndThereAfterARestart)
-{
-    open(u"Default Settings"_qs);
-    press(QAccessible::EditableText, u"Font"_qs);
-    waitFor(QAccessible::List, u"Font choices"_qs);
-    press(QAccessible::ListItem, u"Courier New"_qs);
-    press(QAccessible::Button, u"Done"_qs);
-    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Font choices"_qs); }));
-    press(QAccessible::Button, u"Larger"_qs);
-    press(QAccessible::Button, u"Larger"_qs);
-    press(QAccessible::Button, u"Smaller"_qs);
-    press(QAccessible::EditableText, u"Color"_qs);
-    press(QAccessible::ListItem, u"white"_qs);
-    EXPECT_EQ(fieldText(u"Color"_qs), u"white"_qs);
-    press(QAccessible::Button, u"Back"_qs); // with the picker open
-    waitFor(QAccessible::Button, u"Menu"_qs);
-
-    restart();
-    openArea(u"Default Settings"_qs);
-    EXPECT_EQ(fieldText(u"Font"_qs), u"Courier New"_qs);
-    EXPECT_EQ(fieldText(u"Size"_qs), u"18"_qs);
-    EXPECT_EQ(fieldText(u"Color"_qs), u"white"_qs);
-}
-
-TEST_F(SettingsAndGuidePages, FiveHundredFontsOpenAtOnceAndAreFoundByTyping)
+TEST_F(SettingsAndGuidePages, AmongFiveHundredFontsOneIsFoundByTypingAndAllIsThereAfterARestart)
 {
     system().fonts.installed.clear();
     for (int i = 0; i < 500; ++i)
         system().fonts.installed << u"Family %1"_qs.arg(i, 3, 10, QChar(u'0'));
     userDefaults().setText(PreferenceKeys::ListFontName, u"Family 250"_qs);
     open(u"Default Settings"_qs);
-    QElapsedTimer watch;
-    watch.start();
     press(QAccessible::EditableText, u"Font"_qs);
     waitFor(QAccessible::ListItem, u"Family 250"_qs);
-    RecordProperty("milliseconds", static_cast<int>(watch.elapsed()));
-    EXPECT_LT(names(QAccessible::ListItem).size(), 50) << "only the rows in sight are made";
-
+    EXPECT_LT(rows().size(), 50) << "only the rows in sight are made";
     type(u"family 4"_qs);
     EXPECT_EQ(fieldText(u"Font"_qs), u"Family 400"_qs);
     key(Qt::Key_Down);
-    EXPECT_EQ(fieldText(u"Font"_qs), u"Family 401"_qs);
     key(Qt::Key_Return);
-    ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::List, u"Font choices"_qs); }));
-    EXPECT_EQ(userDefaults().text(PreferenceKeys::ListFontName), u"Family 401"_qs);
+    waitUntilGone(QAccessible::List, u"Font choices"_qs);
+    press(QAccessible::Button, u"Larger"_qs);
+    press(QAccessible::Button, u"Larger"_qs);
+    press(QAccessible::Button, u"Smaller"_qs);
+    press(QAccessible::EditableText, u"Color"_qs);
+    press(QAccessible::ListItem, u"white"_qs);
+    press(QAccessible::Button, u"Back"_qs); // with the picker open
+    waitFor(QAccessible::Button, u"Menu"_qs);
+
+    restart();
+    openArea(u"Default Settings"_qs);
+    EXPECT_EQ(fieldText(u"Font"_qs), u"Family 401"_qs);
+    EXPECT_EQ(fieldText(u"Size"_qs), u"18"_qs);
+    EXPECT_EQ(fieldText(u"Color"_qs), u"white"_qs);
 }
 
 TEST_F(SettingsAndGuidePages, TheGuideIsReadScrolledAndZoomed)
@@ -93,12 +68,10 @@ TEST_F(SettingsAndGuidePages, TheGuideIsReadScrolledAndZoomed)
     const double whole = first->width();
     key(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_NEAR(first->width() / whole, 1.25, 0.01);
-    key(Qt::Key_PageDown);
     const QPointF middle(window().width() / 2.0, window().height() / 2.0);
     const auto underPointer = [&] { return first->mapFromScene(middle).y() / first->height(); };
     const double place = underPointer();
-    QWheelEvent wheel(middle, middle, {}, {0, 120}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase,
-                      false);
+    QWheelEvent wheel(middle, middle, {}, {0, 120}, {}, Qt::ControlModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&window(), &wheel);
     EXPECT_NEAR(first->width() / whole, 1.5, 0.01);
     EXPECT_NEAR(underPointer(), place, 0.01) << "what is under the pointer stays there";

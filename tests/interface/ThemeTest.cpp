@@ -17,8 +17,7 @@ class Theme : public InterfaceFixture {
 protected:
     Theme()
     {
-        skipSeeding();
-        openWindow();
+        openWith({});
         QQmlComponent component(qmlEngine(&window()));
         component.setData("import QtQml\nimport GiggleArchives\nQtObject { property var theme: Theme }", {});
         m_holder.reset(component.create());
@@ -79,15 +78,6 @@ TEST_F(Theme, EveryTextStandsOut)
                     << " high contrast " << highContrast;
             EXPECT_TRUE(!highContrast || contrast("outline", "background") >= 7);
         }
-    }
-}
-
-TEST_F(Theme, TitlesAreNeverSmallerThanTexts)
-{
-    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-        theme().setProperty("textScale", scale);
-        EXPECT_GE(theme().property("titleSize").toInt(), theme().property("bodySize").toInt()) << scale;
-        EXPECT_GE(theme().property("heroSize").toInt(), theme().property("titleSize").toInt()) << scale;
     }
 }
 

@@ -3,8 +3,6 @@
 
 #include "tests/interface/InterfaceFixture.h"
 
-#include <QDir>
-#include <QFile>
 #include <QScreen>
 #include <QTest>
 
@@ -23,38 +21,33 @@ protected:
     {
         skipSeeding();
         for (std::int16_t i = 1; i <= 100; ++i)
-            insertJoke(context(),
-                       {.category = "Puns", .id = i, .joke = QString::number(1000 + i).toStdString()});
+            insertJoke(context(), {.category = "Puns", .id = i, .joke = std::to_string(1000 + i)});
         context().save();
     }
 
     static QString joke(int id) { return u"%1, Category: Puns, Rating: N/A"_qs.arg(1000 + id); }
 
     /// What is in sight, in the order of the texts.
-    QStringList rows()
+    QStringList inSight()
     {
         QStringList rows = names(QAccessible::ListItem);
         rows.sort();
         return rows;
     }
 
-    /// Scrolls away from the top and waits until that is noted.
-    QStringList scroll()
-    {
-        for (int i = 0; i < 5; ++i)
-            key(Qt::Key_PageDown);
-        QTest::qWait(300);
-        EXPECT_FALSE(rows().contains(joke(1)));
-        return rows();
-    }
+    void waitForNotes() { QTest::qWait(400); }
 };
 
 TEST_F(WindowMemoryTest, TheListIsWhereItWasLeft)
 {
     openWindow();
     openArea(u"Joke List"_qs);
-    const QStringList left = scroll();
-    const auto isThere = [&] { return waitUntil([&] { return rows() == left; }); };
+    for (int i = 0; i < 5; ++i)
+        key(Qt::Key_PageDown);
+    waitForNotes();
+    const QStringList left = inSight();
+    EXPECT_FALSE(left.contains(joke(1)));
+    const auto isThere = [&] { return waitUntil([&] { return inSight() == left; }); };
 
     press(QAccessible::ListItem, left[1]);
     waitFor(QAccessible::Heading, u"Edit Joke"_qs);
@@ -71,7 +64,7 @@ TEST_F(WindowMemoryTest, TheListIsWhereItWasLeft)
     EXPECT_TRUE(isThere()) << "after a restart";
 
     press(QAccessible::Button, u"Sort"_qs);
-    EXPECT_TRUE(waitUntil([&] { return rows().contains(joke(1)); }));
+    waitFor(QAccessible::ListItem, joke(1));
 }
 
 TEST_F(WindowMemoryTest, AJokeThatWasSearchedForIsInSightWhenItsEditorIsLeft)
@@ -81,14 +74,13 @@ TEST_F(WindowMemoryTest, AJokeThatWasSearchedForIsInSightWhenItsEditorIsLeft)
     press(QAccessible::RadioButton, u"Joke"_qs);
     key(Qt::Key_F, Qt::ControlModifier);
     type(u"1070"_qs);
-    waitFor(QAccessible::Heading, u"# Jokes = 1 of 100"_qs);
+    waitForRows({joke(70)});
     press(QAccessible::ListItem, joke(70));
     waitFor(QAccessible::Heading, u"Edit Joke"_qs);
-    waitUntil([&] { return !find(QAccessible::Heading, u"# Jokes = 1 of 100"_qs); });
-    QTest::qWait(100);
+    waitUntilGone(QAccessible::List, u"Joke List"_qs);
     press(QAccessible::Button, u"Back"_qs);
     waitFor(QAccessible::Heading, u"# Jokes = 100"_qs);
-    EXPECT_TRUE(waitUntil([&] { return rows().contains(joke(70)); }));
+    waitFor(QAccessible::ListItem, joke(70));
 }
 
 TEST_F(WindowMemoryTest, OnlyASizeThatTheUserHasGivenIsKept)
@@ -96,20 +88,20 @@ TEST_F(WindowMemoryTest, OnlyASizeThatTheUserHasGivenIsKept)
     openWindow(QSize());
     EXPECT_EQ(window().size(), UsualSize);
     window().resize(500, 600);
-    QTest::qWait(400);
+    waitForNotes();
     window().showFullScreen();
-    QTest::qWait(400);
+    waitForNotes();
     restart();
     EXPECT_EQ(window().size(), QSize(500, 600));
     EXPECT_EQ(window().windowStates(), Qt::WindowNoState);
 
     window().showMaximized();
-    QTest::qWait(400);
+    waitForNotes();
     restart();
     EXPECT_EQ(window().windowStates(), Qt::WindowMaximized);
     window().showNormal();
     window().resize(window().screen()->availableSize()); // as window managers do that know no states
-    QTest::qWait(400);
+    waitForNotes();
     restart();
     EXPECT_EQ(window().size(), QSize(500, 600));
 }
@@ -128,34 +120,20 @@ TEST_F(WindowMemoryTest, WhatAFileSaysIsTakenAsFarAsItMakesSense)
         {R"({"window":{"width":"wide","height":-4,"maximized":1},"lists":{"jokes":7}})", {}},
         {R"({"window":[],"lists":3})", {}},
         {R"({"window":{"wid)", {}},
-        {"[1, 2]", {}},
         {QByteArray(200'000, ' ') + R"({"window":{"width":500,"height":600}})", {}}, // too large to be ours
     };
 
     for (const auto& one : cases) {
-        QFile file(windowMemory());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(one.content);
-        file.close();
+        writeBytes(windowMemory(), one.content);
         ListPlaces places;
         WindowMemory memory(places);
-        memory.open(file.fileName());
+        memory.open(windowMemory());
         QVariantMap expected{{u"height"_qs, UsualSize.height()}};
         if (one.size.isValid())
             expected = {{u"width"_qs, one.size.width()}, {u"height"_qs, one.size.height()}};
         EXPECT_EQ(memory.windowProperties(), expected) << one.content.left(80).toStdString();
         EXPECT_EQ(places.size(), one.numberOfLists) << one.content.left(80).toStdString();
     }
-}
-
-TEST_F(WindowMemoryTest, AFileThatCannotBeWrittenDisturbsNobody)
-{
-    ASSERT_TRUE(QDir().mkpath(windowMemory()));
-    openWindow(QSize());
-    window().resize(500, 600);
-    QTest::qWait(400);
-    restart();
-    EXPECT_EQ(window().size(), UsualSize);
 }
 
 } // namespace

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "lists/AddCategoryViewController.h"
-#include "lists/AddRatingViewController.h"
-#include "lists/CategoryTableViewController.h"
-#include "lists/EditCategoryViewController.h"
-#include "lists/EditRatingViewController.h"
-#include "lists/RatingTableViewController.h"
+#include "lists/AddNameViewController.h"
+#include "lists/EditNameViewController.h"
+#include "lists/NameListViewController.h"
 #include "tests/support/ScreenFixture.h"
 #include "ui/SharedSelection.h"
 
@@ -23,181 +20,119 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Names = std::vector<std::string>;
 
-/// One side's classes, and the texts of its screens.
-struct NameSide {
-    std::string table; ///< whose one column has the same name
-    void (*insert)(ManagedObjectContext&, OptionalText);
-    const ListSide& ways;
-    std::unique_ptr<NameListViewController> (*makeList)(ScreenEnvironment&);
-    std::unique_ptr<NameEditor> (*makeAdd)(ScreenEnvironment&);
-    std::unique_ptr<NameEditor> (*makeEdit)(ScreenEnvironment&);
-    QString (*label)(const QVariant& cell);
-    QString header;
-    QStringList texts;
+/// Its cells are the names themselves.
+struct NameList : NameListViewController {
+    using NameListViewController::NameListViewController;
+
+    QVariant cellForRow(int row) const override { return nameInRow(row); }
 };
 
-template <class Base, class ScreenClass>
-std::unique_ptr<Base> make(ScreenEnvironment& environment)
-{
-    return std::make_unique<ScreenClass>(environment);
-}
-
-const NameSide CategoryNames{
-    "category",
-    [](ManagedObjectContext& context, OptionalText name) { insertCategory(context, name); },
-    CategorySide,
-    make<NameListViewController, CategoryTableViewController>,
-    make<NameEditor, AddCategoryViewController>,
-    make<NameEditor, EditCategoryViewController>,
-    [](const QVariant& cell) { return cell.value<CategoryTableViewCell>().CategoryNameLabel; },
-    "# Categories = ",
-    {"Categories", "", "Add Category", "Edit Category", "Category"}};
-const NameSide RatingNames{
-    "rating",
-    [](ManagedObjectContext& context, OptionalText name) { insertRating(context, name); },
-    RatingSide,
-    make<NameListViewController, RatingTableViewController>,
-    make<NameEditor, AddRatingViewController>,
-    make<NameEditor, EditRatingViewController>,
-    [](const QVariant& cell) { return cell.value<RatingTableViewCell>().RatingNameLabel; },
-    "# Ratings = ",
-    {"Ratings", "Sort and Search By Rating", "Add Rating", "Edit Rating", "Rating"}};
-
 /// One side's screens over the names that a test stores.
-class NameScreens : public ScreenFixture {
+class NameScreensTest : public ScreenFixture, public ::testing::WithParamInterface<const ListSide*> {
 protected:
-    explicit NameScreens(const NameSide& side) : m_side(side) {}
-
-    [[nodiscard]] const NameSide& side() const { return m_side; }
-
     void store(const std::vector<OptionalText>& names)
     {
         for (const OptionalText name : names)
-            side().insert(context(), name);
+            if (&side == &CategorySide)
+                insertCategory(context(), name);
+            else
+                insertRating(context(), name);
         context().save();
     }
 
     /// What is in the file, in the order of insertion.
     [[nodiscard]] Names stored()
     {
-        return RawDatabase(folder.file())
-            .rows("SELECT " + side().table + " FROM " + side().table + " ORDER BY oid");
+        return RawDatabase(folder.file()).rows("SELECT " + table + " FROM " + table + " ORDER BY oid");
     }
 
-    [[nodiscard]] Names rows() const
+    [[nodiscard]] Names rows()
     {
         Names names;
-        const TableModel& table = *list->tableView();
-        for (int row = 0; row < table.rowCount(); ++row)
-            names.push_back(side().label(table.data(table.index(row), TableModel::CellRole)).toStdString());
+        for (int row = 0; row < list.tableView()->rowCount(); ++row)
+            names.push_back(list.cellForRow(row).toString().toStdString());
         return names;
     }
 
-    [[nodiscard]] QString header() const { return list->tableView()->headerText(); }
+    [[nodiscard]] QString header() { return list.tableView()->headerText(); }
 
     /// Types a name into the add screen and saves.
     void add(const QString& name)
     {
-        const auto screen = side().makeAdd(environment);
-        screen->viewDidLoad();
-        screen->setName(name);
-        screen->SaveGenre();
+        AddNameViewController screen(environment, side);
+        screen.viewDidLoad();
+        screen.setName(name);
+        screen.SaveGenre();
     }
 
     /// Chooses a name, types another into the rename screen and saves.
     void rename(const QString& from, const QString& to)
     {
-        selection.*side().ways.nameToRename = from;
-        const auto screen = side().makeEdit(environment);
-        screen->viewDidLoad();
-        EXPECT_EQ(screen->name(), from);
-        EXPECT_FALSE(screen->hasUnsavedChanges());
-        screen->setName(to);
-        screen->SaveGenre();
+        selection.*side.nameToRename = from;
+        EditNameViewController screen(environment, side);
+        screen.viewDidLoad();
+        EXPECT_EQ(screen.name(), from);
+        EXPECT_FALSE(screen.hasUnsavedChanges());
+        screen.setName(to);
+        screen.SaveGenre();
     }
 
     void removeAll()
     {
-        list->viewDidLoad();
-        while (list->numberOfRows() > 0)
-            list->deleteRow(0);
+        list.viewDidLoad();
+        while (list.numberOfRows() > 0)
+            list.deleteRow(0);
         navigator = {};
     }
 
-private:
-    const NameSide& m_side; // before the list, which is made from it
-
-protected:
-    std::unique_ptr<NameListViewController> list = side().makeList(environment);
-    QAbstractItemModelTester tester{list->tableView(), QAbstractItemModelTester::FailureReportingMode::Fatal};
+    const ListSide& side = *GetParam();
+    const std::string table = side.fieldName.toString().toLower().toStdString(); ///< and its only column
+    NameList list{environment, side};
+    QAbstractItemModelTester tester{list.tableView(), QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
-class NameScreensTest : public NameScreens, public ::testing::WithParamInterface<NameSide> {
-protected:
-    NameScreensTest() : NameScreens(GetParam()) {}
-};
-
-struct CategoryListTest : NameScreens {
-    CategoryListTest() : NameScreens(CategoryNames) {}
-};
-
-struct RatingListTest : NameScreens {
-    RatingListTest() : NameScreens(RatingNames) {}
-};
-
-INSTANTIATE_TEST_SUITE_P(Sides, NameScreensTest, ::testing::Values(CategoryNames, RatingNames),
-                         [](const auto& side) { return side.param.table; });
-
-} // namespace
-
-TEST_P(NameScreensTest, EveryTextIsTheSides)
-{
-    const auto add = side().makeAdd(environment);
-    const auto edit = side().makeEdit(environment);
-    EXPECT_EQ(QStringList(
-                  {list->title(), list->searchPlaceholder(), add->title(), edit->title(), edit->fieldName()}),
-              side().texts);
-}
+INSTANTIATE_TEST_SUITE_P(, NameScreensTest, ::testing::Values(&CategorySide, &RatingSide),
+                         [](const auto& side) { return side.param->listTitle.toString().toStdString(); });
 
 TEST_P(NameScreensTest, SortTurnsTheOrderOfThisVisitRound)
 {
-    list->viewDidLoad();
-    EXPECT_EQ(header(), side().header + u'0');
+    list.viewDidLoad();
+    EXPECT_EQ(header(), side.headerPrefix.toString() + u'0');
     EXPECT_FALSE(selection.SortAsc);
 
     store({"b", "", "B", "\u00e9", "a", "a"});
-    list->SortButtonTapped();
+    list.SortButtonTapped();
     EXPECT_THAT(rows(), ElementsAre("\u00e9", "b", "a", "a", "B", ""));
-    EXPECT_EQ(header(), side().header + u'6');
+    EXPECT_EQ(header(), side.headerPrefix.toString() + u'6');
     EXPECT_EQ(selection.SortAsc, false);
-    list->SortButtonTapped();
+    list.SortButtonTapped();
     EXPECT_THAT(rows(), ElementsAre("", "B", "a", "a", "b", "\u00e9"));
     EXPECT_EQ(selection.SortAsc, true);
 
-    list->SortButtonTapped();
-    const auto next = side().makeList(environment);
-    next->viewDidLoad();
-    EXPECT_TRUE(next->sortAsc());
+    list.SortButtonTapped();
+    NameList next(environment, side);
+    next.viewDidLoad();
+    EXPECT_TRUE(next.sortAsc());
 }
 
 TEST_P(NameScreensTest, ADeletedNameComesBackWhereItWas)
 {
     const std::string longName = std::string(59, 'x') + "\U0001F600y";
     store({"twin", "a", "twin", longName});
-    list->viewDidLoad();
-    list->deleteRow(1);
-    list->SortButtonTapped();
-    list->deleteRow(0);
-    const QString deleted = side().texts.back() + u" deleted: "_s;
+    list.viewDidLoad();
+    list.deleteRow(1);
+    list.SortButtonTapped();
+    list.deleteRow(0);
+    const QString deleted = side.fieldName.toString() + u" deleted: "_s;
     EXPECT_EQ(navigator.undoOffer, deleted + u"x"_s.repeated(59) + u'\u2026');
     navigator.undo();
     EXPECT_THAT(rows(), ElementsAre(longName, "twin", "a"));
-    list->deleteRow(1);
+    list.deleteRow(1);
     EXPECT_EQ(navigator.undoOffer, deleted + u"twin"_s);
-    list->SortButtonTapped();
+    list.SortButtonTapped();
     navigator.undo();
     EXPECT_THAT(rows(), ElementsAre("a", "twin", longName));
-    EXPECT_EQ(header(), side().header + u'3');
+    EXPECT_EQ(header(), side.headerPrefix.toString() + u'3');
     EXPECT_THAT(stored(), ElementsAre("a", "twin", longName));
 }
 
@@ -252,7 +187,7 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
         store({"a", "b", "b"});
         rename(c.from, c.to);
         EXPECT_EQ(stored(), c.stored) << c.to.toStdString();
-        EXPECT_THAT(navigator.unwound, ElementsAre(side().ways.unwindRoute));
+        EXPECT_THAT(navigator.unwound, ElementsAre(side.unwindRoute));
         EXPECT_THAT(navigator.alerts, IsEmpty());
     }
 }
@@ -260,33 +195,37 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
 TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
 {
     store({"a"});
-    list->viewDidLoad();
+    list.viewDidLoad();
     RawDatabase database(folder.file());
-    database.execute("ALTER TABLE " + side().table + " RENAME TO away");
+    database.execute("ALTER TABLE " + table + " RENAME TO away");
     ::testing::internal::CaptureStderr();
     add(u"new"_s);
     rename(u"a"_s, u"z"_s);
-    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr(side().table));
-    EXPECT_THAT(navigator.unwound, ElementsAre(side().ways.unwindRoute, side().ways.unwindRoute));
-    list->unwound(side().ways.unwindRoute);
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr(table));
+    EXPECT_THAT(navigator.unwound, ElementsAre(side.unwindRoute, side.unwindRoute));
+    list.unwound(side.unwindRoute);
     EXPECT_THAT(rows(), ElementsAre("new", "z"));
 
-    database.execute("ALTER TABLE away RENAME TO " + side().table);
+    database.execute("ALTER TABLE away RENAME TO " + table);
     EXPECT_THAT(stored(), ElementsAre("a"));
     add(u"newer"_s);
     EXPECT_THAT(stored(), ElementsAre("z", "new", "newer"));
 }
 
-TEST_F(CategoryListTest, OneWithoutANameIsAnEmptyRowThatCanBeDeletedButNotRenamed)
+TEST_P(NameScreensTest, ACategoryWithoutANameIsAnEmptyRowAndARatingWithoutOneEndsTheProgram)
 {
     store({std::nullopt, "a", std::nullopt});
-    list->viewDidLoad();
+    if (&side == &RatingSide) {
+        EXPECT_DEATH(list.viewDidLoad(), "a rating without a name");
+        return;
+    }
+    list.viewDidLoad();
     EXPECT_THAT(rows(), ElementsAre("", "", "a"));
     selection.selectedCategoryName = u"a"_s;
-    list->selectRow(0);
+    list.selectRow(0);
     rename(selection.selectedCategoryName, u"b"_s);
     EXPECT_THAT(stored(), ElementsAre("NULL", "a", "NULL"));
-    list->deleteRow(0);
+    list.deleteRow(0);
     EXPECT_THAT(stored(), ElementsAre("a", "NULL"));
     EXPECT_EQ(navigator.undoOffer, u"Category deleted."_s);
     navigator.undo();
@@ -295,56 +234,38 @@ TEST_F(CategoryListTest, OneWithoutANameIsAnEmptyRowThatCanBeDeletedButNotRename
     EXPECT_EQ(navigator.alerts.size(), 1u) << "the records without a name hide the others";
 }
 
-TEST_F(CategoryListTest, ASearchTextNarrowsNothing)
-{
-    store({"a", "b"});
-    list->viewDidLoad();
-    list->setSearchText(u"a"_s);
-    EXPECT_THAT(rows(), ElementsAre("a", "b"));
-    EXPECT_EQ(header(), u"# Categories = 2"_s);
-}
-
-TEST_F(RatingListTest, OneWithoutANameEndsTheProgram)
-{
-    store({"a", std::nullopt});
-    EXPECT_DEATH(list->viewDidLoad(), "a rating without a name");
-}
-
-TEST_F(RatingListTest, SearchFindsTheTextAnywhereInEitherCase)
+TEST_P(NameScreensTest, ASearchNarrowsTheRatingsAndDeletingMeanwhileLeavesTheWholeListAsItWas)
 {
     store({"Mild", "Mild+", "Adult", "Ämild"});
-    list->viewDidLoad();
-    list->setSearchText(u"MILD"_s);
+    list.viewDidLoad();
+    list.setSearchText(u"ä"_s);
+    if (&side == &CategorySide) {
+        EXPECT_EQ(rows().size(), 4U);
+        return;
+    }
+    EXPECT_THAT(rows(), ElementsAre("Ämild"));
+    list.selectRow(0);
+    EXPECT_EQ(selection.selectedRatingName, u"Ämild"_s);
+    list.setSearchText(u"MILD"_s);
+    list.SortButtonTapped(); // the search is not repeated
     EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+", "Ämild"));
     EXPECT_EQ(header(), u"# Ratings = 3"_s);
-    list->setSearchText(u"ä"_s);
-    EXPECT_THAT(rows(), ElementsAre("Ämild"));
-    list->selectRow(0);
-    EXPECT_EQ(selection.selectedRatingName, u"Ämild"_s);
-    list->setSearchText({});
-    EXPECT_EQ(header(), u"# Ratings = 4"_s);
+    list.deleteRow(1);
+    list.SortButtonTapped();
+    navigator.undo();
+    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+", "Ämild"));
+    list.deleteRow(1);
+    EXPECT_THAT(rows(), ElementsAre("Mild", "Ämild"));
+    EXPECT_THAT(stored(), ElementsAre("Mild", "Adult", "Ämild"));
+    list.setSearchText({});
+    EXPECT_THAT(rows(), ElementsAre("Adult", "Mild", "Mild+", "Ämild"));
+    rename(u"Mild+"_s, u"back from the dead"_s);
+    list.deleteRow(2);
+    EXPECT_THAT(stored(), ElementsAre("Mild", "Adult", "Ämild"));
+    list.SortButtonTapped();
+    EXPECT_THAT(rows(), ElementsAre("Ämild", "Mild", "Adult"));
 }
 
-TEST_F(RatingListTest, DeletingWhileSearchingLeavesTheWholeListAsItWas)
-{
-    store({"Mild", "Mild+", "Adult"});
-    list->viewDidLoad();
-    list->setSearchText(u"mild"_s);
-    list->SortButtonTapped(); // the search is not repeated
-    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
-    list->deleteRow(0);
-    navigator.undo();
-    EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+"));
-    list->deleteRow(0);
-    EXPECT_THAT(rows(), ElementsAre("Mild+"));
-    EXPECT_THAT(stored(), ElementsAre("Mild+", "Adult"));
-    list->setSearchText({});
-    EXPECT_THAT(rows(), ElementsAre("Mild+", "Mild", "Adult"));
-    rename(u"Mild"_s, u"back from the dead"_s);
-    list->deleteRow(1);
-    EXPECT_THAT(stored(), ElementsAre("Mild+", "Adult"));
-    list->SortButtonTapped();
-    EXPECT_THAT(rows(), ElementsAre("Adult", "Mild+"));
-}
+} // namespace
 
 } // namespace giggle

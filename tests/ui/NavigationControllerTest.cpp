@@ -4,7 +4,6 @@
 #include "tests/support/ScreenFixture.h"
 
 #include <QCoreApplication>
-#include <QSignalSpy>
 
 #include <string>
 
@@ -20,12 +19,11 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Journal = std::vector<std::string>;
 
-/// Writes its life down in a journal that it shares with the others.
+/// Writes its life down in a journal that it shares with the others. The menu is the way back to the menu.
 class RecordingScreen : public Screen {
 public:
-    RecordingScreen(ScreenEnvironment& environment, Journal& journal, std::string name,
-                    std::optional<UnwindRoute> route)
-        : Screen(environment), m_journal(journal), m_name(std::move(name)), m_route(route)
+    RecordingScreen(ScreenEnvironment& environment, Journal& journal, std::string name)
+        : Screen(environment), m_journal(journal), m_name(std::move(name))
     {
     }
 
@@ -33,7 +31,10 @@ public:
 
     QString title() const override { return QString::fromStdString(m_name); }
 
-    bool isTargetOf(UnwindRoute route) const override { return route == m_route; }
+    bool isTargetOf(UnwindRoute route) const override
+    {
+        return m_name == "menu" && route == UnwindRoute::ToMenu;
+    }
 
     void viewDidLoad() override { note("load"); }
 
@@ -52,41 +53,10 @@ private:
 
     Journal& m_journal;
     std::string m_name;
-    std::optional<UnwindRoute> m_route;
 };
 
-/// The menu, the list above it and the editor above that. Every other way leads nowhere.
-class RecordingScenes : public SceneFactory {
-public:
-    RecordingScenes(ScreenEnvironment& environment, Journal& journal)
-        : m_environment(environment), m_journal(journal)
-    {
-    }
-
-    bool hasScene(SegueId segue) const override
-    {
-        return segue == SegueId::JokeList || segue == SegueId::EditJoke;
-    }
-
-    Scene makeRoot() override { return make("menu", UnwindRoute::ToMenu); }
-
-    Scene makeScene(SegueId segue) override
-    {
-        return segue == SegueId::JokeList ? make("list", UnwindRoute::ToList) : make("editor", std::nullopt);
-    }
-
-private:
-    Scene make(const std::string& name, std::optional<UnwindRoute> route)
-    {
-        return {std::make_unique<RecordingScreen>(m_environment, m_journal, name, route),
-                QUrl(QString::fromStdString(name + ".qml"))};
-    }
-
-    ScreenEnvironment& m_environment;
-    Journal& m_journal;
-};
-
-class NavigationControllerTest : public ScreenFixture {
+/// Makes the menu, the list above it and the editor above that.
+class NavigationControllerTest : public ScreenFixture, public SceneFactory {
 protected:
     NavigationControllerTest()
     {
@@ -96,31 +66,25 @@ protected:
                          [this](int count) { pages.resize(pages.size() - static_cast<std::size_t>(count)); });
     }
 
+    bool hasScene(SegueId) const override { return true; }
+
+    Scene makeRoot() override { return make("menu"); }
+
+    Scene makeScene(SegueId segue) override { return make(segue == SegueId::JokeList ? "list" : "editor"); }
+
+    Scene make(const char* name)
+    {
+        return {std::make_unique<RecordingScreen>(environment, journal, name), QUrl(u"Page.qml"_s)};
+    }
+
     /// The pages' transition has ended.
     void settle() { navigation.pageDidAppear(pages.back()); }
-
-    void open(SegueId segue)
-    {
-        navigation.performSegue(segue);
-        settle();
-    }
-
-    /// Opens the menu, the list and the editor, and clears the journal.
-    void openAll()
-    {
-        navigation.start();
-        settle();
-        open(SegueId::JokeList);
-        open(SegueId::EditJoke);
-        journal.clear();
-    }
 
     /// What has happened since the last time.
     Journal news() { return std::exchange(journal, {}); }
 
     Journal journal;
-    RecordingScenes scenes{environment, journal};
-    NavigationController navigation{scenes};
+    NavigationController navigation{*this};
     std::vector<Screen*> pages;
 };
 
@@ -145,22 +109,22 @@ TEST_F(NavigationControllerTest, RunsTheLifeCycleOfPushesAndWaysBack)
     EXPECT_THAT(news(), IsEmpty()) << "deleted while the page may still look at it";
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_THAT(news(), ElementsAre("list deleted"));
-}
 
-TEST_F(NavigationControllerTest, GoesBackBeforeThePageHasComeToRest)
-{
-    navigation.start();
-    settle();
     navigation.performSegue(SegueId::JokeList);
-    journal.clear();
-    navigation.back();
+    news();
+    navigation.back(); // before the page has come to rest
     settle();
     EXPECT_THAT(news(), ElementsAre("menu will appear", "list did disappear", "menu did appear"));
 }
 
 TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTargetIfThereIsOne)
 {
-    openAll();
+    navigation.start();
+    for (const SegueId segue : {SegueId::JokeList, SegueId::EditJoke}) {
+        navigation.performSegue(segue);
+        settle();
+    }
+    news();
     navigation.unwind(UnwindRoute::ToRatingList);
     EXPECT_THAT(news(), IsEmpty());
     navigation.unwind(UnwindRoute::ToMenu);
@@ -198,14 +162,12 @@ TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)
 
 TEST_F(NavigationControllerTest, AnOfferToUndoEndsWithTheNextOneAndWithItsScreen)
 {
-    openAll();
+    navigation.start();
     PassingNotices& notices = *navigation.passingNotices();
-    QSignalSpy changes(&notices, &PassingNotices::undoOfferChanged);
     std::string undone;
     const QString deleted = QStringLiteral("Joke deleted.");
     for (const char* name : {"a", "b"})
         navigation.offerUndo(deleted, [&undone, name] { undone += name; });
-    EXPECT_EQ(changes.count(), 3) << "the same words are not said twice unless they were gone";
     notices.undo();
     notices.undo();
     EXPECT_EQ(undone, "b");
@@ -215,7 +177,6 @@ TEST_F(NavigationControllerTest, AnOfferToUndoEndsWithTheNextOneAndWithItsScreen
                               std::function<void()>([&] { navigation.back(); })}) {
         navigation.confirm(QStringLiteral("Copied."));
         navigation.offerUndo(deleted, [&] { undone = "too late"; });
-        EXPECT_EQ(notices.undoOffer(), deleted);
         leave();
         notices.undo();
         EXPECT_EQ(notices.undoOffer() + notices.confirmation(), QString());

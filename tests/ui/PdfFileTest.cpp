@@ -7,7 +7,6 @@
 #include "ui/PaperSizes.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -30,22 +29,16 @@ QStringList allMatches(const QString& text, const QString& pattern)
 
 class PdfFileTest : public testing::Test {
 protected:
-    /// A place with a file, to be replaced.
-    QString placeWithFile()
-    {
-        QFile file(m_folder.filePath(u"jokes.pdf"_qs));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("before");
-        return file.fileName();
-    }
+    PdfFileTest() { writeBytes(place, "before"); }
 
     void expectNothingChanged() const
     {
         EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList{u"jokes.pdf"_qs});
-        EXPECT_EQ(readBytes(m_folder.filePath(u"jokes.pdf"_qs)), "before");
+        EXPECT_EQ(readBytes(place), "before");
     }
 
     CollectionFolder m_folder;
+    const QString place = m_folder.filePath(u"jokes.pdf"_qs); ///< of a file that is to be replaced
 };
 
 TEST_F(PdfFileTest, ALongTextLosesNothingAndKeepsJokesWhole)
@@ -56,11 +49,10 @@ TEST_F(PdfFileTest, ALongTextLosesNothingAndKeepsJokesWhole)
         numbers += QString::number(i) + u' ';
     AttributedText text = manyJokes(Count);
     text.append(u"caf\u00e9 \U0001F600 \u05e9\u05dc\u05d5\u05dd\r\nlast\x01line\n"_qs + numbers);
-    const PdfOutcome outcome = makePdfFile(text, A4, u"Jokes"_qs, placeWithFile());
+    const PdfOutcome outcome = makePdfFile(text, A4, u"Jokes"_qs, place);
     EXPECT_EQ(outcome.failure, QString());
-    const QString path = m_folder.filePath(u"jokes.pdf"_qs);
-    EXPECT_TRUE(outputOf(u"pdfinfo"_qs, {path}).contains(u"(A4)"_qs));
-    const QStringList pages = pagesOf(path);
+    EXPECT_TRUE(outputOf(u"pdfinfo"_qs, {place}).contains(u"(A4)"_qs));
+    const QStringList pages = pagesOf(place);
     ASSERT_EQ(pages.size(), outcome.pages);
     EXPECT_GT(pages.size(), Count / 20);
     QStringList words;
@@ -82,17 +74,16 @@ TEST_F(PdfFileTest, ALongTextLosesNothingAndKeepsJokesWhole)
 TEST_F(PdfFileTest, LeavesWhatWasThereWhenItFails)
 {
     const AttributedText text = manyJokes(400);
-    const QString path = placeWithFile();
     const auto mayGoOn = [](PdfProgress progress) { return progress.pages < 2; };
-    const PdfOutcome cancelled = makePdfFile(text, A4, u"Jokes"_qs, path, mayGoOn);
+    const PdfOutcome cancelled = makePdfFile(text, A4, u"Jokes"_qs, place, mayGoOn);
     EXPECT_TRUE(cancelled.isCancelled);
     EXPECT_EQ(cancelled.failure, QString());
     expectNothingChanged();
 
     {
         const FileSizeLimit limit(30'000);
-        const PdfOutcome full = makePdfFile(text, A4, u"Jokes"_qs, path);
-        EXPECT_TRUE(full.failure.contains(path) && full.failure.contains(u"cannot be written"_qs));
+        const PdfOutcome full = makePdfFile(text, A4, u"Jokes"_qs, place);
+        EXPECT_TRUE(full.failure.contains(place) && full.failure.contains(u"cannot be written"_qs));
     }
     expectNothingChanged();
 

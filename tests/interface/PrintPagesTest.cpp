@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/InterfaceFixture.h"
+#include "tests/support/FakePrinters.h"
+
+namespace giggle {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class PrintPages : public InterfaceFixture {
+protected:
+    void present(int jokes)
+    {
+        system().platform.printPanel = nullptr;
+        system().platform.printers = &m_printers;
+        openWith({});
+        userInterface().platform().printPanel->present(
+            manyJokes(jokes), u"Jokes"_qs, [this](const PrintOutcome& outcome) { m_outcome = outcome; });
+        waitFor(QAccessible::Dialog, u"Print"_qs);
+    }
+
+    FakePrinters m_printers;
+    std::optional<PrintOutcome> m_outcome;
+};
+
+TEST_F(PrintPages, ThePrintedDocumentFollowsSegmentsAndSearch)
+{
+    openWith({{.category = "Puns", .id = 1, .joke = "Pop"},
+              {.category = "Animal", .rating = "Mild", .id = 2, .favorite = true, .joke = "Moo"}});
+    openArea(u"Print"_qs);
+    waitFor(QAccessible::ListItem, u"Moo, Category: Animal, Rating: Mild"_qs);
+    waitFor(QAccessible::ListItem, u"From: Giggle Archives App for iPhone and iPad"_qs);
+    EXPECT_FALSE(find(QAccessible::CheckBox, u"Favorite"_qs));
+    key(Qt::Key_F, Qt::ControlModifier);
+    type(u"PUN"_qs);
+    waitUntilGone(QAccessible::ListItem, u"Moo"_qs); // a line of the document
+    EXPECT_TRUE(find(QAccessible::ListItem, u"Pop"_qs));
+    EXPECT_TRUE(find(QAccessible::ListItem, u"Pop, Category: Puns, Rating: N/A"_qs));
+    press(QAccessible::Button, u"Email"_qs);
+    EXPECT_EQ(system().mailComposer.presented.size(), 1U);
+    key(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_TRUE(system().printPanel.presented.at(0).text.contains(u"\n\nPop\n-"_qs));
+    press(QAccessible::RadioButton, u"Favorites"_qs);
+    waitUntilGone(QAccessible::ListItem, u"Pop"_qs);
+    EXPECT_TRUE(find(QAccessible::ListItem, u"Moo"_qs));
+}
+
+TEST_F(PrintPages, PrintersThatAreFoundLateAreOfferedAndPrintWhatIsChosen)
+{
+    m_printers.set({{u"attic"_qs, u"In the Attic"_qs, false, {}, {}},
+                    {u"cellar"_qs, u"In the Cellar"_qs, true, {}, {}}});
+    m_printers.setSilent(true);
+    present(40);
+    waitForFocus(QAccessible::Button, u"Save as PDF"_qs);
+    m_printers.setSilent(false);
+    waitForFocus(QAccessible::Button, u"Print"_qs);
+    EXPECT_EQ(find(QAccessible::EditableText, u"Printer"_qs)->text(QAccessible::Value), u"In the Cellar"_qs);
+    press(QAccessible::EditableText, u"Printer"_qs);
+    press(QAccessible::ListItem, u"In the Attic"_qs);
+    press(QAccessible::Button, u"Done"_qs);
+    press(QAccessible::EditableText, u"Paper"_qs);
+    press(QAccessible::ListItem, u"A5"_qs);
+    press(QAccessible::Button, u"Done"_qs);
+    while (!find(QAccessible::SpinBox, u"Copies"_qs)->child(0)->state().focused)
+        key(Qt::Key_Tab);
+    type(u"3"_qs); // takes the place of the 1
+
+    const auto showsPage = [&](const QString& page) {
+        return waitUntil([&] { return names(QAccessible::StaticText).filter(page).size() == 1; });
+    };
+    EXPECT_TRUE(showsPage(u"Page 1 of "_qs));
+    press(QAccessible::Button, u"Next Page"_qs);
+    EXPECT_TRUE(showsPage(u"Page 2 of "_qs));
+
+    press(QAccessible::Button, u"Print"_qs);
+    ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
+    EXPECT_TRUE(m_outcome->isCompleted);
+    const PrintJob job = m_printers.printed().at(0).job;
+    EXPECT_EQ(job.printer, u"attic"_qs);
+    EXPECT_EQ(job.media, u"iso_a5_148x210mm"_qs);
+    EXPECT_EQ(job.copies, 3);
+    waitUntilGone(QAccessible::Dialog, u"Print"_qs);
+    key(Qt::Key_Return); // the page has the keyboard again
+    waitFor(QAccessible::Button, u"Joke List"_qs);
+}
+
+TEST_F(PrintPages, TheFileDialogCoversThePanelAndGivesItBack)
+{
+    system().platform.documentPicker = nullptr;
+    present(1);
+    waitForFocus(QAccessible::Button, u"Save as PDF"_qs);
+    key(Qt::Key_Return);
+    waitForFocus(QAccessible::EditableText, u"File Name"_qs);
+    EXPECT_EQ(names(QAccessible::Button).count(u"Cancel"_qs), 1);
+    key(Qt::Key_Escape);
+    waitForFocus(QAccessible::Button, u"Save as PDF"_qs);
+    EXPECT_FALSE(m_outcome.has_value());
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
+    EXPECT_FALSE(m_outcome->isCompleted);
+}
+
+} // namespace
+
+} // namespace giggle
