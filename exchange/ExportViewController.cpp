@@ -60,6 +60,11 @@ QString ExportViewController::helpTextView()
                           "limits to email attachments for most carriers.");
 }
 
+void ExportViewController::viewDidLoad()
+{
+    confirmCopies(m_exportTextView, environment().navigator);
+}
+
 void ExportViewController::viewDidAppear()
 {
     environment().mainQueue.async([self = QPointer(this)] {

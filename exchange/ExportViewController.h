@@ -50,6 +50,8 @@ public:
 
     [[nodiscard]] bool isActivityIndicatorAnimating() const { return m_isActivityIndicatorAnimating; }
 
+    void viewDidLoad() override;
+
     /// Has the collection read and in order, so that the export button need not wait for that.
     void viewDidAppear() override;
 

@@ -8,6 +8,7 @@
 #include "store/Console.h"
 #include "store/FatalError.h"
 #include "ui/SharedSelection.h"
+#include "ui/TextOutput.h"
 
 #include <QPointer>
 
@@ -33,6 +34,7 @@ QString ImportViewController::helpTextView()
 
 void ImportViewController::viewDidLoad()
 {
+    confirmCopies(m_importTextView, environment().navigator);
     loadWaitingDocument();
 }
 

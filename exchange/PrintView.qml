@@ -94,8 +94,11 @@ AppPage {
             height: area.height - y - Theme.unit
             name: qsTr("Document")
             content: page.screen.PrintTextView
+            // As it is printed.
+            textSize: Theme.jokeSize(18)
+            firstLineSize: Theme.jokeSize(20)
             isBold: true
-            textSize: Theme.jokeSize(18) // as it is printed
+            plainLine: "-".repeat(34)
             horizontalAlignment: Text.AlignHCenter
         }
     }

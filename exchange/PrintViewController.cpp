@@ -34,6 +34,7 @@ PrintViewController::PrintViewController(ScreenEnvironment& environment)
     : SegmentedJokeListController(environment, QStringLiteral("Search by Name"), QStringLiteral("print")),
       m_jokeString(std::make_shared<const JokeComposition>())
 {
+    confirmCopies(m_printTextView, environment.navigator);
 }
 
 auto PrintViewController::sortDescriptors(SortOrder direction) const -> SortDescriptors

@@ -44,7 +44,13 @@ AppPage {
             text: qsTr("Shuffle")
             isProminent: true
             focus: true
-            onClicked: page.screen.ShuffleJokes()
+            onClicked: {
+                page.screen.ShuffleJokes();
+                announcement.say(page.screen.JokeTextView);
+            }
         }
+    }
+    Announcement {
+        id: announcement
     }
 }

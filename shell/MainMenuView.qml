@@ -70,6 +70,8 @@ AppPage {
                 font.bold: true
                 focus: true
                 onClicked: page.screen.HandleSelection()
+                onActiveFocusChanged: if (activeFocus)
+                    page.reveal(menuButton)
             }
 
             Repeater {

@@ -32,15 +32,13 @@ AppDialog {
         follow();
     }
 
-    Flickable {
+    ScrollArea {
+        id: scroller
+
         width: dialog.availableWidth
         height: dialog.availableHeight - buttons.height - 2 * Theme.unit
         contentHeight: texts.implicitHeight
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        ScrollBar.vertical: ScrollBar {
-            Accessible.ignored: true
-        }
+        alwaysShowsBar: true
 
         Column {
             id: texts
@@ -70,6 +68,7 @@ AppDialog {
         y: dialog.availableHeight - height
         width: dialog.availableWidth
         spacing: Theme.unit
+        Keys.onPressed: event => event.accepted = scroller.scrollBy(event.key)
 
         Repeater {
             id: buttonList

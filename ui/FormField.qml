@@ -53,6 +53,7 @@ FocusScope {
         font.pixelSize: Theme.bodySize
         selectByMouse: true
         Accessible.name: control.name
+        Accessible.description: enabled ? "" : qsTr("unavailable")
         Accessible.readOnly: control.readOnly
         Accessible.onPressAction: {
             if (!enabled)

@@ -96,9 +96,10 @@ QHash<int, QByteArray> LargeTextModel::roleNames() const
     return {{LineRole, "line"}};
 }
 
-void LargeTextModel::copy() const
+void LargeTextModel::copy()
 {
     QGuiApplication::clipboard()->setText(QString::fromStdString(*m_text));
+    emit copied();
 }
 
 } // namespace giggle

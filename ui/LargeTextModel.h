@@ -43,7 +43,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_text->empty(); }
 
     /// Puts the whole text on the clipboard.
-    Q_INVOKABLE void copy() const;
+    Q_INVOKABLE void copy();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -51,6 +51,7 @@ public:
 
 signals:
     void textChanged();
+    void copied();
 
 private:
     [[nodiscard]] std::string_view line(std::size_t row) const;

@@ -13,8 +13,11 @@ FocusScope {
     required property string name
     required property LargeTextModel content
     property color borderColor: Theme.line
-    property bool isBold: false
     property int textSize: Theme.bodySize
+    property int firstLineSize: textSize
+    property bool isBold: false
+    /// A line that is not bold all the same.
+    property string plainLine
     property int horizontalAlignment: Text.AlignLeft
     /// High enough for some lines.
     readonly property real leastHeight: frame.y + 6 * Theme.bodySize + 4 * Theme.unit
@@ -61,6 +64,7 @@ FocusScope {
         cacheBuffer: 0 // lines that are made ahead of time outlive a change of the text, to the view's surprise
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
+        highlightFollowsCurrentItem: false // the current line follows the view
         model: control.content
         Accessible.role: Accessible.List
         Accessible.name: control.name
@@ -70,6 +74,7 @@ FocusScope {
 
         delegate: Text {
             required property string line
+            required property int index
             property bool pooled: false
 
             x: Theme.unit
@@ -79,11 +84,12 @@ FocusScope {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.text
-            font.pixelSize: control.textSize
-            font.bold: control.isBold
+            font.pixelSize: index === 0 ? control.firstLineSize : control.textSize
+            font.bold: control.isBold && line !== control.plainLine
             horizontalAlignment: control.horizontalAlignment
             Accessible.role: Accessible.ListItem
             Accessible.name: line.trim().length > 0 ? line : qsTr("Empty line")
+            Accessible.selected: ListView.isCurrentItem
             ListView.onPooled: pooled = true
             ListView.onReused: pooled = false
         }
@@ -106,23 +112,37 @@ FocusScope {
         visible: lines.activeFocus
     }
 
-    /// Scrolls as a key says; false for a key that does not.
+    /// Scrolls as a key says, and makes the first line in sight the current one, which a screen reader reads;
+    /// false for a key that does not.
     function scrollBy(key: int): bool {
+        const line = Math.min(lines.currentItem?.height ?? Infinity, 2 * Theme.bodySize); // none is passed over
         const steps = {
-            [Qt.Key_Up]: -2 * Theme.bodySize,
-            [Qt.Key_Down]: 2 * Theme.bodySize,
+            [Qt.Key_Up]: -line,
+            [Qt.Key_Down]: line,
             [Qt.Key_PageUp]: Theme.bodySize - lines.height,
             [Qt.Key_PageDown]: lines.height - Theme.bodySize
         };
-        if (key === Qt.Key_Home)
+        const before = lines.contentY;
+        if (key === Qt.Key_Home) {
             lines.positionViewAtBeginning();
-        else if (key === Qt.Key_End)
+            lines.currentIndex = 0;
+            return true;
+        }
+        if (key === Qt.Key_End) {
             lines.positionViewAtEnd();
-        else if (key in steps) {
-            lines.contentY += steps[key];
-            lines.returnToBounds();
-        } else
+            lines.currentIndex = lines.count - 1;
+            return true;
+        }
+        if (!(key in steps))
             return false;
+        lines.contentY += steps[key];
+        lines.returnToBounds();
+        if (lines.contentY !== before)
+            lines.currentIndex = Math.max(0, lines.indexAt(lines.width / 2, Math.max(0, lines.contentY)));
+        else if (steps[key] > 0) // the rest is all in sight
+            lines.incrementCurrentIndex();
+        else
+            lines.decrementCurrentIndex();
         return true;
     }
 }

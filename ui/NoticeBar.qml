@@ -3,7 +3,6 @@
 // empty: until it is answered or, where it is said in passing, for some seconds, in which nobody is about to
 // answer it.
 import QtQuick
-import QtQuick.Controls.Basic
 import GiggleArchives
 
 Rectangle {
@@ -12,7 +11,7 @@ Rectangle {
     property string text
     /// What can be done about it, if anything, besides dismissing it.
     property string actionText
-    /// A longer text scrolls.
+    /// A longer text scrolls, by keys while the keyboard is on a button.
     property real maximumHeight: 200
     /// It goes by itself, and `dismissed` tells when.
     property bool isPassing: false
@@ -54,7 +53,7 @@ Rectangle {
         height: 1
         color: Theme.line
     }
-    Flickable {
+    ScrollArea {
         id: scroller
 
         x: 2 * Theme.unit
@@ -62,12 +61,8 @@ Rectangle {
         width: (bar.isNarrow ? parent.width - Theme.unit : buttons.x) - x - Theme.unit
         height: Math.min(label.implicitHeight, bar.maximumHeight)
         contentHeight: label.implicitHeight
-        clip: true
-        interactive: contentHeight > height
-        boundsBehavior: Flickable.StopAtBounds
-        ScrollBar.vertical: ScrollBar {
-            Accessible.ignored: true
-        }
+        interactive: overflows
+        alwaysShowsBar: true
 
         Text {
             id: label
@@ -86,6 +81,7 @@ Rectangle {
         x: parent.width - width - Theme.unit
         y: bar.isNarrow ? scroller.y + scroller.height + Theme.unit : Theme.unit
         spacing: Theme.unit
+        Keys.onPressed: event => event.accepted = scroller.scrollBy(event.key)
 
         AppButton {
             id: action

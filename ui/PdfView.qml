@@ -24,22 +24,17 @@ FocusScope {
     readonly property bool hasMargin: width >= widestColumn + 2 * (zoomButtons.width + 2 * zoomButtons.anchors.margins)
     readonly property bool isTall: height > width
 
-    Flickable {
+    ScrollArea {
         id: scroller
 
         width: parent.width - (view.hasMargin || view.isTall ? 0 : zoomButtons.width + 2 * Theme.unit)
         height: parent.height - (view.hasMargin || !view.isTall ? 0 : zoomButtons.height + 2 * Theme.unit)
         focus: true
         activeFocusOnTab: true
-        clip: true
         contentWidth: Math.max(width, column.width)
         contentHeight: column.height
-        boundsBehavior: Flickable.StopAtBounds
         Accessible.role: Accessible.Pane
         Accessible.name: view.name
-        ScrollBar.vertical: ScrollBar {
-            Accessible.ignored: true
-        }
         ScrollBar.horizontal: ScrollBar {
             Accessible.ignored: true
         }
@@ -185,24 +180,14 @@ FocusScope {
         if (event.modifiers & Qt.ControlModifier)
             return zoomByKey(event.key);
         const line = 3 * Theme.bodySize;
-        const most = Math.max(0, scroller.contentHeight - scroller.height);
-        const steps = {
-            [Qt.Key_Up]: -line,
-            [Qt.Key_Down]: line,
-            [Qt.Key_PageUp]: line - scroller.height,
-            [Qt.Key_PageDown]: scroller.height - line,
-            [Qt.Key_Space]: (event.modifiers & Qt.ShiftModifier ? -1 : 1) * (scroller.height - line),
-            [Qt.Key_Home]: -most,
-            [Qt.Key_End]: most
-        };
-        if (event.key in steps)
-            scroller.contentY = Math.max(0, Math.min(most, scroller.contentY + steps[event.key]));
-        else if (event.key === Qt.Key_Left)
+        if (event.key === Qt.Key_Left)
             scroller.contentX = Math.max(0, scroller.contentX - line);
         else if (event.key === Qt.Key_Right)
             scroller.contentX = Math.min(scroller.contentWidth - scroller.width, scroller.contentX + line);
+        else if (event.key === Qt.Key_Space)
+            return scroller.scrollBy(event.modifiers & Qt.ShiftModifier ? Qt.Key_PageUp : Qt.Key_PageDown);
         else
-            return false;
+            return scroller.scrollBy(event.key);
         return true;
     }
 

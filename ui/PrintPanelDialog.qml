@@ -100,10 +100,10 @@ AppDialog {
                             name: qsTr("Copies")
                             from: 1
                             to: dialog.panel.mostCopies
-                            value: dialog.panel.copies
+                            number: dialog.panel.copies
                             enabled: dialog.panel.canPrint
                             opacity: enabled ? 1 : 0.5
-                            onStepped: value => dialog.panel.copies = value
+                            onStepped: number => dialog.panel.copies = number
                         }
                         PickerField {
                             Layout.fillWidth: true

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A live search field, named by its placeholder; `textChanged` tells of every new text. Escape clears it; on
+// A live search field, named by its hint; `textChanged` tells of every new text. Escape clears it; on
 // an empty field Escape goes on to the page.
 import QtQuick
 import QtQuick.Controls.Basic
@@ -8,6 +8,8 @@ import GiggleArchives
 TextField {
     id: control
 
+    /// Shown while the field is empty. A placeholder would be read a second time.
+    property string hint
     property color borderColor: Theme.line
 
     implicitHeight: Math.max(Theme.touchTarget, contentHeight + 2 * Theme.unit)
@@ -15,11 +17,10 @@ TextField {
     rightPadding: clearButton.visible ? clearButton.width : Theme.unit
     font.pixelSize: Theme.bodySize
     color: Theme.text
-    placeholderTextColor: "transparent" // its own text below never cuts it off
     selectByMouse: true
     inputMethodHints: Qt.ImhNoPredictiveText
 
-    Accessible.name: placeholderText
+    Accessible.name: hint
     Accessible.searchEdit: true
     Keys.onEscapePressed: event => {
         event.accepted = text.length > 0;
@@ -51,7 +52,7 @@ TextField {
         width: control.width - control.leftPadding - control.rightPadding
         height: control.height
         visible: control.length === 0 && control.preeditText.length === 0
-        text: control.placeholderText
+        text: control.hint
         color: Theme.mutedText
         font: control.font
         fontSizeMode: Text.HorizontalFit

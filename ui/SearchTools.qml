@@ -15,7 +15,7 @@ GridLayout {
     required property bool isActive
     property bool hasSearch: true
     property bool isWide: parent !== null && parent.width >= Theme.wideFrom
-    property alias placeholderText: searchBar.placeholderText
+    property alias placeholderText: searchBar.hint
     property alias searchText: searchBar.text
     property alias searchBorderColor: searchBar.borderColor
     default property alias tools: toolBox.data

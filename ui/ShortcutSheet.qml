@@ -35,22 +35,17 @@ AppDialog {
         text: dialog.title
         wrapMode: Text.Wrap
     }
-    Flickable {
+    ScrollArea {
         id: scroller
 
         y: heading.height
         width: dialog.availableWidth
         height: dialog.availableHeight - y - closeButton.height - Theme.unit
         contentHeight: list.height
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         Accessible.role: Accessible.List
         Accessible.name: dialog.title
-        ScrollBar.vertical: ScrollBar {
-            Accessible.ignored: true
-        }
-        Keys.onPressed: event => event.accepted = dialog.scrollBy(event.key)
+        Keys.onPressed: event => event.accepted = scrollBy(event.key)
 
         Column {
             id: list
@@ -161,23 +156,5 @@ AppDialog {
             font.pixelSize: Theme.smallSize
             wrapMode: Text.Wrap
         }
-    }
-
-    /// Scrolls as a key says; false for a key that does not.
-    function scrollBy(key: int): bool {
-        const line = 3 * Theme.bodySize;
-        const most = Math.max(0, scroller.contentHeight - scroller.height);
-        const steps = {
-            [Qt.Key_Up]: -line,
-            [Qt.Key_Down]: line,
-            [Qt.Key_PageUp]: line - scroller.height,
-            [Qt.Key_PageDown]: scroller.height - line,
-            [Qt.Key_Home]: -most,
-            [Qt.Key_End]: most
-        };
-        if (!(key in steps))
-            return false;
-        scroller.contentY = Math.max(0, Math.min(most, scroller.contentY + steps[key]));
-        return true;
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A labelled whole number with a button on either side of it, which can also be typed. `stepped` tells of every
-// new value, however it came about; `value` follows what the owner holds.
+// A labelled whole number with a button on either side of it, which can also be typed. `number` is bound by the
+// owner; `stepped` tells of every other one that the user wants.
 import QtQuick
 import QtQuick.Controls.Basic
 import GiggleArchives
@@ -9,19 +9,30 @@ FocusScope {
     id: control
 
     required property string name
-    // A screen reader finds these four by their names, and sets the value.
-    property int value: 1
+    property int number: 1
     property int from: 0
     property int to: 100
+
+    // A screen reader finds these four by their names, and sets the value.
+    property int value: number
+    readonly property int minimumValue: from
+    readonly property int maximumValue: to
     readonly property int stepSize: 1
 
-    signal stepped(int value)
+    signal stepped(int number)
 
     implicitWidth: 200
     implicitHeight: line.y + line.height
     Accessible.role: Accessible.SpinBox
     Accessible.name: name
-    onValueChanged: stepped(value)
+    Accessible.description: enabled ? "" : qsTr("unavailable")
+    onValueChanged: {
+        if (value === number)
+            return;
+        if (enabled)
+            stepped(value);
+        value = Qt.binding(() => number); // which setting it has undone
+    }
     Keys.onUpPressed: step(1)
     Keys.onDownPressed: step(-1)
 
@@ -45,7 +56,7 @@ FocusScope {
         TextInput {
             anchors.fill: parent
             focus: true
-            text: control.value
+            text: control.number
             color: Theme.text
             selectionColor: Theme.tint
             selectedTextColor: Theme.tintInk
@@ -60,13 +71,14 @@ FocusScope {
                 top: control.to
             }
             Accessible.name: control.name
+            Accessible.description: control.Accessible.description
             onTextEdited: if (acceptableInput)
                 control.stepped(parseInt(text))
             onActiveFocusChanged: {
                 if (activeFocus)
                     selectAll(); // what is typed then takes its place
                 else
-                    text = Qt.binding(() => control.value); // what was typed may be no number
+                    text = Qt.binding(() => control.number); // what was typed may be no number
             }
 
             FocusRing {
@@ -77,14 +89,14 @@ FocusScope {
         StepButton {
             sign: "\u2212"
             text: qsTr("Fewer")
-            enabled: control.value > control.from
+            enabled: control.number > control.from
             onClicked: control.step(-1)
         }
         StepButton {
             anchors.right: parent.right
             sign: "+"
             text: qsTr("More")
-            enabled: control.value < control.to
+            enabled: control.number < control.to
             onClicked: control.step(1)
         }
     }
@@ -120,8 +132,8 @@ FocusScope {
     }
 
     function step(by: int) {
-        const next = Math.max(from, Math.min(to, value + by));
-        if (next !== value)
+        const next = Math.max(from, Math.min(to, number + by));
+        if (next !== number)
             stepped(next);
     }
 }

@@ -91,7 +91,7 @@ ListView {
             return;
         }
         // A key that is held down goes on moving, but deletes or ticks one row only.
-        event.accepted = (event.isAutoRepeat ? isAction(event.key) : act(event.key) || actOnText(event)) || go(event.key);
+        event.accepted = (event.isAutoRepeat ? isAction(event.key) : act(event.key) || actOnText(event)) || scrollWithinRow(event.key) || go(event.key);
     }
 
     Connections {
@@ -234,6 +234,22 @@ ListView {
         else
             return false;
         return true;
+    }
+
+    /// A row that is higher than the list is read to its end before a key leads on to the next; false for a key
+    /// that leads on.
+    function scrollWithinRow(key: int): bool {
+        const isDown = key === Qt.Key_Down || key === Qt.Key_PageDown;
+        const isUp = key === Qt.Key_Up || key === Qt.Key_PageUp;
+        if (!currentItem || currentItem.height <= height || !isDown && !isUp)
+            return false;
+        const top = currentItem.y - Theme.unit;
+        const bottom = currentItem.y + currentItem.height + Theme.unit - height;
+        const before = contentY;
+        const wanted = contentY + (isDown ? 1 : -1) * height / 2;
+        if (isDown ? contentY < bottom : contentY > top)
+            contentY = Math.max(top, Math.min(bottom, wanted));
+        return contentY !== before;
     }
 
     /// Moves the current row by a key other than an arrow; false for a key that does not.

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "platform/ShareSheet.h"
 #include "store/Console.h"
+#include "ui/LargeTextModel.h"
 #include "ui/MainQueue.h"
 #include "ui/Navigator.h"
 #include "ui/Screen.h"
@@ -43,6 +44,12 @@ void copyText(ScreenEnvironment& environment, const QString& text)
         QGuiApplication::clipboard()->setText(text);
     environment.navigator.confirm(text.isEmpty() ? QStringLiteral("There is no text to copy.")
                                                  : QStringLiteral("Copied."));
+}
+
+void confirmCopies(const LargeTextModel& text, Navigator& navigator)
+{
+    QObject::connect(&text, &LargeTextModel::copied, &text,
+                     [&navigator] { navigator.confirm(QStringLiteral("Copied.")); });
 }
 
 void logPrintFailure(const PrintOutcome& outcome)

@@ -13,6 +13,7 @@
 
 namespace giggle {
 
+class LargeTextModel;
 class Navigator;
 class Screen;
 struct ScreenEnvironment;
@@ -26,6 +27,9 @@ void shareText(Screen& screen, ScreenEnvironment& environment, const std::functi
 
 /// Puts a joke's text on the clipboard, and says so in passing. An empty one leaves the clipboard as it is.
 void copyText(ScreenEnvironment& environment, const QString& text);
+
+/// Has every copying of @p text confirmed in passing. @p navigator must outlive the text.
+void confirmCopies(const LargeTextModel& text, Navigator& navigator);
 
 /// What is done after printing where nothing else is wanted: a failure is logged.
 void logPrintFailure(const PrintOutcome& outcome);

@@ -208,7 +208,11 @@ void WindowDocumentPicker::offerName()
 
 void WindowDocumentPicker::setProblem(const QString& problem)
 {
-    if (std::exchange(m_problem, problem) != problem)
+    // Gone for a moment, so that the same words are said again.
+    if (!std::exchange(m_problem, {}).isEmpty())
+        emit problemChanged();
+    m_problem = problem;
+    if (!problem.isEmpty())
         emit problemChanged();
 }
 

@@ -229,6 +229,7 @@ void WindowShareSheet::copy() const
     if (!addresses.isEmpty())
         data->setUrls(addresses);
     QGuiApplication::clipboard()->setMimeData(data);
+    m_navigator.confirm(QStringLiteral("Copied."));
 }
 
 void WindowShareSheet::composeMail()

@@ -69,8 +69,8 @@ private:
     void save();
     [[nodiscard]] QString newTextFile() const;
     void openWith();
-    /// Says later what an activity could not do, if the sheet is still there and there is anything.
     [[nodiscard]] std::function<void(const PrintOutcome&)> pdfConfirmer() const;
+    /// Says later what an activity could not do, if the sheet is still there and there is anything.
     [[nodiscard]] std::function<void(const QString& failure)> reporter(const QString& title);
     void report(const QString& title, const QString& failure);
 

@@ -9,6 +9,7 @@ ProgressBar {
 
     implicitHeight: Theme.unit
     Accessible.name: qsTr("Progress")
+    Accessible.description: qsTr("%1 percent").arg(Math.round(100 * value)) // a role without a value of its own
 
     background: Rectangle {
         radius: height / 2
