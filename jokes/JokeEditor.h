@@ -22,6 +22,7 @@ class JokeEditor : public giggle::Screen {
     Q_PROPERTY(QString JokeTextView READ jokeTextView WRITE setJokeTextView NOTIFY jokeTextViewChanged)
     Q_PROPERTY(
         QString RatingTextField READ ratingTextField WRITE setRatingTextField NOTIFY ratingTextFieldChanged)
+    // Spelled as it is known by.
     Q_PROPERTY(QStringList ListOfCatagories READ listOfCatagories NOTIFY listsLoaded)
     Q_PROPERTY(QStringList ListOfRatings READ listOfRatings NOTIFY listsLoaded)
 

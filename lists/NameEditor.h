@@ -29,7 +29,7 @@ public:
 
 public slots:
     /// The save button: stores the name less the blanks at its ends and goes back to the list. A failed save
-    /// is logged, and the name waits for the next save.
+    /// is logged, and the name waits for the next save. It is called so on both sides.
     virtual void SaveGenre() = 0;
 
 signals:

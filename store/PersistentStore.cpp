@@ -190,8 +190,8 @@ void PersistentStore::rememberLog()
 
 void PersistentStore::requireFileInPlace()
 {
-    if (!m_database->isStillInPlace() ||
-        (m_logIdentity && identityOfFile(writeAheadLogOf(m_path)) != m_logIdentity))
+    const bool isLogGone = m_logIdentity && identityOfFile(writeAheadLogOf(m_path)) != m_logIdentity;
+    if (!m_database->isStillInPlace() || (isLogGone && usesWriteAheadLog()))
         throw StoreError(
             SQLITE_READONLY_DBMOVED,
             QStringLiteral(
