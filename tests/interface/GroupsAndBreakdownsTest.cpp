@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/interface/InterfaceFixture.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 namespace giggle {
 
 namespace {
@@ -13,17 +16,9 @@ protected:
     {
         openWith({{.category = "Animal", .rating = "Mild", .id = 1, .joke = "Moo"},
                   {.category = "Puns", .rating = "Adult", .id = 2, .joke = "Pop"},
-                  {.category = "Puns", .id = 3, .joke = "Hi Hungry"}});
-        openArea(u"Jokes by Category"_qs);
+                  {.category = "Puns", .id = 3, .joke = "Hi Hungry"}},
+                 u"Jokes by Category"_qs);
         waitFor(QAccessible::List, u"Jokes by Category"_qs);
-    }
-
-    /// Presses a row of the groups and waits for its breakdown.
-    void openBreakdown(const QString& row, const QString& title)
-    {
-        press(QAccessible::ListItem, row);
-        waitFor(QAccessible::Heading, title);
-        waitUntilGone(QAccessible::ListItem, row);
     }
 
     bool isTicked() { return waitFor(QAccessible::CheckBox, u"Favorite"_qs)->state().checked; }
@@ -34,7 +29,7 @@ const QString Pop = u"Pop, Category: Puns"_qs;
 
 TEST_F(GroupsAndBreakdowns, ATickAndAnEditAreSavedAndEditingLandsInTheBreakdownAgain)
 {
-    openBreakdown(u"Puns, 2"_qs, u"(Puns)"_qs);
+    openPage(QAccessible::ListItem, u"Puns, 2"_qs);
     waitForRows({Hungry, Pop});
     press(QAccessible::CheckBox, u"Favorite"_qs);
     EXPECT_TRUE(isTicked());
@@ -59,6 +54,8 @@ TEST_F(GroupsAndBreakdowns, KeysTabsSortAndSearch)
     EXPECT_TRUE(isTicked());
     key(Qt::Key_Delete);
     waitForRows({Hungry, Pop}); // nothing is deleted here
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Hi Hungry"_qs);
     key(Qt::Key_Escape);
     waitFor(QAccessible::PageTab, u"Ratings"_qs);
     focus(QAccessible::PageTab, u"Categories"_qs);
@@ -66,7 +63,7 @@ TEST_F(GroupsAndBreakdowns, KeysTabsSortAndSearch)
     waitFor(QAccessible::Heading, u"# Ratings = 2"_qs);
     press(QAccessible::Button, u"Sort"_qs);
     waitForRows({u"Mild, 1"_qs, u"Adult, 1"_qs});
-    openBreakdown(u"Adult, 1"_qs, u"(Adult)"_qs);
+    openPage(QAccessible::ListItem, u"Adult, 1"_qs);
     waitForRows({Pop + u", Rating: Adult"_qs});
     key(Qt::Key_Escape);
     waitUntilGone(QAccessible::Heading, u"(Adult)"_qs);

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/CollectionFolder.h"
-#include "tests/support/FakePlatform.h"
 #include "tests/support/FakePrinters.h"
+#include "tests/support/ScreenFixture.h"
 #include "ui/WindowPrintPanel.h"
 
 #include <QDir>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace giggle {
 
@@ -20,7 +17,7 @@ bool until(const std::function<bool()>& condition)
     return QTest::qWaitFor(condition, 20'000);
 }
 
-class PrintPanelTest : public testing::Test {
+class PrintPanelTest : public ScreenFixture {
 protected:
     PrintPanelTest()
     {
@@ -49,12 +46,10 @@ protected:
         EXPECT_EQ(std::exchange(outcomes, {})[0].isCompleted, isCompleted);
     }
 
-    FakePlatform system;
     FakePrinters printers;
     std::vector<PrintOutcome> outcomes;
     std::optional<WindowPrintPanel> ownPanel{std::in_place, system.platform};
     WindowPrintPanel& panel = *ownPanel;
-    CollectionFolder folder;
 };
 
 TEST_F(PrintPanelTest, WhatIsChosenReachesThePrinter)
