@@ -56,14 +56,13 @@ protected:
     QString file = files.filePath(u"other.csv"_qs);
 };
 
-TEST_F(ExchangePages, AnExportIsShownCopiedAndSavedByTheSheet)
+TEST_F(ExchangePages, AnExportIsShownCopiedAndOfferedByTheSheet)
 {
     open(u"Import / Export"_qs);
     press(QAccessible::Button, u"Export Jokes"_qs);
     EXPECT_FALSE(isEnabled(u"Save To Files"_qs));
     press(QAccessible::Button, u"Export"_qs);
     answer(u"Data Export"_qs);
-    EXPECT_FALSE(isEnabled(u"Export"_qs));
     waitFor(QAccessible::ListItem, u"Puns^Mild^1^F^Pop"_qs);
     press(QAccessible::Button, u"Copy"_qs);
     EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(u"\nPuns^Mild^1^F^Pop\n"_qs));
@@ -73,9 +72,6 @@ TEST_F(ExchangePages, AnExportIsShownCopiedAndSavedByTheSheet)
     waitForFocus(QAccessible::Button, u"Save to Files"_qs);
     key(Qt::Key_Escape);
     waitForFocus(QAccessible::Button, u"Save To Files"_qs);
-    key(Qt::Key_Return);
-    press(QAccessible::Button, u"Save to Files"_qs);
-    EXPECT_EQ(system().documentPicker.suggestedNames, QStringList{u"GiggleArchives.csv"_qs});
 }
 
 TEST_F(ExchangePages, AFileIsLoadedByTheWindowsOwnDialogAndImported)
@@ -87,10 +83,6 @@ TEST_F(ExchangePages, AFileIsLoadedByTheWindowsOwnDialogAndImported)
     EXPECT_FALSE(isEnabled(u"Import"_qs));
     key(Qt::Key_Return);
     waitForFocus(QAccessible::List, u"Files"_qs);
-    key(Qt::Key_Escape);
-    waitForFocus(QAccessible::Button, u"Load File"_qs);
-
-    key(Qt::Key_Return);
     typeName(files.filePath(u"missing.csv"_qs));
     press(QAccessible::Button, u"Open"_qs);
     EXPECT_TRUE(waitUntil([&] { return !names(QAccessible::AlertMessage).isEmpty(); }));

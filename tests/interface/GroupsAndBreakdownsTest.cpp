@@ -20,20 +20,15 @@ protected:
                  u"Jokes by Category"_qs);
         waitFor(QAccessible::List, u"Jokes by Category"_qs);
     }
-
-    bool isTicked() { return waitFor(QAccessible::CheckBox, u"Favorite"_qs)->state().checked; }
 };
 
 const QString Hungry = u"Hi Hungry, Category: Puns"_qs;
 const QString Pop = u"Pop, Category: Puns"_qs;
 
-TEST_F(GroupsAndBreakdowns, ATickAndAnEditAreSavedAndEditingLandsInTheBreakdownAgain)
+TEST_F(GroupsAndBreakdowns, AnEditIsSavedAndLandsInTheBreakdownAgain)
 {
     openPage(QAccessible::ListItem, u"Puns, 2"_qs);
     waitForRows({Hungry, Pop});
-    press(QAccessible::CheckBox, u"Favorite"_qs);
-    EXPECT_TRUE(isTicked());
-    EXPECT_FALSE(context().hasChanges());
     press(QAccessible::ListItem, Pop);
     waitFor(QAccessible::EditableText, u"Category"_qs)->setText(QAccessible::Value, u"Corny"_qs);
     press(QAccessible::Button, u"Save"_qs);
@@ -51,7 +46,8 @@ TEST_F(GroupsAndBreakdowns, KeysTabsSortAndSearch)
     waitFor(QAccessible::Heading, u"2 Jokes"_qs);
     waitUntilGone(QAccessible::PageTab, u"Ratings"_qs);
     key(Qt::Key_Space);
-    EXPECT_TRUE(isTicked());
+    EXPECT_TRUE(find(QAccessible::CheckBox, u"Favorite"_qs)->state().checked);
+    EXPECT_FALSE(context().hasChanges());
     key(Qt::Key_Delete);
     waitForRows({Hungry, Pop}); // nothing is deleted here
     key(Qt::Key_C, Qt::ControlModifier);

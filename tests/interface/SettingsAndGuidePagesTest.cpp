@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 using SettingsAndGuidePages = InterfaceFixture;
 
-TEST_F(SettingsAndGuidePages, AmongFiveHundredFontsOneIsFoundByTypingAndAllIsThereAfterARestart)
+TEST_F(SettingsAndGuidePages, AmongFiveHundredFontsOneIsFoundByTypingAndIsThereAfterARestart)
 {
     system().fonts.installed.clear();
     for (int i = 0; i < 500; ++i)
@@ -27,19 +27,12 @@ TEST_F(SettingsAndGuidePages, AmongFiveHundredFontsOneIsFoundByTypingAndAllIsThe
     type(u"family 4"_qs);
     EXPECT_EQ(fieldText(u"Font"_qs), u"Family 400"_qs);
     key(Qt::Key_Down);
-    key(Qt::Key_Return);
-    waitUntilGone(QAccessible::List, u"Font choices"_qs);
-    press(QAccessible::Button, u"Larger"_qs);
-    press(QAccessible::EditableText, u"Color"_qs);
-    press(QAccessible::ListItem, u"white"_qs);
     press(QAccessible::Button, u"Back"_qs); // with the picker open
     waitFor(QAccessible::Button, u"Menu"_qs);
 
     restart();
     openArea(u"Default Settings"_qs);
     EXPECT_EQ(fieldText(u"Font"_qs), u"Family 401"_qs);
-    EXPECT_EQ(fieldText(u"Size"_qs), u"18"_qs);
-    EXPECT_EQ(fieldText(u"Color"_qs), u"white"_qs);
 }
 
 TEST_F(SettingsAndGuidePages, TheGuideIsReadScrolledAndZoomed)

