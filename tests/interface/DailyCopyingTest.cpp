@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/DailyCopying.h"
 
-#include "store/AppDelegate.h"
-#include "tests/support/CollectionFolder.h"
+#include "tests/support/ScreenFixture.h"
 
 #include <QDir>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace giggle {
 
@@ -15,16 +12,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-void addJoke(AppDelegate& appDelegate, std::int16_t id)
-{
-    insertJoke(appDelegate.persistentContainer().viewContext(), {.id = id, .joke = "Boo"});
-    appDelegate.saveContext();
-}
+using DailyCopyingTest = ScreenFixture;
 
-TEST(DailyCopying, CopiesWhenItIsQuietAndWhatIsLeftAtTheEnd)
+TEST_F(DailyCopyingTest, CopiesWhenItIsQuietAndWhatIsLeftAtTheEnd)
 {
-    const CollectionFolder folder;
-    AppDelegate appDelegate(folder.path());
     const QDir copies(folder.filePath(QStringLiteral("copies")));
     const auto jokesInCopies = [&] {
         std::size_t rows = 0;
@@ -36,9 +27,9 @@ TEST(DailyCopying, CopiesWhenItIsQuietAndWhatIsLeftAtTheEnd)
         const DailyCopying copying(appDelegate, {.quiet = 20ms, .interval = 1h});
         QTest::qWait(60);
         EXPECT_EQ(jokesInCopies(), 0U) << "nothing has changed";
-        addJoke(appDelegate, 1);
+        addJoke({.id = 1});
         EXPECT_TRUE(QTest::qWaitFor([&] { return jokesInCopies() == 1; }));
-        addJoke(appDelegate, 2);
+        addJoke({.id = 2});
         QTest::qWait(60);
         EXPECT_EQ(jokesInCopies(), 1U) << "copied again before the interval was over";
     }

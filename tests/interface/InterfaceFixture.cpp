@@ -35,32 +35,26 @@ QAccessibleInterface* visit(QAccessibleInterface* item, const Visitor& visitor)
 
 } // namespace
 
-InterfaceFixture::InterfaceFixture() : InterfaceFixture(QString()) {}
-
 InterfaceFixture::InterfaceFixture(const QString& folder)
-    : m_folder(folder.isEmpty() ? m_ownFolder.path() : folder), m_appDelegate(m_folder)
+    : m_folder(folder.isEmpty() ? m_ownFolder.path() : folder)
 {
     qInstallMessageHandler(failOnWarning);
     QAccessible::setActive(true);
     m_system.resources.paths = {
         {QStringLiteral("GiggleArchives.txt"), QStringLiteral(":/resources/GiggleArchives.txt")}};
-    m_userDefaults = std::make_unique<Preferences>(preferenceFile());
+    openCollection();
 }
 
 InterfaceFixture::~InterfaceFixture()
 {
-    stop();
+    closeWindow();
     qInstallMessageHandler(nullptr);
 }
 
-QString InterfaceFixture::preferenceFile() const
+void InterfaceFixture::openCollection()
 {
-    return m_folder + QStringLiteral("/preferences.json");
-}
-
-QString InterfaceFixture::windowMemory() const
-{
-    return m_folder + QStringLiteral("/window.json");
+    m_userDefaults.emplace(m_folder + QStringLiteral("/preferences.json"));
+    m_appDelegate.emplace(m_folder);
 }
 
 void InterfaceFixture::skipSeeding()
@@ -72,39 +66,34 @@ void InterfaceFixture::skipSeeding()
 void InterfaceFixture::openWindow(QSize size)
 {
     m_size = size;
-    start();
+    m_interface = std::make_unique<UserInterface>(*m_appDelegate, *m_userDefaults, m_system.platform);
+    m_interface->rememberIn(windowMemory());
+    m_window = &m_interface->load();
+    if (size.isValid())
+        m_window->resize(size);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window));
+    waitFor(QAccessible::Button, QStringLiteral("Menu"));
 }
 
-void InterfaceFixture::openWith(std::initializer_list<JokeValues> jokes)
+void InterfaceFixture::openWith(std::initializer_list<JokeValues> jokes, const QString& area)
 {
     skipSeeding();
     for (const JokeValues& joke : jokes)
         insertJoke(context(), joke);
     context().save();
     openWindow();
+    if (!area.isEmpty())
+        openArea(area);
 }
 
 void InterfaceFixture::restart()
 {
-    stop();
-    m_userDefaults = std::make_unique<Preferences>(preferenceFile());
-    std::destroy_at(&m_appDelegate);
-    std::construct_at(&m_appDelegate, m_folder);
-    start();
+    closeWindow();
+    openCollection();
+    openWindow(m_size);
 }
 
-void InterfaceFixture::start()
-{
-    m_interface = std::make_unique<UserInterface>(m_appDelegate, *m_userDefaults, m_system.platform);
-    m_interface->rememberIn(windowMemory());
-    m_window = &m_interface->load();
-    if (m_size.isValid())
-        m_window->resize(m_size);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window));
-    waitFor(QAccessible::Button, QStringLiteral("Menu"));
-}
-
-void InterfaceFixture::stop()
+void InterfaceFixture::closeWindow()
 {
     m_window = nullptr;
     m_interface.reset();
@@ -219,6 +208,18 @@ void InterfaceFixture::openArea(const QString& button)
     // The menu is gone once the new page has come to rest.
     ASSERT_TRUE(waitUntil([&] { return !find(QAccessible::Button, QStringLiteral("Menu")); }))
         << button.toStdString() << " did not open";
+}
+
+void InterfaceFixture::openPage(QAccessible::Role role, const QString& name)
+{
+    press(role, name);
+    waitForRest();
+}
+
+void InterfaceFixture::waitForRest()
+{
+    // While one page slides over another there are two ways back.
+    EXPECT_TRUE(waitUntil([&] { return names(QAccessible::Button).count(QStringLiteral("Back")) == 1; }));
 }
 
 } // namespace giggle

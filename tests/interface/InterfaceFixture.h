@@ -13,6 +13,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 
 #include <gtest/gtest.h>
 
@@ -23,17 +24,15 @@ namespace giggle {
 /// failure.
 class InterfaceFixture : public ::testing::Test {
 protected:
-    InterfaceFixture();
-
-    /// Over what lies in @p folder, which stays.
-    explicit InterfaceFixture(const QString& folder);
+    /// Over what lies in @p folder, which stays, or over a folder of its own.
+    explicit InterfaceFixture(const QString& folder = {});
 
     ~InterfaceFixture() override;
 
     /// The collection, to be filled before the screens look at it.
     [[nodiscard]] ManagedObjectContext& context()
     {
-        return m_appDelegate.persistentContainer().viewContext();
+        return m_appDelegate->persistentContainer().viewContext();
     }
 
     [[nodiscard]] Preferences& userDefaults() { return *m_userDefaults; }
@@ -44,14 +43,15 @@ protected:
     /// Without a size the window has the one that it makes itself.
     void openWindow(QSize size = {360, 640});
 
-    /// Opens the window over these jokes and what is stored already, without the starter collection.
-    void openWith(std::initializer_list<JokeValues> jokes);
+    /// Opens the window over these jokes and what is stored already, without the starter collection, and in
+    /// it an area.
+    void openWith(std::initializer_list<JokeValues> jokes, const QString& area = {});
 
     /// Ends the window and the collection, and starts both again.
     void restart();
 
     /// What outlives the window besides collection and settings.
-    [[nodiscard]] QString windowMemory() const;
+    [[nodiscard]] QString windowMemory() const { return m_folder + QStringLiteral("/window.json"); }
 
     [[nodiscard]] QQuickWindow& window() { return *m_window; }
 
@@ -81,14 +81,11 @@ protected:
     /// The rows of all lists that show.
     [[nodiscard]] QStringList rows() { return names(QAccessible::ListItem); }
 
-    /// All that a field for typing holds.
     [[nodiscard]] QString fieldText(const QString& name);
 
     void press(QAccessible::Role role, const QString& name);
 
-    /// The same for something that may be gone already.
     void pressIfThere(QAccessible::Role role, const QString& name);
-    /// Gives something the keyboard.
     void focus(QAccessible::Role role, const QString& name);
     void type(const QString& text);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -99,19 +96,21 @@ protected:
     /// Opens an area from the menu, and waits until its page has come to rest.
     void openArea(const QString& button);
 
-    [[nodiscard]] AppDelegate& appDelegate() { return m_appDelegate; }
+    /// The same for a page above that of an area, which the press of something opens.
+    void openPage(QAccessible::Role role, const QString& name);
+    void waitForRest();
+
+    [[nodiscard]] AppDelegate& appDelegate() { return *m_appDelegate; }
 
 private:
-    void start();
-    void stop();
-
-    [[nodiscard]] QString preferenceFile() const;
+    void openCollection();
+    void closeWindow();
 
     CollectionFolder m_ownFolder;
     QString m_folder;
     FakePlatform m_system;
-    std::unique_ptr<Preferences> m_userDefaults;
-    AppDelegate m_appDelegate;
+    std::optional<Preferences> m_userDefaults;
+    std::optional<AppDelegate> m_appDelegate;
     std::unique_ptr<UserInterface> m_interface;
     QQuickWindow* m_window = nullptr;
     QSize m_size;

@@ -23,26 +23,19 @@ protected:
     {
         openWith({{.category = "Animal", .rating = "Mild", .id = 1, .favorite = true, .joke = "Moo"},
                   {.category = "Corny", .rating = "Adult", .id = 2, .joke = "Pop"},
-                  {.category = "Dad", .id = 3, .joke = "Hi Hungry"}});
-        openArea(u"Joke List"_qs);
+                  {.category = "Dad", .id = 3, .joke = "Hi Hungry"}},
+                 u"Joke List"_qs);
         waitFor(QAccessible::ListItem, Moo);
     }
-
-    std::size_t storedJokes() { return context().fetch(Jokes::fetchRequest()).size(); }
 };
 
-TEST_F(MenuAndJokeList, FirstLaunchSeedsAndRecommendsOnce)
+TEST_F(MenuAndJokeList, AnAlertHasTheKeyboardAndNotTheMenuBehindIt)
 {
     openWindow();
     waitFor(QAccessible::Dialog, u"Initial Setup Recomendations?"_qs);
     waitUntil([&] { return window().activeFocusItem() != nullptr; });
-    key(Qt::Key_Return); // the alert has the keyboard, not the menu behind it
+    key(Qt::Key_Return);
     waitUntilGone(QAccessible::Button, u"Ok"_qs);
-    openArea(u"Joke List"_qs);
-    waitFor(QAccessible::Heading, u"# Jokes = 188"_qs);
-
-    restart();
-    EXPECT_FALSE(find(QAccessible::Button, u"Ok"_qs));
     openArea(u"Joke List"_qs);
     waitFor(QAccessible::Heading, u"# Jokes = 188"_qs);
 }
@@ -65,42 +58,27 @@ TEST_F(MenuAndJokeList, SegmentsAndSortReorderTheRowsTypingNarrowsThemAndLeaving
     waitFor(QAccessible::Heading, u"# Jokes = 3"_qs);
 }
 
-TEST_F(MenuAndJokeList, SwipingARowUncoversDelete)
+TEST_F(MenuAndJokeList, ARowThatIsDeletedBySwipingOrByItsKeyComesBackByUndo)
 {
     openList();
+    const auto expectBack = [&](const QString& row, const auto& undo) {
+        waitFor(QAccessible::AlertMessage, u"Joke deleted."_qs);
+        waitUntilGone(QAccessible::ListItem, row);
+        undo();
+        waitForRows({Moo, Pop, HiHungry});
+        EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::ListItem, row)->state().selected); }));
+        EXPECT_FALSE(find(QAccessible::AlertMessage, u"Joke deleted."_qs));
+    };
     const QPoint from = centerOf(waitFor(QAccessible::ListItem, Pop));
     QTest::mousePress(&window(), Qt::LeftButton, {}, from);
     for (int moved = 0; moved <= 200; moved += 20)
         QTest::mouseMove(&window(), from - QPoint(moved, 0), 10);
     QTest::mouseRelease(&window(), Qt::LeftButton, {}, from - QPoint(200, 0));
     press(QAccessible::Button, u"delete"_qs);
-    waitForRows({Moo, HiHungry});
-    EXPECT_EQ(storedJokes(), 2u);
-}
-
-TEST_F(MenuAndJokeList, ADeletedRowComesBackByUndo)
-{
-    openList();
-    const QString offer = u"Joke deleted."_qs;
-    const auto deleteAndUndo = [&](Qt::Key wayToRow, const QString& row, const auto& undo) {
-        key(wayToRow);
-        key(Qt::Key_Delete);
-        waitFor(QAccessible::AlertMessage, offer);
-        waitUntilGone(QAccessible::ListItem, row);
-        undo();
-        waitForRows({Moo, Pop, HiHungry});
-        EXPECT_TRUE(waitUntil([&] { return bool(find(QAccessible::ListItem, row)->state().selected); }));
-        EXPECT_FALSE(find(QAccessible::AlertMessage, offer));
-    };
-    deleteAndUndo(Qt::Key_Down, Pop, [&] { press(QAccessible::Button, u"Undo"_qs); });
-    deleteAndUndo(Qt::Key_End, HiHungry, [&] { key(Qt::Key_Z, Qt::ControlModifier); });
+    expectBack(Pop, [&] { press(QAccessible::Button, u"Undo"_qs); });
+    key(Qt::Key_End);
     key(Qt::Key_Delete);
-    waitFor(QAccessible::AlertMessage, offer);
-    key(Qt::Key_Escape);
-    waitFor(QAccessible::Button, u"Menu"_qs);
-    EXPECT_FALSE(find(QAccessible::AlertMessage, offer));
-    key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(storedJokes(), 2u);
+    expectBack(HiHungry, [&] { key(Qt::Key_Z, Qt::ControlModifier); });
 }
 
 TEST_F(MenuAndJokeList, TheRowsMenuCopiesItsTextAndHoldingItDoesNotOpenIt)
@@ -126,19 +104,14 @@ TEST_F(MenuAndJokeList, TheRowsMenuCopiesItsTextAndHoldingItDoesNotOpenIt)
     copyByMenu(u"Moo"_qs);
     QTest::mouseClick(&window(), Qt::RightButton, {}, centerOf(waitFor(QAccessible::ListItem, HiHungry)));
     copyByMenu(u"Hi Hungry"_qs);
-    key(Qt::Key_Up);
-    key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard.text(), u"Pop"_qs);
     EXPECT_TRUE(find(QAccessible::List, u"Joke List"_qs)) << "a row has been opened";
 }
 
 TEST_F(MenuAndJokeList, TickingARowStoresNothing)
 {
     openList();
-    const auto isTicked = [&] { return bool(find(QAccessible::CheckBox, u"Favorite"_qs)->state().checked); };
-    ASSERT_TRUE(isTicked()); // the first row is the favourite
-    press(QAccessible::CheckBox, u"Favorite"_qs);
-    EXPECT_FALSE(isTicked());
+    press(QAccessible::CheckBox, u"Favorite"_qs); // of the first row, which is the favourite
+    EXPECT_FALSE(find(QAccessible::CheckBox, u"Favorite"_qs)->state().checked);
     EXPECT_FALSE(context().hasChanges());
 }
 
@@ -166,16 +139,6 @@ TEST_F(MenuAndJokeList, AReviewInvitationLeavesTheUserAloneAndOpensThePageOrTell
     waitFor(QAccessible::AlertMessage, question);
     type(u"COR"_qs);
     waitFor(QAccessible::Heading, u"# Jokes = 1 of 3"_qs);
-    EXPECT_TRUE(waitUntil([&] {
-        return find(QAccessible::List, u"Joke List"_qs)->rect().bottom() <
-               find(QAccessible::AlertMessage, question)->rect().top();
-    })) << "the list is covered";
-    press(QAccessible::Button, u"Dismiss"_qs);
-    waitUntilGone(QAccessible::AlertMessage, question);
-    EXPECT_TRUE(system().addressOpener.opened.isEmpty());
-
-    system().storeReview.requestReview();
-    waitFor(QAccessible::Button, u"Rate"_qs);
     for (int stops = 0; stops < 30 && !find(QAccessible::Button, u"Rate"_qs)->state().focused; ++stops)
         key(Qt::Key_Tab);
     key(Qt::Key_Return);

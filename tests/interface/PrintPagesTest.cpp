@@ -27,18 +27,14 @@ protected:
 TEST_F(PrintPages, ThePrintedDocumentFollowsSegmentsAndSearch)
 {
     openWith({{.category = "Puns", .id = 1, .joke = "Pop"},
-              {.category = "Animal", .rating = "Mild", .id = 2, .favorite = true, .joke = "Moo"}});
-    openArea(u"Print"_qs);
+              {.category = "Animal", .rating = "Mild", .id = 2, .favorite = true, .joke = "Moo"}},
+             u"Print"_qs);
     waitFor(QAccessible::ListItem, u"Moo, Category: Animal, Rating: Mild"_qs);
-    waitFor(QAccessible::ListItem, u"From: Giggle Archives App for iPhone and iPad"_qs);
-    EXPECT_FALSE(find(QAccessible::CheckBox, u"Favorite"_qs));
     key(Qt::Key_F, Qt::ControlModifier);
     type(u"PUN"_qs);
     waitUntilGone(QAccessible::ListItem, u"Moo"_qs); // a line of the document
     EXPECT_TRUE(find(QAccessible::ListItem, u"Pop"_qs));
     EXPECT_TRUE(find(QAccessible::ListItem, u"Pop, Category: Puns, Rating: N/A"_qs));
-    press(QAccessible::Button, u"Email"_qs);
-    EXPECT_EQ(system().mailComposer.presented.size(), 1U);
     key(Qt::Key_P, Qt::ControlModifier);
     EXPECT_TRUE(system().printPanel.presented.at(0).text.contains(u"\n\nPop\n-"_qs));
     press(QAccessible::RadioButton, u"Favorites"_qs);
@@ -59,26 +55,19 @@ TEST_F(PrintPages, PrintersThatAreFoundLateAreOfferedAndPrintWhatIsChosen)
     press(QAccessible::EditableText, u"Printer"_qs);
     press(QAccessible::ListItem, u"In the Attic"_qs);
     press(QAccessible::Button, u"Done"_qs);
-    press(QAccessible::EditableText, u"Paper"_qs);
-    press(QAccessible::ListItem, u"A5"_qs);
-    press(QAccessible::Button, u"Done"_qs);
     while (!find(QAccessible::SpinBox, u"Copies"_qs)->child(0)->state().focused)
         key(Qt::Key_Tab);
     type(u"3"_qs); // takes the place of the 1
 
-    const auto showsPage = [&](const QString& page) {
-        return waitUntil([&] { return names(QAccessible::StaticText).filter(page).size() == 1; });
-    };
-    EXPECT_TRUE(showsPage(u"Page 1 of "_qs));
     press(QAccessible::Button, u"Next Page"_qs);
-    EXPECT_TRUE(showsPage(u"Page 2 of "_qs));
+    const auto texts = [&] { return names(QAccessible::StaticText); };
+    EXPECT_TRUE(waitUntil([&] { return texts().filter(u"Page 2 of "_qs).size() == 1; }));
 
     press(QAccessible::Button, u"Print"_qs);
     ASSERT_TRUE(waitUntil([&] { return m_outcome.has_value(); }));
     EXPECT_TRUE(m_outcome->isCompleted);
     const PrintJob job = m_printers.printed().at(0).job;
     EXPECT_EQ(job.printer, u"attic"_qs);
-    EXPECT_EQ(job.media, u"iso_a5_148x210mm"_qs);
     EXPECT_EQ(job.copies, 3);
     waitUntilGone(QAccessible::Dialog, u"Print"_qs);
     key(Qt::Key_Return); // the page has the keyboard again

@@ -9,49 +9,33 @@ using namespace Qt::StringLiterals;
 
 class ReferenceLists : public InterfaceFixture {
 protected:
-    /// Two categories, one of them without a name, a rating, and a joke of both.
-    void openWithNames()
+    /// Over two categories, one of them without a name, and a joke of the other.
+    void openCategories()
     {
         insertCategory(context(), std::nullopt);
         insertCategory(context(), "Puns");
-        insertRating(context(), "Mild");
-        openWith({{.category = "Puns", .rating = "Mild", .id = 1, .joke = "Pop"}});
-        openArea(u"Reference Lists"_qs);
-    }
-
-    /// Waits until one page is at rest: while one slides over another there are two ways back.
-    void waitForRest()
-    {
-        EXPECT_TRUE(waitUntil([&] { return names(QAccessible::Button).count(u"Back"_qs) == 1; }));
-    }
-
-    /// Presses something that opens a page.
-    void open(QAccessible::Role role, const QString& name)
-    {
-        press(role, name);
-        waitForRest();
-    }
-
-    void openEditor(QAccessible::Role role, const QString& name, const QString& field)
-    {
-        open(role, name);
-        EXPECT_TRUE(waitFor(QAccessible::EditableText, field)->state().focused);
+        openWith({{.category = "Puns", .id = 1, .joke = "Pop"}}, u"Reference Lists"_qs);
+        openPage(QAccessible::Button, u"Categories"_qs);
     }
 };
 
 TEST_F(ReferenceLists, NamesAreAddedOnceRenamedAndDeletedAndJokesLeftAlone)
 {
-    openWithNames();
-    open(QAccessible::Button, u"Categories"_qs);
+    openCategories();
     waitForRows({u"No name"_qs, u"Puns"_qs});
-    openEditor(QAccessible::Button, u"Add"_qs, u"Category"_qs);
+    key(Qt::Key_N, Qt::ControlModifier);
+    waitForRest();
+    press(QAccessible::Button, u"Save"_qs);
+    waitFor(QAccessible::Dialog, u"Record not Saved!"_qs);
+    press(QAccessible::Button, u"OK"_qs);
+    waitForFocus(QAccessible::EditableText, u"Category"_qs);
     type(u"Ape"_qs);
     press(QAccessible::Button, u"Save"_qs);
     pressIfThere(QAccessible::Button, u"Save"_qs); // while the page slides out: no second Ape
     waitForRows({u"No name"_qs, u"Ape"_qs, u"Puns"_qs});
     waitForRest();
 
-    openEditor(QAccessible::ListItem, u"Puns"_qs, u"Category"_qs);
+    openPage(QAccessible::ListItem, u"Puns"_qs);
     key(Qt::Key_A, Qt::ControlModifier);
     type(u"Zoo"_qs);
     key(Qt::Key_Return);
@@ -62,10 +46,6 @@ TEST_F(ReferenceLists, NamesAreAddedOnceRenamedAndDeletedAndJokesLeftAlone)
     key(Qt::Key_Delete);
     waitForRows({u"No name"_qs, u"Zoo"_qs});
     waitFor(QAccessible::AlertMessage, u"Category deleted: Ape"_qs);
-    press(QAccessible::Button, u"Undo"_qs);
-    waitForRows({u"No name"_qs, u"Ape"_qs, u"Zoo"_qs});
-    key(Qt::Key_Delete); // it is the current one again
-    waitForRows({u"No name"_qs, u"Zoo"_qs});
     EXPECT_EQ(context().fetch(Jokes::fetchRequest()).front()->category(), "Puns");
 }
 
@@ -73,28 +53,11 @@ TEST_F(ReferenceLists, OddNamesPassThroughTheFieldUnchanged)
 {
     const std::string odd = "two\nlines ^ \u2028 \u00a0 " + std::string(100'000, 'x');
     insertCategory(context(), odd);
-    openWithNames();
-    open(QAccessible::Button, u"Categories"_qs);
-    openEditor(QAccessible::ListItem, QString::fromStdString(odd), u"Category"_qs);
+    openCategories();
+    openPage(QAccessible::ListItem, QString::fromStdString(odd));
+    waitForFocus(QAccessible::EditableText, u"Category"_qs);
     key(Qt::Key_Return);
     waitForRows({u"No name"_qs, u"Puns"_qs, QString::fromStdString(odd)});
-}
-
-TEST_F(ReferenceLists, ARefusalGivesTheFieldBackAndTypedTextIsNotLostUnasked)
-{
-    openWithNames();
-    open(QAccessible::Button, u"Ratings"_qs);
-    key(Qt::Key_N, Qt::ControlModifier);
-    waitForFocus(QAccessible::EditableText, u"Rating"_qs);
-    waitForRest();
-    press(QAccessible::Button, u"Save"_qs);
-    waitFor(QAccessible::Dialog, u"Record not Saved!"_qs);
-    press(QAccessible::Button, u"OK"_qs);
-    waitForFocus(QAccessible::EditableText, u"Rating"_qs);
-    type(u"M"_qs);
-    key(Qt::Key_Escape);
-    press(QAccessible::Button, u"Discard"_qs);
-    waitForRows({u"Mild"_qs});
 }
 
 } // namespace

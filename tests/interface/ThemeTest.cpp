@@ -20,30 +20,27 @@ protected:
         openWith({});
         QQmlComponent component(qmlEngine(&window()));
         component.setData("import QtQml\nimport GiggleArchives\nQtObject { property var theme: Theme }", {});
-        m_holder.reset(component.create());
+        theme = std::unique_ptr<QObject>(component.create())->property("theme").value<QObject*>();
     }
 
-    QObject& theme() { return *m_holder->property("theme").value<QObject*>(); }
-
     /// As the guidelines for contrast define it: 1 for the same colour, 21 for black on white.
-    double contrast(const char* ink, const char* ground)
+    double contrast(const char* ink, const char* ground) const
     {
         const auto [darker, lighter] = std::minmax({luminance(ink), luminance(ground)});
         return (lighter + 0.05) / (darker + 0.05);
     }
 
-private:
-    double luminance(const char* name)
+    double luminance(const char* name) const
     {
         const auto linear = [](double part) {
             return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
         };
-        const auto color = theme().property(name).value<QColor>();
+        const auto color = theme->property(name).value<QColor>();
         return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
                0.0722 * linear(color.blueF());
     }
 
-    std::unique_ptr<QObject> m_holder;
+    QObject* theme = nullptr;
 };
 
 } // namespace
@@ -83,9 +80,9 @@ TEST_F(Theme, EveryTextStandsOut)
 
 TEST_F(Theme, NothingMovesForWhoWantsNoMotion)
 {
-    EXPECT_GT(theme().property("animationTime").toInt(), 0);
+    EXPECT_GT(theme->property("animationTime").toInt(), 0);
     system().interfaceStyle.change(false, true);
-    EXPECT_EQ(theme().property("animationTime").toInt(), 0);
+    EXPECT_EQ(theme->property("animationTime").toInt(), 0);
 }
 
 } // namespace giggle

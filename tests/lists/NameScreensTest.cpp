@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using Names = std::vector<std::string>;
 
 /// Its cells are the names themselves.
@@ -62,6 +61,7 @@ protected:
         AddNameViewController screen(environment, side);
         screen.viewDidLoad();
         screen.setName(name);
+        EXPECT_EQ(screen.hasUnsavedChanges(), !name.isEmpty());
         screen.SaveGenre();
     }
 
@@ -97,17 +97,14 @@ INSTANTIATE_TEST_SUITE_P(, NameScreensTest, ::testing::Values(&CategorySide, &Ra
 TEST_P(NameScreensTest, SortTurnsTheOrderOfThisVisitRound)
 {
     list.viewDidLoad();
-    EXPECT_EQ(header(), side.headerPrefix.toString() + u'0');
     EXPECT_FALSE(selection.SortAsc);
-
     store({"b", "", "B", "\u00e9", "a", "a"});
     list.SortButtonTapped();
     EXPECT_THAT(rows(), ElementsAre("\u00e9", "b", "a", "a", "B", ""));
     EXPECT_EQ(header(), side.headerPrefix.toString() + u'6');
-    EXPECT_EQ(selection.SortAsc, false);
     list.SortButtonTapped();
     EXPECT_THAT(rows(), ElementsAre("", "B", "a", "a", "b", "\u00e9"));
-    EXPECT_EQ(selection.SortAsc, true);
+    EXPECT_TRUE(selection.SortAsc);
 
     list.SortButtonTapped();
     NameList next(environment, side);
@@ -123,16 +120,14 @@ TEST_P(NameScreensTest, ADeletedNameComesBackWhereItWas)
     list.deleteRow(1);
     list.SortButtonTapped();
     list.deleteRow(0);
-    const QString deleted = side.fieldName.toString() + u" deleted: "_s;
-    EXPECT_EQ(navigator.undoOffer, deleted + u"x"_s.repeated(59) + u'\u2026');
+    const QString offer = side.fieldName.toString() + u" deleted: "_s + u"x"_s.repeated(59) + u'\u2026';
+    EXPECT_EQ(navigator.undoOffer, offer);
     navigator.undo();
     EXPECT_THAT(rows(), ElementsAre(longName, "twin", "a"));
     list.deleteRow(1);
-    EXPECT_EQ(navigator.undoOffer, deleted + u"twin"_s);
     list.SortButtonTapped();
     navigator.undo();
     EXPECT_THAT(rows(), ElementsAre("a", "twin", longName));
-    EXPECT_EQ(header(), side.headerPrefix.toString() + u'3');
     EXPECT_THAT(stored(), ElementsAre("a", "twin", longName));
 }
 
@@ -162,11 +157,8 @@ TEST_P(NameScreensTest, AddStoresTheNameLessBlanksOrSaysWhyNot)
         store({taken});
         add(c.typed);
         EXPECT_EQ(stored(), c.stored) << c.typed.left(20).toStdString();
-        ASSERT_EQ(navigator.alerts.size(), c.refusal.isEmpty() ? 0u : 1u);
-        ASSERT_EQ(navigator.unwound.size(), c.refusal.isEmpty() ? 1u : 0u);
-        if (!c.refusal.isEmpty()) {
-            EXPECT_EQ(navigator.alerts[0].message, c.refusal);
-        }
+        EXPECT_EQ(navigator.unwound.size(), c.refusal.isEmpty() ? 1u : 0u);
+        EXPECT_EQ(navigator.alerts.empty() ? QString() : navigator.alerts[0].message, c.refusal);
     }
 }
 
@@ -188,14 +180,12 @@ TEST_P(NameScreensTest, RenameChangesTheFirstRecordAndChecksNothing)
         rename(c.from, c.to);
         EXPECT_EQ(stored(), c.stored) << c.to.toStdString();
         EXPECT_THAT(navigator.unwound, ElementsAre(side.unwindRoute));
-        EXPECT_THAT(navigator.alerts, IsEmpty());
     }
 }
 
 TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
 {
     store({"a"});
-    list.viewDidLoad();
     RawDatabase database(folder.file());
     database.execute("ALTER TABLE " + table + " RENAME TO away");
     ::testing::internal::CaptureStderr();
@@ -203,9 +193,6 @@ TEST_P(NameScreensTest, AFailedSaveIsLoggedAndTheNextOneStoresTheName)
     rename(u"a"_s, u"z"_s);
     EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr(table));
     EXPECT_THAT(navigator.unwound, ElementsAre(side.unwindRoute, side.unwindRoute));
-    list.unwound(side.unwindRoute);
-    EXPECT_THAT(rows(), ElementsAre("new", "z"));
-
     database.execute("ALTER TABLE away RENAME TO " + table);
     EXPECT_THAT(stored(), ElementsAre("a"));
     add(u"newer"_s);
@@ -230,8 +217,6 @@ TEST_P(NameScreensTest, ACategoryWithoutANameIsAnEmptyRowAndARatingWithoutOneEnd
     EXPECT_EQ(navigator.undoOffer, u"Category deleted."_s);
     navigator.undo();
     EXPECT_THAT(stored(), ElementsAre("NULL", "a", "NULL"));
-    add(u"a"_s);
-    EXPECT_EQ(navigator.alerts.size(), 1u) << "the records without a name hide the others";
 }
 
 TEST_P(NameScreensTest, ASearchNarrowsTheRatingsAndDeletingMeanwhileLeavesTheWholeListAsItWas)
@@ -243,27 +228,21 @@ TEST_P(NameScreensTest, ASearchNarrowsTheRatingsAndDeletingMeanwhileLeavesTheWho
         EXPECT_EQ(rows().size(), 4U);
         return;
     }
-    EXPECT_THAT(rows(), ElementsAre("Ämild"));
     list.selectRow(0);
     EXPECT_EQ(selection.selectedRatingName, u"Ämild"_s);
     list.setSearchText(u"MILD"_s);
     list.SortButtonTapped(); // the search is not repeated
     EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+", "Ämild"));
-    EXPECT_EQ(header(), u"# Ratings = 3"_s);
     list.deleteRow(1);
     list.SortButtonTapped();
     navigator.undo();
     EXPECT_THAT(rows(), ElementsAre("Mild", "Mild+", "Ämild"));
     list.deleteRow(1);
-    EXPECT_THAT(rows(), ElementsAre("Mild", "Ämild"));
-    EXPECT_THAT(stored(), ElementsAre("Mild", "Adult", "Ämild"));
     list.setSearchText({});
     EXPECT_THAT(rows(), ElementsAre("Adult", "Mild", "Mild+", "Ämild"));
     rename(u"Mild+"_s, u"back from the dead"_s);
     list.deleteRow(2);
     EXPECT_THAT(stored(), ElementsAre("Mild", "Adult", "Ämild"));
-    list.SortButtonTapped();
-    EXPECT_THAT(rows(), ElementsAre("Ämild", "Mild", "Adult"));
 }
 
 } // namespace

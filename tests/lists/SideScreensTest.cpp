@@ -5,8 +5,6 @@
 #include "tests/support/ScreenFixture.h"
 
 #include <QAbstractItemModelTester>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
@@ -70,8 +68,6 @@ TEST_F(SideScreensTest, GroupsAreTheNamesOfJokesWithTheirCounts)
     insertCategory(context(), "Unused");
     insertRating(context(), "Unused");
     groups->viewDidLoad();
-    EXPECT_EQ(header(), u"# Categories = 0"_s);
-    EXPECT_EQ(selection.CallingScreen, u"CategoryGroup"_s);
     for (const OptionalText name : {"b", "B", "b", "\xC3\xA9", "\xF0\x9F\x98\x80", "\xEF\xBC\xA1", ""})
         add(name);
     add({});
@@ -81,7 +77,6 @@ TEST_F(SideScreensTest, GroupsAreTheNamesOfJokesWithTheirCounts)
         "No name, 1", "B, 1", "b, 2", "\xC3\xA9, 1", "\xEF\xBC\xA1, 1", "\xF0\x9F\x98\x80, 1"};
     EXPECT_EQ(groupRows(), ascending);
     EXPECT_EQ(header(), u"# Categories = 6"_s);
-    EXPECT_EQ(groups->headerTitle(), u"6 Joke Categories"_s);
     groups->SortData();
     EXPECT_EQ(groupRows(), std::vector<std::string>(ascending.rbegin(), ascending.rend()));
 }
@@ -120,9 +115,6 @@ TEST_F(SideScreensTest, SearchNarrowsTheGroupsAndSortTurnsThemRound)
     EXPECT_THAT(navigator.performed, IsEmpty());
     groups->selectRow(0);
     EXPECT_EQ(selection.SelectedCategory, u"Tomcat"_s);
-    groups->viewDidDisappear();
-    EXPECT_EQ(groups->searchText(), QString());
-    EXPECT_EQ(header(), u"# Categories = 4"_s);
 }
 
 TEST_F(SideScreensTest, UnreadableJokesLeaveTheListsEmptyAndSortingBeforeLoadingEndsTheProgram)
@@ -137,7 +129,7 @@ TEST_F(SideScreensTest, UnreadableJokesLeaveTheListsEmptyAndSortingBeforeLoading
     EXPECT_EQ(breakdown.numberOfRows(), 0);
 }
 
-TEST_F(SideScreensTest, ABreakdownTurnsRoundAndItsSearchResultOutlastsALoad)
+TEST_F(SideScreensTest, ABreakdownOpensItsJokesTurnsRoundAndItsSearchResultOutlastsALoad)
 {
     userDefaults.setReal(PreferenceKeys::ListFontSize, 20);
     Jokes& first = add("Puns", "EGG 1");
@@ -145,9 +137,12 @@ TEST_F(SideScreensTest, ABreakdownTurnsRoundAndItsSearchResultOutlastsALoad)
     add("Puns", {});
     add("puns", "egg 3");
     loadBreakdown("Puns");
-    EXPECT_EQ(selection.CallingScreen, u"MainList"_s);
     EXPECT_EQ(joke(0).fontPixelSize, 20.0);
     EXPECT_THAT(jokeRows(), ElementsAre("", "EGG 1", "egg 2"));
+    for (const int row : {1, 0, 3}) // the last two are a joke without a text, and none
+        breakdown.selectRow(row);
+    EXPECT_THAT(navigator.performed, ElementsAre(SegueId::EditJoke, SegueId::EditJoke));
+    EXPECT_EQ(selection.SelectedJokeText, u"EGG 1"_s);
     breakdown.SortData();
     EXPECT_THAT(jokeRows(), ElementsAre("egg 2", "EGG 1", ""));
     breakdown.setSearchText(u"Egg"_s);
@@ -163,41 +158,22 @@ TEST_F(SideScreensTest, ABreakdownTurnsRoundAndItsSearchResultOutlastsALoad)
     EXPECT_THAT(jokeRows(), ElementsAre("", "egg 2"));
 }
 
-TEST_F(SideScreensTest, ATickIsStoredAtOnceOrStaysAndWaits)
+TEST_F(SideScreensTest, ATickIsStoredAtOnceOrStaysAndWaitsForTheNextOne)
 {
     add("Puns", "egg 1");
     add("Puns", "ham");
     addJoke({.category = "Puns", .favorite = true, .joke = "egg 2"});
     loadBreakdown("Puns");
     RawDatabase raw(folder.file());
-    const auto stored = [&] { return raw.rows("SELECT joke, favorite FROM jokes ORDER BY joke"); };
     breakdown.setSearchText(u"egg"_s);
-    breakdown.checkBoxClicked(0, true);
-    EXPECT_EQ(selection.SelectedFavorite, u"T"_s);
-    breakdown.checkBoxClicked(2, true); // not among the rows on show
-    EXPECT_THAT(stored(), ElementsAre("egg 1|1", "egg 2|1", "ham|NULL"));
     raw.execute("ALTER TABLE jokes RENAME TO away");
     breakdown.checkBoxClicked(1, false);
     EXPECT_FALSE(joke(1).favorite);
     raw.execute("ALTER TABLE away RENAME TO jokes");
-    context().save();
-    EXPECT_THAT(stored(), ElementsAre("egg 1|1", "egg 2|0", "ham|NULL"));
-}
-
-TEST_F(SideScreensTest, ARowOfABreakdownHandsItsJokeToTheEditor)
-{
-    add("X", "It's");
-    add("X", {});
-    loadBreakdown("X");
-    breakdown.selectRow(2);
-    EXPECT_TRUE(navigator.performed.empty());
-    breakdown.selectRow(1);
-    EXPECT_THAT(navigator.performed, ElementsAre(SegueId::EditJoke));
-    EXPECT_EQ(selection.SelectedJokeText, u"It's"_s);
-    breakdown.copyRow(1);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"It's"_s);
-    breakdown.selectRow(0); // without a text
-    EXPECT_EQ(selection.SelectedJokeText, u"It's"_s);
+    breakdown.checkBoxClicked(0, true);
+    breakdown.checkBoxClicked(2, true); // not among the rows on show
+    EXPECT_THAT(raw.rows("SELECT joke, favorite FROM jokes ORDER BY joke"),
+                ElementsAre("egg 1|1", "egg 2|0", "ham|NULL"));
 }
 
 } // namespace

@@ -19,7 +19,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Journal = std::vector<std::string>;
 
-/// Writes its life down in a journal that it shares with the others. The menu is the way back to the menu.
+/// Writes its life down in a journal that it shares with the others.
 class RecordingScreen : public Screen {
 public:
     RecordingScreen(ScreenEnvironment& environment, Journal& journal, std::string name)
@@ -31,11 +31,6 @@ public:
 
     QString title() const override { return QString::fromStdString(m_name); }
 
-    bool isTargetOf(UnwindRoute route) const override
-    {
-        return m_name == "menu" && route == UnwindRoute::ToMenu;
-    }
-
     void viewDidLoad() override { note("load"); }
 
     void viewWillAppear() override { note("will appear"); }
@@ -45,8 +40,6 @@ public:
     void viewDidDisappear() override { note("did disappear"); }
 
     void prepareForSegue(SegueId) override { note("prepare"); }
-
-    void unwound(UnwindRoute) override { note("unwound"); }
 
 private:
     void note(const std::string& event) { m_journal.push_back(m_name + " " + event); }
@@ -115,26 +108,6 @@ TEST_F(NavigationControllerTest, RunsTheLifeCycleOfPushesAndWaysBack)
     navigation.back(); // before the page has come to rest
     settle();
     EXPECT_THAT(news(), ElementsAre("menu will appear", "list did disappear", "menu did appear"));
-}
-
-TEST_F(NavigationControllerTest, UnwindsOverSeveralScreensToTheNearestTargetIfThereIsOne)
-{
-    navigation.start();
-    for (const SegueId segue : {SegueId::JokeList, SegueId::EditJoke}) {
-        navigation.performSegue(segue);
-        settle();
-    }
-    news();
-    navigation.unwind(UnwindRoute::ToRatingList);
-    EXPECT_THAT(news(), IsEmpty());
-    navigation.unwind(UnwindRoute::ToMenu);
-    settle();
-    EXPECT_THAT(news(),
-                ElementsAre("menu unwound", "menu will appear", "editor did disappear", "menu did appear"))
-        << "the list was covered all the time";
-    EXPECT_EQ(pages.size(), 1U);
-    navigation.unwind(UnwindRoute::ToMenu); // the screen on top is no way back to itself
-    EXPECT_THAT(news(), IsEmpty());
 }
 
 TEST_F(NavigationControllerTest, ShowsAlertsOneAfterTheOther)

@@ -7,7 +7,6 @@
 #include "ui/PaperSizes.h"
 
 #include <QDir>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -18,14 +17,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QSizeF A4 = usualPapers().front().size;
-
-QStringList allMatches(const QString& text, const QString& pattern)
-{
-    QStringList found;
-    for (const QRegularExpressionMatch& match : QRegularExpression(pattern).globalMatch(text))
-        found += match.captured(0);
-    return found;
-}
 
 class PdfFileTest : public testing::Test {
 protected:
@@ -57,16 +48,14 @@ TEST_F(PdfFileTest, ALongTextLosesNothingAndKeepsJokesWhole)
     EXPECT_GT(pages.size(), Count / 20);
     QStringList words;
     for (qsizetype i = 0; i < pages.size(); ++i) {
-        EXPECT_EQ(allMatches(pages[i], u"Joke \\d+\\."_qs).size(), allMatches(pages[i], u"-{10}"_qs).size())
-            << "torn on page " << i + 1;
+        EXPECT_EQ(pages[i].count(u"Joke "_qs), pages[i].count(u"----------"_qs)) << "torn on page " << i + 1;
         words += pages[i].simplified().split(u' ');
         EXPECT_EQ(words.takeLast(), QString::number(i + 1));
     }
     const QString whole = words.join(u' ');
-    const QStringList jokes = allMatches(whole, u"Joke \\d+\\."_qs);
-    ASSERT_EQ(jokes.size(), Count);
-    for (int i = 0; i < Count; ++i)
-        ASSERT_EQ(jokes[i], u"Joke %1."_qs.arg(i + 1));
+    EXPECT_EQ(whole.count(u"Joke "_qs), Count);
+    for (qsizetype i = 1, at = 0; i <= Count; ++i)
+        ASSERT_GE(at = whole.indexOf(u"Joke %1."_qs.arg(i), at), 0) << i << " is missing or misplaced";
     for (const QString& part : {u"caf\u00e9"_qs, u"last line"_qs, numbers.trimmed()})
         EXPECT_TRUE(whole.contains(part)) << part.left(20).toStdString();
 }
