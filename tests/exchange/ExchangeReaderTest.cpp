@@ -39,7 +39,7 @@ const struct {
     std::string lines;
     std::vector<std::string> rows;
 } readingCases[] = {
-    {"fewer and more fields",
+    {"missing fields stay unset, further fields are ignored",
      "Dad\nDad^Mild\nDad^Mild^7^F^a^b^c",
      {"1|Dad|NULL|NULL|NULL|NULL", "2|Dad|NULL|NULL|NULL|Mild", "3|Dad|0|7|a|Mild"}},
     {"empty fields stay unset, as do quotes alone",
