@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/CupsPrinters.h"
 
-#include "tests/platform/SpinUntil.h"
 #include "tests/support/CollectionFolder.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLocalServer>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <atomic>
 #include <chrono>
@@ -15,9 +16,6 @@
 #include <thread>
 
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace giggle {
 
@@ -41,14 +39,8 @@ const std::pair<const char*, QByteArray> ServiceFiles[] = {
      "*PageSize A5: \"\"\n*ImageableArea A5: \"18 18 402 577\"\n*PaperDimension A5: \"420 595\"\n"},
 };
 
-void use(const QString& socket)
-{
-    qputenv("CUPS_SERVER", QFile::encodeName(socket));
-}
-
 /// Every thread has a connection of its own, to the service that was set when it began.
-template <class Work>
-void inNewThread(const Work& work)
+void inNewThread(const std::function<void()>& work)
 {
     std::thread(work).join();
 }
@@ -67,8 +59,8 @@ TEST(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
     QProcess service;
     service.start(Daemon, {u"-f"_qs, u"-c"_qs, folder.filePath(u"cupsd.conf"_qs), u"-s"_qs,
                            folder.filePath(u"cups-files.conf"_qs)});
-    use(folder.filePath(u"socket"_qs));
-    ASSERT_TRUE(spinUntil([&] { return QFile::exists(folder.filePath(u"socket"_qs)); }))
+    qputenv("CUPS_SERVER", QFile::encodeName(folder.filePath(u"socket"_qs)));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath(u"socket"_qs)); }))
         << service.readAllStandardError().toStdString();
 
     const QString file = folder.filePath(u"a.pdf"_qs);
@@ -90,7 +82,7 @@ TEST(CupsPrintersTest, ListsPrintersAndHandsJobsOver)
         EXPECT_NE(printers.print({u"cellar"_qs, file + u'x', u"Jokes"_qs, 1, {}}, {}), QString());
     });
     const QString job = folder.filePath(u"c00001"_qs);
-    ASSERT_TRUE(spinUntil([&] { return QFileInfo(job).size() > 0; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo(job).size() > 0; }));
     for (const QByteArray& part :
          {QByteArray("iso_a4_210x297mm"), QByteArray("Jok\u00e9s"), QByteArray("copies\0\4\0\0\0\3", 12)})
         EXPECT_TRUE(readBytes(job).contains(part)) << part.toStdString();
@@ -108,17 +100,12 @@ TEST(CupsPrintersTest, CallsFailWithoutAServiceAndEndWhenTheyAreStoppedWithASile
         },
     };
     const QTemporaryDir folder;
-    const QByteArray place = folder.filePath(u"socket"_qs).toUtf8();
-    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
-    ASSERT_LT(std::size_t(place.size()), sizeof address.sun_path);
-    std::copy(place.begin(), place.end(), address.sun_path);
-    use(QFile::decodeName(place));
+    const QString socket = folder.filePath(u"socket"_qs);
+    qputenv("CUPS_SERVER", QFile::encodeName(socket));
     for (const auto& call : calls)
         inNewThread([&call] { call({}); });
-    const int service = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    ASSERT_EQ(bind(service, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(listen(service, 8), 0); // connections are taken, and nothing is ever read
-    use(QFile::decodeName(place));
+    QLocalServer service; // connections are taken by the system, and nothing is ever read
+    ASSERT_TRUE(service.listen(socket));
     for (const auto& call : calls) {
         std::atomic<bool> isOver = false;
         std::jthread thread([&](const std::stop_token& stop) {
@@ -132,7 +119,6 @@ TEST(CupsPrintersTest, CallsFailWithoutAServiceAndEndWhenTheyAreStoppedWithASile
         thread.join();
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)); // else 20 and more
     }
-    close(service);
 }
 
 } // namespace

@@ -17,13 +17,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A home and a system with these files, below `h` and `s`, and one program named "mailer".
-struct Case {
-    const char* name;
-    std::map<std::string, std::string> files;
-    const char* handler;
-};
-
 std::string entry(const std::string& more = "Exec=mailer %u\n")
 {
     return "[Desktop Action new]\nExec=nothing\n[Desktop Entry]\nType=Application\n"
@@ -46,7 +39,12 @@ const std::string B = "s/applications/b.desktop";
 const std::string SystemList = "s/applications/mimeapps.list";
 const std::string UserList = "h/config/mimeapps.list";
 
-const Case Cases[] = {
+/// A home and a system with these files, below `h` and `s`, and one program named "mailer".
+const struct {
+    const char* name;
+    std::map<std::string, std::string> files;
+    const char* handler;
+} Cases[] = {
     {"nothing at all", {}, ""},
     {"a desktop file lists the scheme", {{A, entry()}}, "a.desktop"},
     {"one in a folder, which is part of its id",
@@ -83,23 +81,19 @@ const Case Cases[] = {
      ""},
 };
 
-void write(const QString& path, const std::string& text, bool isProgram = false)
-{
-    ASSERT_TRUE(QDir().mkpath(path.section(u'/', 0, -2)));
-    writeBytes(path, QByteArray::fromStdString(text));
-    if (isProgram)
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
-}
-
 TEST(DesktopAssociationsTest, FindsTheProgramThatTheUserWouldGet)
 {
-    for (const Case& test : Cases) {
+    for (const auto& test : Cases) {
         SCOPED_TRACE(test.name);
         const QTemporaryDir root;
-        write(root.filePath(u"bin/mailer"_s), "#!/bin/sh\n", true);
-        write(root.filePath(u"bin/two $words"_s), "#!/bin/sh\n", true);
-        for (const auto& [path, text] : test.files)
-            write(root.filePath(QString::fromStdString(path)), text);
+        QDir(root.path()).mkdir(u"bin"_s);
+        for (const QString& program : {u"bin/mailer"_s, u"bin/two $words"_s})
+            QFile::link(u"/bin/sh"_s, root.filePath(program));
+        for (const auto& [path, text] : test.files) {
+            const QFileInfo file(root.filePath(QString::fromStdString(path)));
+            QDir().mkpath(file.path());
+            writeBytes(file.filePath(), QByteArray::fromStdString(text));
+        }
         const std::map<std::string, QString> environment{
             {"HOME", root.filePath(u"h"_s)},
             {"PATH", u"relative:"_s + root.filePath(u"bin"_s)},

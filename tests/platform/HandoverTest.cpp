@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxFileOpener.h"
 #include "platform/linux/LinuxMailComposer.h"
-#include "tests/platform/FakeRequestPortal.h"
+#include "tests/platform/FakePortal.h"
 #include "tests/platform/PrivateBus.h"
-#include "tests/platform/SpinUntil.h"
 #include "tests/support/CollectionFolder.h"
 #include "tests/support/FakePlatform.h"
 
@@ -65,14 +64,19 @@ protected:
         return arguments.split(u'\n', Qt::SkipEmptyParts);
     }
 
-    /// What the composer says of this mail; null when it says nothing.
-    QString compose(const Mail& mail)
+    /// What is said of a handover in the end; null when nothing is.
+    QString answerTo(const std::function<void()>& handover)
     {
         m_answers.clear();
-        m_composer.present(mail, m_answer);
+        handover();
         EXPECT_TRUE(m_answers.isEmpty()) << "answered before the call returned";
         EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
         return m_answers.value(0);
+    }
+
+    QString compose(const Mail& mail)
+    {
+        return answerTo([&] { m_composer.present(mail, m_answer); });
     }
 
     PrivateBus m_bus;
@@ -102,7 +106,7 @@ const QString ExampleAddress = QStringLiteral("mailto:a+b@example.org?subject=Zw
 
 TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
 {
-    FakeRequestPortal portal(m_bus.connect());
+    FakePortal portal(m_bus.connect());
     EXPECT_EQ(compose(exampleMail()), QString());
     EXPECT_EQ(portal.method, u"org.freedesktop.portal.Email.ComposeEmail"_s);
     EXPECT_EQ(portal.options, (QVariantMap{{u"address"_s, u"a+b@example.org"_s},
@@ -119,7 +123,7 @@ TEST_F(HandoverTest, ThePortalGetsTheMailAndItsFiles)
 
 TEST_F(HandoverTest, ThePortalGetsWhatItTakes)
 {
-    FakeRequestPortal portal(m_bus.connect());
+    FakePortal portal(m_bus.connect());
     Mail mail;
     mail.subject = QString::fromUcs4(U"\U0001F600").repeated(300);
     mail.body = u"<p>Enter your comments: </p><p>&lt;3</p>"_s;
@@ -155,7 +159,7 @@ TEST_F(HandoverTest, ThePortalsAnswerIsAwaited)
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         m_answers.clear();
-        FakeRequestPortal portal(m_bus.connect());
+        FakePortal portal(m_bus.connect());
         portal.response.reset();
         portal.isOld = test.isOld;
         m_composer.present(exampleMail(), m_answer);
@@ -182,7 +186,7 @@ TEST_F(HandoverTest, TheToolIsAskedWithoutAPortalAndForAProgramThatLosesItsFiles
     EXPECT_EQ(arguments[3], ExampleAddress);
     EXPECT_TRUE(m_desktop.opened.isEmpty());
 
-    const FakeRequestPortal portal(m_bus.connect());
+    const FakePortal portal(m_bus.connect());
     ASSERT_TRUE(m_applications.rename(u"program.desktop"_s, u"claws-mail.desktop"_s));
     EXPECT_EQ(compose(exampleMail()), QString());
     EXPECT_TRUE(toolArguments().contains(u"--attach"_s));
@@ -212,12 +216,7 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
 {
     LinuxFileOpener opener(m_desktop, m_bus.connect());
     const QString path = m_folder.filePath(u"a b#.txt"_s);
-    const auto open = [&] {
-        m_answers.clear();
-        opener.open(path, m_answer);
-        EXPECT_TRUE(spinUntil([this] { return !m_answers.isEmpty(); }));
-        return m_answers.value(0);
-    };
+    const auto open = [&] { return answerTo([&] { opener.open(path, m_answer); }); };
     EXPECT_TRUE(opener.canOpen(path));
     EXPECT_FALSE(opener.canOpen(u"picture.png"_s));
     EXPECT_NE(open(), QString()); // there is no file yet
@@ -228,7 +227,7 @@ TEST_F(HandoverTest, AFileIsOpenedThroughThePortalElseByItsAddress)
     m_desktop.canOpen = false;
     EXPECT_NE(open(), QString());
 
-    const FakeRequestPortal portal(m_bus.connect());
+    const FakePortal portal(m_bus.connect());
     EXPECT_EQ(open(), QString());
     EXPECT_EQ(portal.method, u"org.freedesktop.portal.OpenURI.OpenFile"_s);
     EXPECT_EQ(portal.contents, QByteArrayList{"ha"});

@@ -2,7 +2,6 @@
 #include "platform/linux/SingleInstance.h"
 
 #include "tests/platform/PrivateBus.h"
-#include "tests/platform/SpinUntil.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

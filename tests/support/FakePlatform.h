@@ -138,7 +138,7 @@ public:
 
 class FakeFileOpener : public FileOpener {
 public:
-    [[nodiscard]] bool canOpen(const QString&) const override { return hasProgram; }
+    [[nodiscard]] bool canOpen(const QString&) const override { return true; }
 
     void open(const QString& path, std::function<void(const QString&)> whatToDo) override
     {
@@ -146,7 +146,6 @@ public:
         finished = std::move(whatToDo);
     }
 
-    bool hasProgram = true;
     QStringList opened;
     std::function<void(const QString&)> finished; ///< what the last caller waits for
 };
@@ -185,23 +184,22 @@ public:
 /// Writes down what it was opened for; a test calls `finished` of the last request.
 class FakePrintPanel : public PrintPanel {
 public:
+    using Finished = std::function<void(const PrintOutcome&)>;
+
     struct Request {
         QString text;
-        QString jobName;
-        std::function<void(const PrintOutcome&)> finished;
+        Finished finished;
         bool isForPdf = false;
     };
 
-    void present(AttributedText text, const QString& jobName,
-                 std::function<void(const PrintOutcome&)> finished) override
+    void present(AttributedText text, const QString&, Finished finished) override
     {
-        presented.push_back({text.plainText(), jobName, std::move(finished)});
+        presented.push_back({text.plainText(), std::move(finished)});
     }
 
-    void makePdf(AttributedText text, const QString& jobName,
-                 std::function<void(const PrintOutcome&)> finished) override
+    void makePdf(AttributedText text, const QString&, Finished finished) override
     {
-        presented.push_back({text.plainText(), jobName, std::move(finished), true});
+        presented.push_back({text.plainText(), std::move(finished), true});
     }
 
     std::vector<Request> presented;
@@ -222,20 +220,11 @@ struct FakePlatform {
     FakeShareSheet shareSheet;
     FakePrintPanel printPanel;
     QTemporaryDir temporaryFolder;
-    Platform platform{interfaceStyle,
-                      fonts,
-                      resources,
-                      windowActivation,
-                      storeReview,
-                      addressOpener,
-                      mailComposer,
-                      messageCapability,
-                      fileOpener,
-                      &documentPicker,
-                      &shareSheet,
-                      &printPanel,
-                      temporaryFolder.path(),
-                      temporaryFolder.filePath(QStringLiteral("documents"))};
+    const QString temporaryPath = temporaryFolder.path();
+    const QString documentsPath = temporaryFolder.filePath(QStringLiteral("documents"));
+    Platform platform{interfaceStyle, fonts,        resources,         windowActivation, storeReview,
+                      addressOpener,  mailComposer, messageCapability, fileOpener,       &documentPicker,
+                      &shareSheet,    &printPanel,  temporaryPath,     documentsPath};
 };
 
 } // namespace giggle

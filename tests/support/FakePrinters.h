@@ -18,12 +18,22 @@ public:
         QString information; ///< of the file, as another program reads it
     };
 
-    FakePrinters() : m_state(std::make_shared<State>()) {}
+    struct State {
+        std::mutex mutex;
+        std::condition_variable answers;
+        bool isSilent = false;
+        std::vector<Printer> printers;
+        int begun = 0;
+        std::vector<Printed> printed;
+        QString failure;
+    };
 
-    std::shared_ptr<Printers> share() override
+    explicit FakePrinters(std::shared_ptr<State> state = std::make_shared<State>())
+        : m_state(std::move(state))
     {
-        return std::shared_ptr<Printers>(new FakePrinters(m_state)); // NOLINT: the constructor is private
     }
+
+    std::shared_ptr<Printers> share() override { return std::make_shared<FakePrinters>(m_state); }
 
     std::vector<Printer> available(const std::stop_token&) override
     {
@@ -72,18 +82,6 @@ public:
     }
 
 private:
-    struct State {
-        std::mutex mutex;
-        std::condition_variable answers;
-        bool isSilent = false;
-        std::vector<Printer> printers;
-        int begun = 0;
-        std::vector<Printed> printed;
-        QString failure;
-    };
-
-    explicit FakePrinters(std::shared_ptr<State> state) : m_state(std::move(state)) {}
-
     std::shared_ptr<State> m_state;
 };
 

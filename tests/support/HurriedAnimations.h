@@ -13,13 +13,11 @@ public:
     HurriedAnimations()
     {
         m_timer.callOnTimeout([this] { advance(); });
+        m_timer.start(4);
         install();
     }
 
     ~HurriedAnimations() override { uninstall(); }
-
-    HurriedAnimations(const HurriedAnimations&) = delete;
-    HurriedAnimations& operator=(const HurriedAnimations&) = delete;
 
     [[nodiscard]] qint64 elapsed() const override { return m_clock.isValid() ? 8 * m_clock.elapsed() : 0; }
 
@@ -27,14 +25,7 @@ protected:
     void start() override
     {
         m_clock.start();
-        m_timer.start(4);
         QAnimationDriver::start();
-    }
-
-    void stop() override
-    {
-        m_timer.stop();
-        QAnimationDriver::stop();
     }
 
 private:

@@ -33,8 +33,10 @@ public:
     /// Files and their bytes, by name.
     using Image = std::map<QString, QByteArray>;
 
+    /// The folder is still empty.
     explicit SimulatedDisk(const QString& folder);
-    ~SimulatedDisk();
+
+    ~SimulatedDisk() { s_current = nullptr; }
 
     SimulatedDisk(const SimulatedDisk&) = delete;
     SimulatedDisk& operator=(const SimulatedDisk&) = delete;
@@ -85,10 +87,8 @@ private:
     [[nodiscard]] Outcome nextCall(Kind kind, bool grows);
     [[nodiscard]] QString nameOf(const char* path) const;
     void change(Change change);
-    void opened(int descriptor, const QString& name, int flags);
-    void synced(int file);
 
-    static SimulatedDisk* s_current;
+    inline static SimulatedDisk* s_current = nullptr;
 
     QString m_folder;
     std::vector<Change> m_changes; ///< all of them, from the empty folder on

@@ -1,13 +1,59 @@
 // SPDX-License-Identifier: MIT
+// The screens that have too few rules for a file of their own.
 #include "platform/DeploymentAddresses.h"
+#include "shell/JokeOfDayViewController.h"
+#include "shell/OverviewViewController.h"
 #include "shell/RateShareTableViewController.h"
 #include "tests/support/ScreenFixture.h"
+
+#include <map>
 
 namespace giggle {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+
+class JokeOfDayTest : public ScreenFixture {
+protected:
+    JokeOfDayViewController screen{environment};
+};
+
+TEST_F(JokeOfDayTest, EveryJokeIsAsLikelyAsAnyOther)
+{
+    constexpr int Choices = 4000;
+    for (const OptionalText text :
+         {OptionalText("a"), OptionalText("b"), OptionalText("c'\xC3\xA9"), OptionalText()})
+        addJoke({.joke = text});
+    screen.viewDidLoad();
+    std::map<QString, int> chosen;
+    for (int i = 0; i < Choices; ++i) {
+        screen.ShuffleJokes();
+        ++chosen[screen.jokeTextView()];
+    }
+    EXPECT_EQ(chosen.size(), 4U);
+    EXPECT_TRUE(chosen.contains(u"c'é"_qs) && chosen.contains({}));
+    // A fair choice leaves this range about once in ten million runs.
+    for (const auto& [joke, count] : chosen)
+        EXPECT_NEAR(count, Choices / 4, 150) << joke.toStdString();
+}
+
+TEST_F(JokeOfDayTest, AnEmptyCollectionEndsTheProgram)
+{
+    EXPECT_DEATH(screen.viewDidLoad(), "There is no joke to choose");
+}
+
+using OverviewTest = ScreenFixture;
+
+TEST_F(OverviewTest, AMissingGuideStopsTheProgramADamagedOneIsEmpty)
+{
+    EXPECT_DEATH(OverviewViewController(environment).viewDidLoad(), "guide, overview.pdf, is missing");
+    const QString path = system.resources.paths[u"overview.pdf"_qs] = folder.filePath(u"overview.pdf"_qs);
+    writeBytes(path, "no document");
+    OverviewViewController screen(environment);
+    screen.viewDidLoad();
+    EXPECT_EQ(screen.document()->pageCount(), 0);
+}
 
 class RateShareTest : public ScreenFixture {
 protected:
