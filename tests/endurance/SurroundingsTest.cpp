@@ -89,6 +89,7 @@ TEST(SurroundingsTest, SaveIntoAFileThatIsGoneFailsInWords)
         {"folder renamed",
          [](const auto& folder) { QDir().rename(folder.path(), folder.path() + QStringLiteral("-away")); }},
         {"file removed", [](const auto& folder) { QFile::remove(folder.file()); }},
+        {"log removed", [](const auto& folder) { QFile::remove(folder.file() + QStringLiteral("-wal")); }},
         {"file replaced",
          [](const auto& folder) {
              const QString copy = folder.filePath(QStringLiteral("copy"));
@@ -173,6 +174,17 @@ TEST(SurroundingsTest, InstancesThatStartTogetherMakeOneCollectionAndLoseNothing
         EXPECT_GE(saved, 1);
         ASSERT_EQ(int(rowsOf(folder.open().viewContext()).size()), saved) << "in round " << round;
     }
+}
+
+TEST(SurroundingsTest, ClockThatWasSetBackChangesNothing)
+{
+    const CollectionFolder folder;
+    Session session(folder, Session::Kind::Daily);
+    session.run();
+    const timespec future[] = {{4'000'000'000, 0}, {4'000'000'000, 0}};
+    for (const auto& [name, bytes] : folder.contents())
+        ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(folder.filePath(name)).constData(), future, 0), 0);
+    expectFreshStart(folder, session.expectation());
 }
 
 } // namespace
