@@ -90,7 +90,7 @@ void Session::use(const std::function<void(ManagedObjectContext&)>& steps)
             static_cast<void>(liveRows(context)); // nothing is read during a commit
 
             // Called before each commit, also those of an import.
-            std::function<void()> note = [&] { attempt(m_expectation.collections, rowsOf(context)); };
+            std::function<void()> note = [&] { attempt(m_expectation.collections, liveRows(context)); };
             const auto call = [](void* work) {
                 (*static_cast<std::function<void()>*>(work))();
                 return 0;
@@ -107,7 +107,7 @@ void Session::use(const std::function<void(ManagedObjectContext&)>& steps)
 void Session::save(ManagedObjectContext& context)
 {
     if (saves(context) || saves(context)) {
-        attempt(m_expectation.collections, rowsOf(context));
+        attempt(m_expectation.collections, liveRows(context));
         acknowledge(m_expectation.collections);
     } else {
         EXPECT_TRUE(hasFailed() && context.hasChanges());
@@ -116,7 +116,7 @@ void Session::save(ManagedObjectContext& context)
 
 void Session::acknowledgeUnlessFailed(ManagedObjectContext& context)
 {
-    attempt(m_expectation.collections, rowsOf(context));
+    attempt(m_expectation.collections, liveRows(context));
     if (context.hasChanges())
         save(context);
     else if (!hasFailed())
@@ -201,7 +201,7 @@ void expectFreshStart(const CollectionFolder& folder, const Expectation& expecte
     try {
         const PersistentContainer container = folder.open();
         ManagedObjectContext& context = container.viewContext();
-        const Rows found = rowsOf(context);
+        const Rows found = liveRows(context);
         EXPECT_THAT(expected.collections, testing::Contains(found));
         EXPECT_FALSE(context.store().database().isReadOnly());
         insertJoke(context, {.id = 99, .joke = "afterwards"});
@@ -231,16 +231,6 @@ bool saves(ManagedObjectContext& context)
     } catch (const StoreError&) {
         return false;
     }
-}
-
-Rows rowsOf(ManagedObjectContext& context)
-{
-    constexpr std::size_t Shown = 60;
-    Rows rows = liveRows(context);
-    for (std::string& row : rows)
-        if (row.size() > Shown)
-            row = row.substr(0, Shown) + "... " + std::to_string(std::hash<std::string>()(row));
-    return rows;
 }
 
 } // namespace giggle

@@ -13,9 +13,6 @@ namespace giggle {
 
 using Rows = std::vector<std::string>;
 
-/// The rows of a collection in a form that reads well in a message: long texts are shortened.
-[[nodiscard]] Rows rowsOf(ManagedObjectContext& context);
-
 /// Whether a save succeeded.
 [[nodiscard]] bool saves(ManagedObjectContext& context);
 
