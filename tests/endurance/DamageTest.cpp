@@ -48,17 +48,17 @@ QByteArrayList valuesOf(const Rows& rows)
     return values;
 }
 
-enum class Opened { Whole, OneValueDiffers, OlderState, Refused };
+enum class Opened { Whole, OneValueDiffers, Refused };
 
 /// Opens what lies in the folder: it has to be there whole but for one value, or refused in words and left as
-/// it is. @p older are states that may be found instead.
+/// it is. One of the @p older states counts as whole, too.
 Opened open(const CollectionFolder& folder, const Rows& rows, const std::vector<Rows>& older = {})
 {
     const auto before = folder.contents();
     try {
         const Rows found = liveRows(folder.open().viewContext());
         if (std::ranges::count(older, found))
-            return Opened::OlderState;
+            return Opened::Whole;
         const QByteArrayList a = valuesOf(rows);
         const QByteArrayList b = valuesOf(found);
         const bool areAsMany = found.size() == rows.size() && a.size() == b.size();

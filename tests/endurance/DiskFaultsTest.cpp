@@ -215,20 +215,22 @@ struct Requests {
 TEST(LowMemoryTest, ARefusedRequestIsAFailedCallAndNothingElse)
 {
     int tried = 0;
-    for (const bool isLasting : {false, true})
-        for (int request = 1, made = request; made >= request; request += isLongRun() ? 1 : 7) {
+    for (const bool isLasting : {false, true}) {
+        bool cameThatFar = true;
+        for (int request = 1; cameThatFar; request += isLongRun() ? 1 : 7) {
             const CollectionFolder folder;
             Session session(folder, Session::Kind::Daily, [&] { return Requests::made >= request; });
             Requests::made = 0;
             Requests::refused = request;
             Requests::isLasting = isLasting;
             session.run();
-            made = Requests::made;
+            cameThatFar = Requests::made >= request;
             Requests::refused = 0;
             expectFreshStart(folder, session.expectation());
             ++tried;
             ASSERT_FALSE(HasFailure()) << "request " << request << (isLasting ? " and all others" : "");
         }
+    }
     reportCount("refused requests for memory", tried);
 }
 
