@@ -5,6 +5,7 @@
 #include <array>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace giggle {
 
@@ -27,7 +28,7 @@ PowerCuts powerCutsOf(Session::Kind kind, int randomOnes, int& tried)
 {
     CollectionFolder folder;
     SimulatedDisk disk(folder.path());
-    Session session(folder, disk, kind);
+    Session session(folder, kind);
     std::mt19937 random(20261121);
     PowerCuts cuts;
     const auto cut = [&] {
@@ -76,7 +77,7 @@ bool survives(Session::Kind kind, const FaultKind& fault, int call, bool withRea
 {
     CollectionFolder folder;
     SimulatedDisk disk(folder.path());
-    Session session(folder, disk, kind);
+    Session session(folder, kind, [&] { return disk.hasFailed(); });
     disk.failAt(call, fault.fault, fault.lasting, withReads);
     session.run();
     const bool cameThatFar = disk.calls() >= call;
@@ -127,7 +128,7 @@ struct DiskWithAJoke {
     {
         std::mt19937 random;
         EXPECT_FALSE(context.hasChanges());
-        const Expectation expected{{rowsOf(context)}, {0}};
+        const Expectation expected{{liveRows(context)}, {0}};
         if (alsoAfterAPowerCut)
             expectFreshStart(disk.afterPowerCut(Unsynced::Lost, random), expected);
         closeContainer(container);
@@ -182,6 +183,55 @@ TEST(DiskFaultsTest, BulkSavingTriesFewerAndFewerSavesWhileTheyFailAndWritesAllI
     saved.disk.repair();
     bulk.finish();
     saved.expectEverythingOnTheDisk(true);
+}
+
+/// SQLite's requests for memory: their number, and that of the one that is refused, alone or with all others.
+struct Requests {
+    static inline int made = 0;
+    static inline int refused = 0;
+    static inline bool isLasting = false;
+    static inline sqlite3_mem_methods system{};
+
+    [[nodiscard]] static bool isRefused()
+    {
+        ++made;
+        return refused > 0 && (isLasting ? made >= refused : made == refused);
+    }
+};
+
+/// Before SQLite is first used.
+[[maybe_unused]] const int configured = [] {
+    sqlite3_config(SQLITE_CONFIG_GETMALLOC, &Requests::system);
+    sqlite3_mem_methods scarce = Requests::system;
+    scarce.xMalloc = [](int size) {
+        return Requests::isRefused() ? nullptr : Requests::system.xMalloc(size);
+    };
+    scarce.xRealloc = [](void* memory, int size) {
+        return Requests::isRefused() ? nullptr : Requests::system.xRealloc(memory, size);
+    };
+    return sqlite3_config(SQLITE_CONFIG_MALLOC, &scarce);
+}();
+
+TEST(LowMemoryTest, ARefusedRequestIsAFailedCallAndNothingElse)
+{
+    int tried = 0;
+    for (const bool isLasting : {false, true}) {
+        bool cameThatFar = true;
+        for (int request = 1; cameThatFar; request += isLongRun() ? 1 : 7) {
+            const CollectionFolder folder;
+            Session session(folder, Session::Kind::Daily, [&] { return Requests::made >= request; });
+            Requests::made = 0;
+            Requests::refused = request;
+            Requests::isLasting = isLasting;
+            session.run();
+            cameThatFar = Requests::made >= request;
+            Requests::refused = 0;
+            expectFreshStart(folder, session.expectation());
+            ++tried;
+            ASSERT_FALSE(HasFailure()) << "request " << request << (isLasting ? " and all others" : "");
+        }
+    }
+    reportCount("refused requests for memory", tried);
 }
 
 } // namespace

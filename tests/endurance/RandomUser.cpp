@@ -97,7 +97,7 @@ void RandomUser::saveSomething()
     using Deed = void (RandomUser::*)();
     static constexpr Deed Deeds[]{&RandomUser::addJoke,        &RandomUser::addJoke,    &RandomUser::editJoke,
                                   &RandomUser::editJoke,       &RandomUser::deleteJoke, &RandomUser::tickJoke,
-                                  &RandomUser::changeFontSize, &RandomUser::changeNames};
+                                  &RandomUser::changeFontSize, &RandomUser::addName};
     const bool isFull = context().count(Jokes::fetchRequest()) > MostJokes;
     const Deed deed = isFull ? &RandomUser::deleteJoke : Deeds[below(std::size(Deeds))];
     (this->*deed)();
@@ -234,26 +234,17 @@ void RandomUser::changeFontSize()
            });
 }
 
-void RandomUser::changeNames()
+void RandomUser::addName()
 {
     const bool isCategory = below(2);
     const QString kind = isCategory ? u"category|"_qs : u"rating|"_qs;
     openArea(u"Reference Lists"_qs);
     open(QAccessible::Button, isCategory ? u"Categories"_qs : u"Ratings"_qs);
-    const QString row = someRow();
-    if (names(QAccessible::ListItem).size() > 8 && row != u"No name"_qs) {
-        focus(QAccessible::ListItem, row);
-        change(
-            {kind + row}, {}, [&] { key(Qt::Key_Delete); },
-            [&] { return !find(QAccessible::ListItem, row); });
-    } else {
-        const QString name = u"Name %1"_qs.arg(below(1'000'000'000));
-        const QString field = isCategory ? u"Category"_qs : u"Rating"_qs;
-        open(QAccessible::Button, u"Add"_qs);
-        set(field, name);
-        change({}, {kind + name}, pressing(u"Save"_qs),
-               [&] { return !find(QAccessible::EditableText, field); });
-    }
+    const QString name = u"Name %1"_qs.arg(below(1'000'000'000));
+    const QString field = isCategory ? u"Category"_qs : u"Rating"_qs;
+    open(QAccessible::Button, u"Add"_qs);
+    set(field, name);
+    change({}, {kind + name}, pressing(u"Save"_qs), [&] { return !find(QAccessible::EditableText, field); });
 }
 
 void RandomUser::pressSomething()

@@ -48,7 +48,7 @@ private:
     void deleteJoke();
     void tickJoke();
     void changeFontSize();
-    void changeNames();
+    void addName();
 
     void pressSomething();
     void set(const QString& field, const QString& text);

@@ -45,7 +45,7 @@ void useReadOnly(const CollectionFolder& folder, const Rows& rows, bool mayRefus
             return 0; // not possible here
         try {
             const PersistentContainer readOnly = folder.open();
-            EXPECT_EQ(rowsOf(readOnly.viewContext()), rows);
+            EXPECT_EQ(liveRows(readOnly.viewContext()), rows);
             insertJoke(readOnly.viewContext(), {.id = 1});
             EXPECT_FALSE(saves(readOnly.viewContext()));
             EXPECT_TRUE(readOnly.viewContext().hasChanges());
@@ -67,7 +67,7 @@ TEST(SurroundingsTest, NothingVanishesWhereNothingCanBeWritten)
             PersistentContainer container = original.open();
             insertJoke(container.viewContext(), {.joke = "in the log alone"});
             container.viewContext().save();
-            const Rows rows = rowsOf(container.viewContext());
+            const Rows rows = liveRows(container.viewContext());
             const CollectionFolder folder;
             original.copyAsAfterACrash(folder);
             if (!hasLog)
@@ -89,6 +89,7 @@ TEST(SurroundingsTest, SaveIntoAFileThatIsGoneFailsInWords)
         {"folder renamed",
          [](const auto& folder) { QDir().rename(folder.path(), folder.path() + QStringLiteral("-away")); }},
         {"file removed", [](const auto& folder) { QFile::remove(folder.file()); }},
+        {"log removed", [](const auto& folder) { QFile::remove(folder.file() + QStringLiteral("-wal")); }},
         {"file replaced",
          [](const auto& folder) {
              const QString copy = folder.filePath(QStringLiteral("copy"));
@@ -107,7 +108,7 @@ TEST(SurroundingsTest, SaveIntoAFileThatIsGoneFailsInWords)
         insertJoke(context, {.id = 2});
         EXPECT_FALSE(saves(context)) << "acknowledged what no fresh start can find";
         EXPECT_TRUE(context.hasChanges());
-        EXPECT_EQ(rowsOf(context).size(), 2U);
+        EXPECT_EQ(liveRows(context).size(), 2U);
         QDir(folder.path() + QStringLiteral("-away")).removeRecursively();
     }
 }
@@ -129,7 +130,7 @@ TEST(SurroundingsTest, CollectionThatAnotherProgramHoldsFailsInWordsAndGoesOnAft
         PersistentContainer container = folder.open();
         insertJoke(container.viewContext(), {.id = 1});
         container.viewContext().save();
-        Rows rows = rowsOf(container.viewContext());
+        Rows rows = liveRows(container.viewContext());
         closeContainer(container);
         {
             RawDatabase other(folder.file());
@@ -138,11 +139,11 @@ TEST(SurroundingsTest, CollectionThatAnotherProgramHoldsFailsInWordsAndGoesOnAft
             try {
                 const PersistentContainer again = folder.open();
                 opened = true;
-                EXPECT_EQ(rowsOf(again.viewContext()), rows);
+                EXPECT_EQ(liveRows(again.viewContext()), rows);
                 insertJoke(again.viewContext(), {.id = 2});
                 EXPECT_EQ(saves(again.viewContext()), lock.saves);
                 if (lock.saves)
-                    rows = rowsOf(again.viewContext());
+                    rows = liveRows(again.viewContext());
             } catch (const StoreError& error) {
                 EXPECT_TRUE(error.localizedDescription().contains(QStringLiteral("locked"))) << error.what();
             }
@@ -171,8 +172,19 @@ TEST(SurroundingsTest, InstancesThatStartTogetherMakeOneCollectionAndLoseNothing
         for (const pid_t child : children)
             saved += exitStatusOf(child) / 2;
         EXPECT_GE(saved, 1);
-        ASSERT_EQ(int(rowsOf(folder.open().viewContext()).size()), saved) << "in round " << round;
+        ASSERT_EQ(int(liveRows(folder.open().viewContext()).size()), saved) << "in round " << round;
     }
+}
+
+TEST(SurroundingsTest, ClockThatWasSetBackChangesNothing)
+{
+    const CollectionFolder folder;
+    Session session(folder, Session::Kind::Daily);
+    session.run();
+    const timespec future[] = {{4'000'000'000, 0}, {4'000'000'000, 0}};
+    for (const auto& [name, bytes] : folder.contents())
+        ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(folder.filePath(name)).constData(), future, 0), 0);
+    expectFreshStart(folder, session.expectation());
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "store/AppDelegate.h"
 #include "tests/support/CollectionFolder.h"
+
+#include <QFile>
 
 #include <numeric>
 
@@ -77,6 +80,21 @@ TEST(PersistenceTest, CollectionMadeByAnotherProgramOpens)
     EXPECT_EQ(insertJoke(container.viewContext(), {}).oid(), 41);
     container.viewContext().save();
     EXPECT_EQ(storedRows(folder.file()), liveRows(container.viewContext()));
+}
+
+TEST(PersistenceTest, AFileThatWasMadeBehindALinkIsNotLookedAtTwice)
+{
+    const CollectionFolder folder;
+    const CollectionFolder elsewhere;
+    const QString link = elsewhere.filePath(QStringLiteral("link"));
+    ASSERT_TRUE(QFile::link(folder.path(), link));
+    AppDelegate appDelegate(link);
+    ManagedObjectContext& context = appDelegate.persistentContainer().viewContext();
+    for (const QString& way : {link, folder.path()}) {
+        PersistentContainer second(AppDelegate::ContainerName, way);
+        second.loadPersistentStores([](const StoreError* error) { EXPECT_FALSE(error); });
+        EXPECT_EQ(&second.viewContext(), &context) << "the locks of the first are gone";
+    }
 }
 
 } // namespace
