@@ -52,16 +52,6 @@ void acknowledge(std::vector<State>& states)
     states.erase(states.begin(), states.end() - 1);
 }
 
-/// For sqlite3_auto_extension(): the connection passes over any change of its journal.
-int keepJournal(sqlite3* connection, char**, const sqlite3_api_routines*)
-{
-    const auto judge = [](void*, int action, const char* what, const char* value, const char*, const char*) {
-        const bool isJournal = action == SQLITE_PRAGMA && value && std::string_view(what) == "journal_mode";
-        return isJournal ? SQLITE_IGNORE : SQLITE_OK;
-    };
-    return sqlite3_set_authorizer(connection, judge, nullptr);
-}
-
 } // namespace
 
 Session::Session(const CollectionFolder& folder, Kind kind, std::function<bool()> hasFailed)
@@ -71,10 +61,7 @@ Session::Session(const CollectionFolder& folder, Kind kind, std::function<bool()
 
 void Session::run()
 {
-    if (m_kind == Kind::RollbackMode)
-        sqlite3_auto_extension(reinterpret_cast<void (*)()>(keepJournal));
     m_kind == Kind::FirstLaunch ? runFirstLaunch() : runDaily();
-    sqlite3_reset_auto_extension();
 }
 
 void Session::use(const std::function<void(ManagedObjectContext&)>& steps)
@@ -86,7 +73,8 @@ void Session::use(const std::function<void(ManagedObjectContext&)>& steps)
             sqlite::Database& database = context.store().database();
             if (database.isReadOnly())
                 throw StoreError(SQLITE_READONLY, u"opened for reading"_s);
-            database.execute("PRAGMA wal_autocheckpoint = 4");
+            database.execute(m_kind == Kind::RollbackMode ? "PRAGMA journal_mode = DELETE"
+                                                          : "PRAGMA wal_autocheckpoint = 4");
             static_cast<void>(liveRows(context)); // nothing is read during a commit
 
             // Called before each commit, also those of an import.
