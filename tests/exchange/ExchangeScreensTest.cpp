@@ -89,8 +89,11 @@ TEST_F(ImportViewControllerTest, FilesThatCannotBeReadSayWhyAndStopTheImportAndN
     const QString huge = folder.filePath(QStringLiteral("huge.csv"));
     QFile sparse(huge);
     ASSERT_TRUE(sparse.open(QIODevice::ReadWrite) && sparse.resize(2'000'000'000));
+    const QString link = folder.filePath(QStringLiteral("link.csv"));
+    ASSERT_TRUE(QFile::link(folder.file(), link));
     for (const auto& [path, reason] :
-         {std::pair(latin1, "latin1.csv\" cannot be read: it is not a text in UTF-8"),
+         {std::pair(link, "link.csv\" is the collection itself"), // closing it would let go of its locks
+          std::pair(latin1, "latin1.csv\" cannot be read: it is not a text in UTF-8"),
           std::pair(picture, "picture.png\" cannot be read: it is not a text"),
           std::pair(huge, "huge.csv\" cannot be read: it is larger than"),
           std::pair(folder.path(), "cannot be read: it is a folder"),

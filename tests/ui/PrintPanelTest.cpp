@@ -39,11 +39,12 @@ protected:
     }
 
     /// Waits for an outcome, which is no longer there afterwards.
-    void waitForOutcome(bool isCompleted)
+    void waitForOutcome(bool isCompleted, const QString& savedAs = {})
     {
         ASSERT_TRUE(until([&] { return !outcomes.empty(); }));
         EXPECT_EQ(outcomes.size(), 1U);
-        EXPECT_EQ(std::exchange(outcomes, {})[0].isCompleted, isCompleted);
+        EXPECT_EQ(outcomes[0].isCompleted, isCompleted);
+        EXPECT_EQ(std::exchange(outcomes, {})[0].savedAs, savedAs);
     }
 
     FakePrinters printers;
@@ -116,7 +117,7 @@ TEST_F(PrintPanelTest, AFailureIsSaidAndAnotherWayCanBeChosen)
 
     panel.saveAsPdf();
     system.documentPicker.answer(QUrl::fromLocalFile(folder.filePath(u"a.pdf"_qs)));
-    waitForOutcome(true);
+    waitForOutcome(true, u"a.pdf"_qs);
     EXPECT_TRUE(pagesOf(folder.filePath(u"a.pdf"_qs)).join(u' ').contains(u"Joke 5."_qs));
 }
 
