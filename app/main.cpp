@@ -93,16 +93,16 @@ void sayWhenReady(QQuickWindow& window)
 /// The file that the application is started with, or nothing.
 QUrl documentOnCommandLine()
 {
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() < 2)
-        return {};
-    if (arguments.size() > 2)
+    QStringList files;
+    for (const QString& argument : QCoreApplication::arguments().mid(1))
+        if (argument.startsWith(u'-') && !QFile::exists(argument))
+            printFailure(QStringLiteral("There is no option \"%1\".").arg(argument));
+        else
+            files += argument;
+    if (files.size() > 1)
         printFailure(QStringLiteral("One file can be opened at a time; the others are left out."));
-    if (arguments[1].startsWith(u'-') && !QFile::exists(arguments[1])) {
-        printFailure(QStringLiteral("There is no option \"%1\".").arg(arguments[1]));
-        return {};
-    }
-    return QUrl::fromUserInput(arguments[1], QDir::currentPath(), QUrl::AssumeLocalFile);
+    return files.isEmpty() ? QUrl()
+                           : QUrl::fromUserInput(files[0], QDir::currentPath(), QUrl::AssumeLocalFile);
 }
 
 int run(const StoragePlaces& places, WindowActivation& windowActivation, const QUrl& document)

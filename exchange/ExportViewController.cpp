@@ -51,6 +51,11 @@ std::vector<Record*> required(ManagedObjectContext& context, const FetchRequest<
 
 } // namespace
 
+ExportViewController::ExportViewController(ScreenEnvironment& environment) : Screen(environment)
+{
+    confirmCopies(m_exportTextView, environment.navigator);
+}
+
 QString ExportViewController::helpTextView()
 {
     return QStringLiteral("Step 1: Create the Export File\n"
@@ -58,11 +63,6 @@ QString ExportViewController::helpTextView()
                           "             Option 2: Click the Email File button to email the file to yourself "
                           "and then from your email save the file to your iCloud Drive. There are size "
                           "limits to email attachments for most carriers.");
-}
-
-void ExportViewController::viewDidLoad()
-{
-    confirmCopies(m_exportTextView, environment().navigator);
 }
 
 void ExportViewController::viewDidAppear()

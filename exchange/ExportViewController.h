@@ -31,7 +31,7 @@ class ExportViewController : public giggle::Screen {
         bool isActivityIndicatorAnimating READ isActivityIndicatorAnimating NOTIFY activityIndicatorChanged)
 
 public:
-    using Screen::Screen;
+    explicit ExportViewController(ScreenEnvironment& environment);
 
     [[nodiscard]] QString title() const override { return QStringLiteral("Export Jokes"); }
 
@@ -49,8 +49,6 @@ public:
     [[nodiscard]] static QString helpTextView();
 
     [[nodiscard]] bool isActivityIndicatorAnimating() const { return m_isActivityIndicatorAnimating; }
-
-    void viewDidLoad() override;
 
     /// Has the collection read and in order, so that the export button need not wait for that.
     void viewDidAppear() override;

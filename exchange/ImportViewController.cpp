@@ -25,6 +25,11 @@ const QString AlertTitle = QStringLiteral("Data Import");
 
 } // namespace
 
+ImportViewController::ImportViewController(ScreenEnvironment& environment) : Screen(environment)
+{
+    confirmCopies(m_importTextView, environment.navigator);
+}
+
 QString ImportViewController::helpTextView()
 {
     return QStringLiteral("YOU CAN ONLY IMPORT THE FILE CREATED BY THIS APP.\n"
@@ -34,7 +39,6 @@ QString ImportViewController::helpTextView()
 
 void ImportViewController::viewDidLoad()
 {
-    confirmCopies(m_importTextView, environment().navigator);
     loadWaitingDocument();
 }
 

@@ -21,7 +21,7 @@ class ImportViewController : public giggle::Screen {
     Q_PROPERTY(QString HelpTextView READ helpTextView CONSTANT)
 
 public:
-    using Screen::Screen;
+    explicit ImportViewController(ScreenEnvironment& environment);
 
     [[nodiscard]] QString title() const override { return QStringLiteral("Import Jokes"); }
 

@@ -113,8 +113,7 @@ void EditJokeViewController::DecreaseFontSize()
 void EditJokeViewController::changeFontSize(double difference)
 {
     m_displaySettings.ListFontSize += difference;
-    m_textFont = m_isPrintedTextShown ? m_displaySettings.drawnInListSize(m_textFont)
-                                      : m_displaySettings.requiredFont(environment().platform.fonts);
+    m_textFont = m_displaySettings.drawnInListSize(m_textFont);
     emit textFontChanged();
     Preferences& userDefaults = environment().userDefaults;
     userDefaults.setReal(PreferenceKeys::ViewerFontSize, m_displaySettings.ListFontSize);
@@ -139,7 +138,6 @@ void EditJokeViewController::PrintJoke()
         markAsSaved();
     AttributedText text = composition.attributedText();
     m_textFont = text.runs()[1].attributes.font.value_or(m_textFont);
-    m_isPrintedTextShown = true;
     m_displaySettings.ListFontSize = m_textFont.pixelSize();
     m_displaySettings.ListFontColor.clear();
     emit textFontChanged();

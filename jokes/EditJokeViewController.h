@@ -91,7 +91,6 @@ private:
     ReviewService m_reviewService;
     ListDisplaySettings m_displaySettings;
     QFont m_textFont;
-    bool m_isPrintedTextShown = false;
     QString m_checkBox;
     QString m_savedCheckBox;
     QString m_selectedJoke; // by it a save finds the record

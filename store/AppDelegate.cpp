@@ -2,11 +2,8 @@
 #include "store/AppDelegate.h"
 
 #include "store/FatalError.h"
+#include "store/FileIdentity.h"
 
-#include <algorithm>
-#include <array>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace giggle {
@@ -57,12 +54,11 @@ QString AppDelegate::collectionFile() const
 
 bool AppDelegate::isPartOfCollection(const QString& path) const
 {
-    const std::filesystem::path asked = path.toStdU16String();
-    const std::u16string file = collectionFile().toStdU16String();
-    return std::ranges::any_of(std::array{u"", u"-wal", u"-shm"}, [&](const char16_t* suffix) {
-        std::error_code notThere;
-        return std::filesystem::equivalent(asked, file + suffix, notThere);
-    });
+    const std::optional<FileIdentity> asked = identityOfFile(path);
+    const QString file = collectionFile();
+    return asked &&
+           (asked == identityOfFile(file) || asked == identityOfFile(file + QStringLiteral("-wal")) ||
+            asked == identityOfFile(file + QStringLiteral("-shm")));
 }
 
 void AppDelegate::setSaveListener(std::function<void()> listener)

@@ -32,12 +32,13 @@ PersistentContainer::PersistentContainer(const QString& name, const QString& fol
 void PersistentContainer::loadPersistentStores(const CompletionHandler& completionHandler)
 {
     try {
-        if (!m_viewContext)
-            m_viewContext = openContext(m_path).lock();
+        // The file may lie behind a link, and may have been made since.
+        for (const QString& path : {m_path, resolved(m_path)})
+            if (!m_viewContext)
+                m_viewContext = openContext(path).lock();
         if (!m_viewContext) {
             m_viewContext = std::make_shared<ManagedObjectContext>(std::make_unique<PersistentStore>(m_path));
             openContext(m_path) = m_viewContext;
-            // A file that was just made may lie behind a link, and the next container goes by the file.
             openContext(resolved(m_path)) = m_viewContext;
         }
     } catch (const StoreError& error) {

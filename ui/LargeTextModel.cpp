@@ -98,6 +98,8 @@ QHash<int, QByteArray> LargeTextModel::roleNames() const
 
 void LargeTextModel::copy()
 {
+    if (isEmpty())
+        return;
     QGuiApplication::clipboard()->setText(QString::fromStdString(*m_text));
     emit copied();
 }

@@ -42,7 +42,7 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return m_text->empty(); }
 
-    /// Puts the whole text on the clipboard.
+    /// Puts the whole text on the clipboard. An empty one leaves the clipboard as it is.
     Q_INVOKABLE void copy();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

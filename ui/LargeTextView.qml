@@ -112,37 +112,45 @@ FocusScope {
         visible: lines.activeFocus
     }
 
-    /// Scrolls as a key says, and makes the first line in sight the current one, which a screen reader reads;
-    /// false for a key that does not.
+    /// Scrolls as a key says, and moves the current line along, which a screen reader reads; false for a key that
+    /// does neither.
     function scrollBy(key: int): bool {
         const line = Math.min(lines.currentItem?.height ?? Infinity, 2 * Theme.bodySize); // none is passed over
-        const steps = {
-            [Qt.Key_Up]: -line,
-            [Qt.Key_Down]: line,
-            [Qt.Key_PageUp]: Theme.bodySize - lines.height,
-            [Qt.Key_PageDown]: lines.height - Theme.bodySize
-        };
-        const before = lines.contentY;
-        if (key === Qt.Key_Home) {
+        const page = lines.height - Theme.bodySize;
+        switch (key) {
+        case Qt.Key_Home:
             lines.positionViewAtBeginning();
             lines.currentIndex = 0;
             return true;
-        }
-        if (key === Qt.Key_End) {
+        case Qt.Key_End:
             lines.positionViewAtEnd();
             lines.currentIndex = lines.count - 1;
             return true;
-        }
-        if (!(key in steps))
+        case Qt.Key_Up:
+            return move(-line, lines.currentIndex - 1);
+        case Qt.Key_Down:
+            return move(line, lines.currentIndex + 1);
+        case Qt.Key_PageUp:
+            return move(-page, 0);
+        case Qt.Key_PageDown:
+            return move(page, lines.atYEnd ? lines.count - 1 : 0);
+        default:
             return false;
-        lines.contentY += steps[key];
+        }
+    }
+
+    /// Scrolls, and makes a line the current one, or else the nearest to it that is in sight.
+    function move(by: real, row: int): bool {
+        lines.contentY += by;
         lines.returnToBounds();
-        if (lines.contentY !== before)
-            lines.currentIndex = Math.max(0, lines.indexAt(lines.width / 2, Math.max(0, lines.contentY)));
-        else if (steps[key] > 0) // the rest is all in sight
-            lines.incrementCurrentIndex();
-        else
-            lines.decrementCurrentIndex();
+        const end = lines.originY + lines.contentHeight;
+        const first = rowAt(Math.max(lines.originY, lines.contentY));
+        const last = rowAt(Math.min(end, lines.contentY + lines.height) - 1);
+        lines.currentIndex = Math.max(first, Math.min(last, row));
         return true;
+    }
+
+    function rowAt(y: real): int {
+        return lines.indexAt(lines.width / 2, y);
     }
 }

@@ -21,7 +21,7 @@ FocusScope {
     readonly property real scaleFactor: zoom * Math.min(scroller.width, widestColumn) / Math.max(1, document.widestPage)
     readonly property real widestColumn: 1.25 * Theme.readableWidth
     /// The buttons stand on what is free beside the pages; otherwise at the side or, in a tall window, below.
-    readonly property bool hasMargin: width >= widestColumn + 2 * (zoomButtons.width + 2 * zoomButtons.anchors.margins)
+    readonly property bool hasMargin: width >= zoom * widestColumn + 2 * (zoomButtons.width + 2 * zoomButtons.anchors.margins)
     readonly property bool isTall: height > width
 
     ScrollArea {

@@ -264,7 +264,9 @@ ListView {
         if (count === 0 || !(key in targets))
             return false;
         const target = Math.max(0, Math.min(count - 1, targets[key]));
-        show(target);
+        // At the end of a row that is higher than the list nothing is turned over any more.
+        if (target !== currentIndex || key === Qt.Key_Home || key === Qt.Key_End)
+            show(target);
         return true;
     }
 }

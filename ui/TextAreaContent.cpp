@@ -36,7 +36,8 @@ bool isTyped(const QString& text, Qt::KeyboardModifiers modifiers)
     const QChar first = text.front();
     if (first.category() == QChar::Other_Format)
         return true;
-    const bool isCommand = modifiers.testFlag(Qt::ControlModifier) && !modifiers.testFlag(Qt::AltModifier);
+    const bool isCommand =
+        modifiers == Qt::ControlModifier || modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
     return !isCommand &&
            (first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_PrivateUse);
 }

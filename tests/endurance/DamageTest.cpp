@@ -7,7 +7,7 @@
 #include <functional>
 #include <numeric>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace giggle {
 

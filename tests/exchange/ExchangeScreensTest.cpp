@@ -31,8 +31,12 @@ TEST_F(ExportViewControllerTest, TheFileIsShownSavedAndMailedByteForByte)
     const std::string text =
         "[GIGGLEARCHIVES]\n^^1^T^no-break\u00a0space, \u2028, \r and ~#~\n\n[CATEGORY]\n\n[RATING]\n";
     EXPECT_DEATH(screen.SaveToFiles(), "no exported text");
+    screen.exportTextView()->copy();
+    EXPECT_EQ(navigator.confirmed, QString()) << "there is nothing to copy yet";
     screen.CreateUpdateFile();
     EXPECT_EQ(shown(), text);
+    screen.exportTextView()->copy();
+    EXPECT_EQ(navigator.confirmed, u"Copied."_qs);
 
     screen.SaveToFiles();
     EXPECT_EQ(std::get<SharedFile>(system.shareSheet.presented.at(0).items.at(0)).path, path);
@@ -120,6 +124,8 @@ TEST_F(ImportViewControllerTest, OneFileAVisit)
     ImportViewController screen(environment);
     EXPECT_DEATH(screen.ImportTextFile(), "No file has been loaded");
     selection.DocumentToImport = QUrl::fromLocalFile(file);
+    screen.viewWillAppear(); // over a screen that has hidden the bar
+    EXPECT_EQ(navigator.navigationBarHidden, false);
     EXPECT_TRUE(screen.answersSegue(SegueId::ImportJokes));
     EXPECT_EQ(*screen.importTextView()->text(), Marker);
     EXPECT_FALSE(screen.answersSegue(SegueId::ImportJokes));

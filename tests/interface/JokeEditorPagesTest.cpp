@@ -5,7 +5,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQuickItem>
-#include <QTest>
+#include <QInputMethodEvent>
 
 namespace giggle {
 

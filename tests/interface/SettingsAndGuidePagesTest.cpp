@@ -3,8 +3,6 @@
 #include "tests/interface/InterfaceFixture.h"
 #include "ui/PdfPageItem.h"
 
-#include <QQuickItem>
-#include <QTest>
 
 namespace giggle {
 

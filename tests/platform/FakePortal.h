@@ -10,7 +10,6 @@
 #include <QDBusVirtualObject>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringList>
 
 #include <optional>
 

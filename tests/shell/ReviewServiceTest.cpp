@@ -24,7 +24,6 @@ protected:
 
 TEST_F(ReviewServiceTest, AsksOnceInSevenDays)
 {
-
     const struct {
         const char* what;
         const char* last;

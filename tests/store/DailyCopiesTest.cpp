@@ -9,7 +9,6 @@
 #include <chrono>
 #include <thread>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace giggle {
