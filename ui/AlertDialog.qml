@@ -38,7 +38,7 @@ AppDialog {
         width: dialog.availableWidth
         height: dialog.availableHeight - buttons.height - 2 * Theme.unit
         contentHeight: texts.implicitHeight
-        alwaysShowsBar: true
+        alwaysShowsBar: dialog.opened // not while it is being laid out
 
         Column {
             id: texts

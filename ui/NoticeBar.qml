@@ -62,7 +62,7 @@ Rectangle {
         height: Math.min(label.implicitHeight, bar.maximumHeight)
         contentHeight: label.implicitHeight
         interactive: overflows
-        alwaysShowsBar: true
+        alwaysShowsBar: label.implicitHeight > bar.maximumHeight // not while it is being laid out
 
         Text {
             id: label

@@ -8,7 +8,7 @@ import GiggleArchives
 Flickable {
     id: area
 
-    readonly property bool overflows: contentHeight > height
+    readonly property bool overflows: contentHeight > height + 1
     /// Whether the bar stays in sight, where nothing else tells that there is more.
     property bool alwaysShowsBar: false
 
