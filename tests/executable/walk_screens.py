@@ -190,11 +190,43 @@ class WalkScreens(unittest.TestCase):
             search.set_text_contents("xyz")
             wait(1.5)
         self.assertEqual(hearing.names, ["10 jokes", "No jokes found"])
+        self.assertEqual(search.get_description(), "")
         sort = self.app.find(Role.PUSH_BUTTON, "Sort")
         self.assertEqual(sort.get_description(), "ascending")
         press(sort)
         wait(0.3)
         self.assertEqual(sort.get_description(), "descending")
+
+    def test_the_same_is_heard_as_often_as_it_happens(self):
+        self.go("Joke of the Day", "Joke of the Day")
+        with Hearing() as hearing:
+            drawn = []
+            for _ in range(3):
+                self.app.press("Shuffle")
+                wait(0.5)
+                drawn.append(text_of(self.app.find(Role.TEXT, "Joke")))
+        self.assertEqual(hearing.names, drawn)
+        self.back("Giggle Archives")
+        self.app.press("Menu")
+
+        self.go("Import / Export", "Import / Export")
+        self.go("Export Jokes", "Export Jokes")
+        self.go("Export", "Data Export")
+        self.go("OK", "Export Jokes")
+        with Hearing() as hearing:
+            for _ in range(2):
+                self.app.press("Copy")
+                wait(0.5)
+        self.assertEqual(hearing.names, ["Copied."] * 2)
+        self.back("Import / Export")
+        self.go("Import Jokes", "Import Jokes")
+        self.go("Load File", "Load File")
+        self.app.find(Role.TEXT, "File Name").set_text_contents("gone.csv")
+        with Hearing() as hearing:
+            for _ in range(2):
+                self.app.press("Open")
+                wait(0.5)
+        self.assertEqual(hearing.names, ['There is no file "gone.csv".'] * 2)
 
 
 if __name__ == "__main__":
