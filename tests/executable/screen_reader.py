@@ -166,6 +166,13 @@ class Hearing:
     def __exit__(self, *_):
         self._listener.deregister(self.KIND)
 
+    def await_count(self, count):
+        """Waits until so many were heard, and a moment more for one too many."""
+        end = time.monotonic() + PATIENCE_SECONDS
+        while len(self.names) < count and time.monotonic() < end:
+            wait(0.05)
+        wait(0.3)
+
     def _hear(self, event):
         with contextlib.suppress(GLib.GError):
             if event.detail1 and event.source.get_role() == Role.ALERT:

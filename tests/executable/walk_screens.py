@@ -201,9 +201,9 @@ class WalkScreens(unittest.TestCase):
         self.go("Joke of the Day", "Joke of the Day")
         with Hearing() as hearing:
             drawn = []
-            for _ in range(3):
+            for count in range(1, 4):
                 self.app.press("Shuffle")
-                wait(0.5)
+                hearing.await_count(count)
                 # The text area tells the bus of paragraphs where the joke has line feeds.
                 drawn.append(text_of(self.app.find(Role.TEXT, "Joke")).replace("\u2029", "\n"))
         self.assertEqual(hearing.names, drawn)
@@ -215,18 +215,18 @@ class WalkScreens(unittest.TestCase):
         self.go("Export", "Data Export")
         self.go("OK", "Export Jokes")
         with Hearing() as hearing:
-            for _ in range(2):
+            for count in range(1, 3):
                 self.app.press("Copy")
-                wait(0.5)
+                hearing.await_count(count)
         self.assertEqual(hearing.names, ["Copied."] * 2)
         self.back("Import / Export")
         self.go("Import Jokes", "Import Jokes")
         self.go("Load File", "Load File")
         self.app.find(Role.TEXT, "File Name").set_text_contents("gone.csv")
         with Hearing() as hearing:
-            for _ in range(2):
+            for count in range(1, 3):
                 self.app.press("Open")
-                wait(0.5)
+                hearing.await_count(count)
         self.assertEqual(hearing.names, ['There is no file "gone.csv".'] * 2)
 
 
